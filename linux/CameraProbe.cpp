@@ -1,0 +1,38 @@
+#include "CameraProbe.h"
+
+#include <unistd.h>
+
+#include <charconv>
+#include <string>
+
+namespace vantrelle {
+
+namespace {
+
+bool isProcessFolder(const std::string& name, long* pid) {
+    const auto* end = name.data() + name.size();
+    auto [ptr, ec] = std::from_chars(name.data(), end, *pid);
+    return ec == std::errc() && ptr == end;
+}
+
+}  // namespace
+
+bool CameraProbe::anyCameraRunning() const {
+    namespace fs = std::filesystem;
+    const long self = static_cast<long>(::getpid());
+    std::error_code error;
+    for (fs::directory_iterator process(m_procRoot, error), end; !error && process != end; process.increment(error)) {
+        long pid = 0;
+        if (!isProcessFolder(process->path().filename().string(), &pid) || pid == self) continue;
+        std::error_code fdError;
+        for (fs::directory_iterator fd(process->path() / "fd", fdError), fdEnd; !fdError && fd != fdEnd;
+             fd.increment(fdError)) {
+            std::error_code linkError;
+            const auto target = fs::read_symlink(fd->path(), linkError);
+            if (!linkError && target.string().starts_with("/dev/video")) return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace vantrelle

@@ -1,0 +1,206 @@
+#include "support/AppSettings.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/FakeLoginItem.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+#include "support/JsonDefaultsStore.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::FakeLoginItem;
+
+class AppSettingsTest : public ::testing::Test {
+protected:
+    AppSettings& load() {
+        settings.emplace(defaults, notifications, loginItem, scheduler);
+        return *settings;
+    }
+
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    FakeLoginItem loginItem;
+    VirtualScheduler scheduler;
+    std::optional<AppSettings> settings;
+};
+
+TEST_F(AppSettingsTest, EmptyStoreGivesEveryDefault) {
+    auto& s = load();
+    EXPECT_DOUBLE_EQ(s.hoverDelay(), 0.2);
+    EXPECT_TRUE(s.simulateNotch());
+    EXPECT_FALSE(s.hideInFullScreen());
+    EXPECT_TRUE(s.quietDuringCalls());
+    EXPECT_EQ(s.appearance(), Appearance::system);
+    EXPECT_FALSE(s.glassPanel());
+    EXPECT_TRUE(s.showDock());
+    EXPECT_EQ(s.meetingHeadsUpMinutes(), 5);
+    EXPECT_EQ(s.aiBlockTokenBudget(), 0);
+    EXPECT_EQ(s.focusMinutes(), 25);
+    EXPECT_EQ(s.breakMinutes(), 5);
+    EXPECT_EQ(s.longBreakMinutes(), 15);
+    EXPECT_EQ(s.workdayStartMinutes(), 540);
+    EXPECT_EQ(s.workdayEndMinutes(), 1080);
+    EXPECT_EQ(s.dashboardTiles(), defaultDashTiles());
+    EXPECT_EQ(s.visibleToggles(), defaultVisibleToggles());
+    EXPECT_EQ(s.enabledTabs().size(), kNotchTabCount);
+    EXPECT_EQ(s.settingsTab(), SettingsTab::general);
+}
+
+TEST_F(AppSettingsTest, WrongTypesAndUnknownNamesFallBack) {
+    defaults.set("hoverDelay", std::string("fast"));
+    defaults.set("showDock", std::int64_t{0});
+    defaults.set("appearance", std::string("neon"));
+    defaults.set("focusMinutes", 30.5);
+    defaults.set("visibleToggles", std::vector<std::string>{"teleport"});
+    auto& s = load();
+    EXPECT_DOUBLE_EQ(s.hoverDelay(), 0.2);
+    EXPECT_TRUE(s.showDock());
+    EXPECT_EQ(s.appearance(), Appearance::system);
+    EXPECT_EQ(s.focusMinutes(), 25);
+    EXPECT_EQ(s.visibleToggles(), defaultVisibleToggles());
+}
+
+TEST_F(AppSettingsTest, StoredValuesAreNotClamped) {
+    defaults.set("hoverDelay", std::int64_t{7});
+    defaults.set("focusMinutes", std::int64_t{-3});
+    auto& s = load();
+    EXPECT_DOUBLE_EQ(s.hoverDelay(), 7.0);
+    EXPECT_EQ(s.focusMinutes(), -3);
+}
+
+TEST_F(AppSettingsTest, WorkdayPropertiesUseTheirShortKeys) {
+    auto& s = load();
+    s.setWorkdayStartMinutes(480);
+    s.setWorkdayEndMinutes(1020);
+    EXPECT_EQ(defaults.integer("workdayStart"), 480);
+    EXPECT_EQ(defaults.integer("workdayEnd"), 1020);
+    EXPECT_FALSE(defaults.object("workdayStartMinutes").has_value());
+}
+
+TEST_F(AppSettingsTest, DashboardTilesLoadNormalisedAndUnknownTilesDrop) {
+    defaults.set("dashboardTiles", std::vector<std::string>{"music", "weather", "music", "shelf"});
+    auto& s = load();
+    EXPECT_EQ(s.dashboardTiles(), (std::vector<DashTile>{DashTile::music, DashTile::shelf, DashTile::today,
+                                                         DashTile::launcher, DashTile::pomodoro, DashTile::dayProgress,
+                                                         DashTile::tasks, DashTile::notes}));
+}
+
+TEST_F(AppSettingsTest, DashboardTilesWriteStoresTheNormalisedList) {
+    auto& s = load();
+    s.setDashboardTiles({DashTile::aiUsage, DashTile::aiUsage});
+    ASSERT_EQ(s.dashboardTiles().size(), 8u);
+    EXPECT_EQ(s.dashboardTiles().front(), DashTile::aiUsage);
+    EXPECT_EQ(defaults.stringArray("dashboardTiles")->front(), "aiUsage");
+    EXPECT_EQ(defaults.stringArray("dashboardTiles")->size(), 8u);
+}
+
+TEST_F(AppSettingsTest, EnabledTabsAlwaysKeepTheFourCoreTools) {
+    defaults.set("enabledTabs", std::vector<std::string>{"notes", "bogus"});
+    for (auto key : {"introduced.game", "introduced.menuBar", "introduced.devServers"}) defaults.set(key, true);
+    auto& s = load();
+    EXPECT_EQ(s.enabledTabs(),
+              (TabSet{NotchTab::dashboard, NotchTab::notes, NotchTab::aiUsage, NotchTab::calc, NotchTab::support}));
+}
+
+TEST_F(AppSettingsTest, LaterToolsAreIntroducedOnceAndStayOffWhenTurnedOff) {
+    defaults.set("enabledTabs", std::vector<std::string>{"dashboard", "notes"});
+    defaults.set("introduced.menuBar", true);
+    {
+        auto& s = load();
+        EXPECT_TRUE(s.isEnabled(NotchTab::game));
+        EXPECT_TRUE(s.isEnabled(NotchTab::devServers));
+        EXPECT_FALSE(s.isEnabled(NotchTab::menuBar));
+        EXPECT_EQ(defaults.boolean("introduced.game"), true);
+        EXPECT_EQ(defaults.boolean("introduced.devServers"), true);
+        // The introduction is stored, sorted by raw name.
+        const auto stored = *defaults.stringArray("enabledTabs");
+        EXPECT_TRUE(std::is_sorted(stored.begin(), stored.end()));
+        EXPECT_NE(std::find(stored.begin(), stored.end(), "game"), stored.end());
+        s.setEnabled(NotchTab::game, false);
+    }
+    auto& reloaded = load();
+    EXPECT_FALSE(reloaded.isEnabled(NotchTab::game));
+}
+
+TEST_F(AppSettingsTest, AbsentListEnablesEverythingWithoutTouchingTheIntroductions) {
+    auto& s = load();
+    EXPECT_EQ(s.enabledTabs().size(), kNotchTabCount);
+    EXPECT_FALSE(defaults.object("introduced.game").has_value());
+    EXPECT_FALSE(defaults.object("enabledTabs").has_value());
+}
+
+TEST_F(AppSettingsTest, DashboardAndTheLastToolCannotBeTurnedOff) {
+    auto& s = load();
+    s.setEnabled(NotchTab::dashboard, false);
+    EXPECT_TRUE(s.isEnabled(NotchTab::dashboard));
+
+    s.setEnabledTabs({NotchTab::notes});
+    s.setEnabled(NotchTab::notes, false);
+    EXPECT_EQ(s.enabledTabs(), TabSet{NotchTab::notes});
+
+    s.setEnabled(NotchTab::calc, true);
+    EXPECT_EQ(*defaults.stringArray("enabledTabs"), (std::vector<std::string>{"calc", "notes"}));
+    EXPECT_EQ(s.orderedEnabledTabs(), (std::vector<NotchTab>{NotchTab::notes, NotchTab::calc}));
+}
+
+TEST_F(AppSettingsTest, GeometryAndAppearanceWritesPostTheirNotifications) {
+    auto& s = load();
+    int geometry = 0, appearance = 0;
+    auto a = notifications.observe(Notifications::notchGeometrySettingsChanged, [&] { ++geometry; });
+    auto b = notifications.observe(Notifications::notchAppearanceChanged, [&] { ++appearance; });
+    s.setSimulateNotch(false);
+    s.setHideInFullScreen(true);
+    s.setAppearance(Appearance::light);
+    s.setGlassPanel(true);
+    EXPECT_EQ(geometry, 2);
+    EXPECT_EQ(appearance, 1);
+    EXPECT_EQ(defaults.string("appearance"), "light");
+}
+
+TEST_F(AppSettingsTest, ScreenshotSettingReachesTheWatcherAfterTheWrite) {
+    auto& s = load();
+    bool applied = false;
+    s.onScreenshotsToShelfChanged = [&] { applied = !s.addScreenshotsToShelf(); };
+    s.setAddScreenshotsToShelf(false);
+    EXPECT_FALSE(applied);
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(applied);
+}
+
+TEST_F(AppSettingsTest, LaunchAtLoginReflectsThePlatformEvenAfterAFailure) {
+    auto& s = load();
+    s.setLaunchAtLogin(true);
+    EXPECT_TRUE(s.launchAtLogin());
+    loginItem.failing = true;
+    s.setLaunchAtLogin(false);
+    EXPECT_TRUE(s.launchAtLogin());
+    EXPECT_FALSE(defaults.object("launchAtLogin").has_value());
+}
+
+TEST(AppSettingsPersistence, ValuesSurviveARestartThroughTheJsonStore) {
+    testing::TempDir dir;
+    NotificationCenter notifications;
+    FakeLoginItem loginItem;
+    VirtualScheduler scheduler;
+    {
+        JsonDefaultsStore store(dir / "defaults.json");
+        AppSettings s(store, notifications, loginItem, scheduler);
+        s.setHoverDelay(0.5);
+        s.setAppearance(Appearance::dark);
+        s.setVisibleToggles({QuickToggle::mute, QuickToggle::emptyTrash});
+        s.setEnabled(NotchTab::game, false);
+    }
+    JsonDefaultsStore store(dir / "defaults.json");
+    AppSettings s(store, notifications, loginItem, scheduler);
+    EXPECT_DOUBLE_EQ(s.hoverDelay(), 0.5);
+    EXPECT_EQ(s.appearance(), Appearance::dark);
+    EXPECT_EQ(s.visibleToggles(), (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::emptyTrash}));
+    // Stored without game and with no introduction recorded: the tool is introduced again, once.
+    EXPECT_TRUE(s.isEnabled(NotchTab::game));
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,78 @@
+#include "support/DebugLog.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+// A queue that keeps work until the test lets it run, to see what was dispatched.
+class HeldQueue final : public SerialQueue {
+public:
+    explicit HeldQueue(int* dispatched) : m_dispatched(dispatched) {}
+    void async(std::function<void()> work) override {
+        ++*m_dispatched;
+        work();
+    }
+    [[nodiscard]] const std::string& label() const override { return m_label; }
+
+private:
+    int* m_dispatched;
+    std::string m_label = queueLabel("debuglog");
+};
+
+class DebugLogTest : public ::testing::Test {
+protected:
+    void SetUp() override { setenv("TZ", "UTC", 1), tzset(); }
+    void TearDown() override { DebugLog::disable(); }
+    testing::TempDir dir;
+    VirtualScheduler clock{Date{1'800'000'000.25}};
+};
+
+TEST_F(DebugLogTest, OffWithoutTheVariable) {
+    MapEnvironment env;
+    InlineQueueFactory queues;
+    DebugLog::configureFromEnvironment(env, queues);
+    bool evaluated = false;
+    DebugLog::write([&] {
+        evaluated = true;
+        return std::string("never");
+    });
+    EXPECT_FALSE(DebugLog::isOn());
+    EXPECT_FALSE(evaluated);
+}
+
+TEST_F(DebugLogTest, CreatesTheFolderAndStampsEachLine) {
+    int dispatched = 0;
+    const auto file = dir / "deep/er/v.log";
+    DebugLog::configure(file, std::make_unique<HeldQueue>(&dispatched), clock);
+    DebugLog::write("overlay: expand (unspecified)");
+    clock.advance(61.5);
+    DebugLog::write([] { return std::string("quiet: fullScreen=false cameraBusyElsewhere=true"); });
+    EXPECT_EQ(dispatched, 2);
+    EXPECT_EQ(dir.read("deep/er/v.log"),
+              "08:00:00.250 overlay: expand (unspecified)\n"
+              "08:01:01.750 quiet: fullScreen=false cameraBusyElsewhere=true\n");
+}
+
+TEST_F(DebugLogTest, TwoRunsAppendToTheSameFile) {
+    const auto file = dir.write("v.log", "earlier run\n");
+    DebugLog::configure(file, std::make_unique<InlineQueue>("debuglog"), clock);
+    DebugLog::write("second run");
+    DebugLog::disable();
+    DebugLog::configure(file, std::make_unique<InlineQueue>("debuglog"), clock);
+    DebugLog::write("third run");
+    EXPECT_EQ(dir.read("v.log"), "earlier run\n08:00:00.250 second run\n08:00:00.250 third run\n");
+}
+
+TEST_F(DebugLogTest, UnwritablePathIsSwallowed) {
+    dir.write("file", "x");
+    DebugLog::configure(dir / "file/v.log", std::make_unique<InlineQueue>("debuglog"), clock);
+    DebugLog::write("goes nowhere");
+    SUCCEED();
+}
+
+}  // namespace
+}  // namespace vantrelle
