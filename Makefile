@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: deps configure build run test test-asan bench format clean
+.PHONY: deps configure build run test test-asan bench fuzz format clean
 
 deps:
 	@scripts/install-deps
@@ -30,6 +30,13 @@ test-asan: deps
 
 bench: build
 	@ls $(BUILD)/bench/ | grep -E '^bench_' | while read b; do $(BUILD)/bench/$$b; done
+
+# libFuzzer builds for long runs: make fuzz FUZZ_SECONDS=600
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_FUZZ=ON -DVANTRELLE_WITH_QT=OFF -DBUILD_TESTING=OFF -DVANTRELLE_BENCH=OFF
+	cmake --build build-fuzz -j $(JOBS)
+	@for f in $$(find build-fuzz/fuzz -type f -executable -name 'fuzz_*'); do echo "== $$f"; $$f -max_total_time=$(FUZZ_SECONDS) -rss_limit_mb=1024 || exit 1; done
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
