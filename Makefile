@@ -33,7 +33,8 @@ bench: build
 
 # libFuzzer builds for long runs: make fuzz FUZZ_SECONDS=600
 FUZZ_SECONDS ?= 60
-fuzz: deps
+fuzz:
+	@scripts/install-deps fuzz
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_FUZZ=ON -DVANTRELLE_WITH_QT=OFF -DBUILD_TESTING=OFF -DVANTRELLE_BENCH=OFF
 	cmake --build build-fuzz -j $(JOBS)
 	@for f in $$(find build-fuzz/fuzz -type f -executable -name 'fuzz_*'); do echo "== $$f"; $$f -max_total_time=$(FUZZ_SECONDS) -rss_limit_mb=1024 || exit 1; done
