@@ -1,0 +1,99 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "overlay/OverlayPorts.h"
+#include "overlay/Screen.h"
+#include "platform/SoundPlayer.h"
+
+namespace vantrelle::testing {
+
+// Records what the overlay asks of its windows.
+class RecordingWindows final : public OverlayWindows {
+public:
+    [[nodiscard]] bool hasPanel() const override { return created; }
+    void layout(const Rect& panel, const Rect& dropZone) override {
+        created = true;
+        panelFrame = panel;
+        dropZoneFrame = dropZone;
+    }
+    void orderFront() override { visible = true; }
+    void orderOut() override { visible = false; }
+    void setPanelIgnoresMouse(bool ignores) override { ignoresMouse = ignores; }
+    void raisePanel(bool takeFocus) override {
+        ++raises;
+        tookFocus = takeFocus;
+    }
+    void applyAppearance(bool glassOn, Appearance a) override {
+        glass = glassOn;
+        appearance = a;
+        ++appearanceCalls;
+    }
+    void showBackdrop(const Rect&) override { ++backdrops; }
+
+    bool created = false;
+    bool visible = false;
+    bool ignoresMouse = true;
+    bool tookFocus = false;
+    bool glass = false;
+    Appearance appearance = Appearance::system;
+    int raises = 0;
+    int appearanceCalls = 0;
+    int backdrops = 0;
+    Rect panelFrame;
+    Rect dropZoneFrame;
+};
+
+class FakeScreens final : public ScreenSource {
+public:
+    [[nodiscard]] std::vector<ScreenInfo> screens() const override { return list; }
+    [[nodiscard]] std::optional<std::size_t> mainScreenIndex() const override { return main; }
+
+    std::vector<ScreenInfo> list;
+    std::optional<std::size_t> main = 0;
+};
+
+class FakePasteboard final : public DragPasteboard {
+public:
+    [[nodiscard]] std::int64_t changeCount() const override { return count; }
+    [[nodiscard]] bool hasFileUrls() const override { return files; }
+
+    // What a file manager does when a drag of files starts.
+    void beginFileDrag() {
+        ++count;
+        files = true;
+    }
+
+    std::int64_t count = 7;
+    bool files = false;
+};
+
+class RecordingSounds final : public SoundPlayer {
+public:
+    void play(std::string_view name) override { played.emplace_back(name); }
+    std::vector<std::string> played;
+};
+
+class FakeServices final : public OverlayServices {
+public:
+    void recordCursor(Point) override { ++cursorRecords; }
+    [[nodiscard]] std::optional<Date> menuBarIgnoreClicksUntil() const override { return ignoreClicksUntil; }
+    [[nodiscard]] bool isGamePlaying() const override { return gamePlaying; }
+    void stopCamera() override { ++cameraStops; }
+    void refreshSchedule() override { ++scheduleRefreshes; }
+    void installShortcuts(std::function<void(ShortcutTarget)> onFire) override { fire = std::move(onFire); }
+    void startBackgroundServices() override { ++serviceStarts; }
+    void terminate() override { terminated = true; }
+
+    int cursorRecords = 0;
+    int cameraStops = 0;
+    int scheduleRefreshes = 0;
+    int serviceStarts = 0;
+    bool gamePlaying = false;
+    bool terminated = false;
+    std::optional<Date> ignoreClicksUntil;
+    std::function<void(ShortcutTarget)> fire;
+};
+
+}  // namespace vantrelle::testing

@@ -1,0 +1,94 @@
+#include "overlay/LiveActivityCenter.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+using Source = LiveActivityCenter::Source;
+
+class LiveActivityCenterTest : public ::testing::Test {
+protected:
+    LiveActivityCenterTest() {
+        connection = center.currentChanged.connect([this](const std::optional<LiveActivity>&) { ++publishes; });
+    }
+
+    static LiveActivity media(std::string title) { return LiveActivity{LiveActivity::Media{std::move(title), "Artist", true}}; }
+
+    VirtualScheduler scheduler;
+    LiveActivityCenter center{scheduler};
+    int publishes = 0;
+    Connection connection;
+};
+
+TEST_F(LiveActivityCenterTest, HigherSourceWinsAndLowerOneUpdatesSilently) {
+    center.set(LiveActivity{LiveActivity::Pomodoro{}}, Source::pomodoro);
+    center.set(media("One"), Source::media);
+    center.set(media("Two"), Source::media);
+    EXPECT_EQ(center.current(), LiveActivity{LiveActivity::Pomodoro{}});
+    EXPECT_EQ(publishes, 1);
+
+    center.set(std::nullopt, Source::pomodoro);
+    EXPECT_EQ(center.current(), media("Two"));
+    EXPECT_EQ(publishes, 2);
+}
+
+TEST_F(LiveActivityCenterTest, EqualUpdatesPublishNothing) {
+    center.set(LiveActivity{LiveActivity::AI{"vantrelle", 1200, 0.25, true}}, Source::ai);
+    center.set(LiveActivity{LiveActivity::AI{"vantrelle", 1200, 0.25, true}}, Source::ai);
+    EXPECT_EQ(publishes, 1);
+    center.set(LiveActivity{LiveActivity::AI{"vantrelle", 1200, 0.250000001, true}}, Source::ai);
+    EXPECT_EQ(publishes, 2) << "doubles compare exactly";
+}
+
+TEST_F(LiveActivityCenterTest, ASecondFlashReplacesTheFirstAndRunsItsFullTime) {
+    const LiveActivity first{LiveActivity::Update{"1.2"}};
+    const LiveActivity second{LiveActivity::Download{"report.pdf", std::nullopt}};
+    center.set(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::approval}}, Source::agentAlert);
+    center.flash(first, 4);
+    EXPECT_EQ(center.current(), first) << "a flash beats even an agent alert";
+    scheduler.advance(1);
+    center.flash(second, 3);
+    scheduler.advance(2.9);
+    EXPECT_EQ(center.current(), second) << "the first flash's end never fires";
+    scheduler.advance(0.1);
+    EXPECT_TRUE(center.current()->is<LiveActivity::AgentAlert>());
+}
+
+TEST_F(LiveActivityCenterTest, FlashEqualToCurrentNeitherAnimatesNorChangesOnExpiry) {
+    center.set(media("Song"), Source::media);
+    ASSERT_EQ(publishes, 1);
+    center.flash(media("Song"), 2);
+    scheduler.advance(2);
+    EXPECT_EQ(publishes, 1);
+    EXPECT_EQ(center.current(), media("Song"));
+}
+
+TEST_F(LiveActivityCenterTest, ClearingTheLastSlotPublishesAbsent) {
+    center.set(LiveActivity{LiveActivity::Stopwatch{}}, Source::stopwatch);
+    center.set(std::nullopt, Source::stopwatch);
+    EXPECT_FALSE(center.current().has_value());
+    EXPECT_EQ(publishes, 2);
+}
+
+TEST_F(LiveActivityCenterTest, PendingFlashDiesWithTheCenter) {
+    VirtualScheduler local;
+    {
+        LiveActivityCenter shortLived(local);
+        shortLived.flash(media("x"), 1);
+    }
+    local.advance(2);  // must not touch the destroyed center
+    SUCCEED();
+}
+
+TEST(LiveActivity, KindKeysNameEachCase) {
+    EXPECT_EQ(LiveActivity{LiveActivity::Meeting{}}.kindKey(), "meeting");
+    EXPECT_EQ(LiveActivity{LiveActivity::AgentAlert{}}.kindKey(), "agentAlert");
+    EXPECT_EQ(LiveActivity{LiveActivity::QuickTimer{}}.kindKey(), "quickTimer");
+    EXPECT_EQ(LiveActivity{LiveActivity::Stopwatch{}}.kindKey(), "stopwatch");
+}
+
+}  // namespace
+}  // namespace vantrelle

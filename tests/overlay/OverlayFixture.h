@@ -1,0 +1,82 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakeOverlayPorts.h"
+#include "fakes/TempDir.h"
+#include "overlay/NotchOverlayController.h"
+#include "platform/VirtualScheduler.h"
+#include "support/DebugLog.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle::testing {
+
+// A 1512 x 982 laptop screen with a 24-point top bar: the simulated notch is 185 x 32 at the top centre.
+inline ScreenInfo laptopScreen() {
+    return ScreenInfo{"eDP-1", Rect{0, 0, 1512, 982}, Rect{0, 0, 1512, 958}, std::nullopt, std::nullopt};
+}
+
+class OverlayFixture : public ::testing::Test {
+protected:
+    using Event = NotchOverlayController::MouseEvent;
+
+    OverlayFixture() { screens.list = {laptopScreen()}; }
+
+    void TearDown() override { DebugLog::disable(); }
+
+    NotchOverlayController& make() {
+        controller.emplace(NotchOverlayController::Dependencies{
+            settings, activities, notifications, scheduler, scheduler, environment, windows, screens, pasteboard,
+            sounds, services,
+            QuietMonitor::Probes{[this](const std::optional<ScreenInfo>&) { return fullScreen; },
+                                 [this] { return cameraRunning; }},
+            camera});
+        return *controller;
+    }
+    NotchOverlayController& started() {
+        make().start();
+        return *controller;
+    }
+
+    // Logs into a file of the fixture, to check what the overlay says.
+    void captureLog() { DebugLog::configure(logDir / "v.log", std::make_unique<InlineQueue>("debuglog"), scheduler); }
+    [[nodiscard]] std::string log() const { return logDir.read("v.log"); }
+
+    void move(Point p) { controller->handleMouse(Event::mouseMoved, p); }
+    void click(Point p) { controller->handleMouse(Event::leftMouseDown, p); }
+    void drag(Point p) { controller->handleMouse(Event::leftMouseDragged, p); }
+    [[nodiscard]] bool expanded() const { return controller->state().isExpanded(); }
+
+    // Puts the pointer in a call and lets the quiet monitor notice.
+    void startCall() {
+        cameraRunning = true;
+        controller->quiet().refresh();
+    }
+
+    static constexpr Point notchCentre{756, 966};
+    static constexpr Point insidePanel{756, 700};
+    static constexpr Point farAway{100, 100};
+
+    VirtualScheduler scheduler;
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    FakeLoginItem loginItem;
+    AppSettings settings{defaults, notifications, loginItem, scheduler};
+    LiveActivityCenter activities{scheduler};
+    MapEnvironment environment;
+    RecordingWindows windows;
+    FakeScreens screens;
+    FakePasteboard pasteboard;
+    RecordingSounds sounds;
+    FakeServices services;
+    CameraUse camera;
+    bool fullScreen = false;
+    bool cameraRunning = false;
+    TempDir logDir;
+    std::optional<NotchOverlayController> controller;
+};
+
+}  // namespace vantrelle::testing
