@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/LaunchHooks.h"
+#include "app/LegacyMigration.h"
+#include "overlay/NotchOverlayController.h"
+#include "support/AppPaths.h"
+
+namespace vantrelle {
+
+// Access the user gave, in the platform's raw numbers: 0 undecided, 2 denied, 3 granted.
+struct PermissionStatus {
+    int calendar = 0;
+    int reminders = 0;
+    int camera = 0;
+};
+
+// The launch, in its fixed order: data moves into place before any store opens its file, the program
+// leaves the task bar before any panel exists, and the overlay (which starts every service) is up
+// before any test hook runs.
+class AppDelegate {
+public:
+    struct Dependencies {
+        AppPaths paths;
+        const Clock& clock;
+        const Environment& environment;
+        Scheduler& scheduler;
+        LaunchHooks& hooks;
+        std::function<std::unique_ptr<NotchOverlayController>()> makeOverlay;
+        std::function<void()> setAccessoryPolicy;
+        std::function<void()> registerNotificationCategories;
+        std::function<PermissionStatus()> permissions;
+        LegacyMigration::CreationDate creationDate = LegacyMigration::fileCreationDate;
+    };
+
+    explicit AppDelegate(Dependencies dependencies) : m_d(std::move(dependencies)) {}
+
+    void applicationDidFinishLaunching();
+    // Closing the settings or recap window never ends the process.
+    [[nodiscard]] static constexpr bool applicationShouldTerminateAfterLastWindowClosed() { return false; }
+
+    void migrateLegacyData() const;
+    [[nodiscard]] NotchOverlayController* overlay() const { return m_overlay.get(); }
+
+private:
+    Dependencies m_d;
+    std::unique_ptr<NotchOverlayController> m_overlay;
+};
+
+// The hooks of the shell itself: start expanded on a tool, open the settings on a page.
+void registerShellHooks(LaunchHooks& hooks, const AppDelegate& delegate, AppSettings& settings,
+                        const Environment& environment, std::function<void()> showSettings);
+
+}  // namespace vantrelle
