@@ -1,15 +1,23 @@
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFontDatabase>
 
-#include "QtMainScheduler.h"
-#include "ThreadQueue.h"
+#include "Application.h"
 #include "support/DebugLog.h"
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Vantrelle"));
+    using namespace vantrelle;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vantrelle"));
+    QApplication::setQuitOnLastWindowClosed(false);  // closing a window never ends the program
 
-    vantrelle::ThreadQueueFactory queues;
-    vantrelle::DebugLog::configureFromEnvironment(vantrelle::ProcessEnvironment::shared(), queues);
-    vantrelle::DebugLog::write("launch: Vantrelle starting");
-    return QCoreApplication::exec();
+    ThreadQueueFactory logQueues;
+    DebugLog::configureFromEnvironment(ProcessEnvironment::shared(), logQueues);
+    DebugLog::write("launch: Vantrelle starting");
+
+    Application app(ProcessEnvironment::shared());
+    app.launch();
+    const int status = QApplication::exec();
+    DebugLog::write("launch: Vantrelle quitting");
+    DebugLog::disable();
+    return status;
 }

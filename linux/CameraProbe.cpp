@@ -19,6 +19,17 @@ bool isProcessFolder(const std::string& name, long* pid) {
 
 bool CameraProbe::anyCameraRunning() const {
     namespace fs = std::filesystem;
+    // Most of the time there is no camera at all; then no process needs a look.
+    bool anyDevice = false;
+    std::error_code devError;
+    for (fs::directory_iterator dev(m_devRoot, devError), devEnd; !devError && dev != devEnd; dev.increment(devError)) {
+        if (dev->path().filename().string().starts_with("video")) {
+            anyDevice = true;
+            break;
+        }
+    }
+    if (!anyDevice) return false;
+
     const long self = static_cast<long>(::getpid());
     std::error_code error;
     for (fs::directory_iterator process(m_procRoot, error), end; !error && process != end; process.increment(error)) {

@@ -291,6 +291,18 @@ void NotchOverlayController::openFromShortcut(ShortcutTarget target) {
     setExpanded(true, "shortcut");
 }
 
+void NotchOverlayController::dropZoneClicked() { setExpanded(true, "unspecified"); }
+
+void NotchOverlayController::dropZoneDragEntered() {
+    if (!m_settings.isEnabled(NotchTab::shelf)) return;
+    m_state.setTab(NotchTab::shelf);
+    setExpanded(true, "unspecified");
+}
+
+void NotchOverlayController::dropZoneDropped(const std::vector<std::string>& fileUrls) {
+    if (!fileUrls.empty()) m_services.addToShelf(fileUrls);
+}
+
 void NotchOverlayController::showMeetingHeadsUp() {
     const bool open = m_state.isExpanded();
     const bool call = inCall();

@@ -55,6 +55,10 @@ public:
     // Escape: closes an open panel and reports whether the key was used.
     bool handleEscape();
     void openFromShortcut(ShortcutTarget target);
+    // The drop zone over the notch: a click opens, a drag turns to the Shelf, a drop adds to it.
+    void dropZoneClicked();
+    void dropZoneDragEntered();
+    void dropZoneDropped(const std::vector<std::string>& fileUrls);
     void applyQuiet();
     void applyAppearance();
     void showMeetingHeadsUp();

@@ -70,3 +70,37 @@ TEST(NotchGeometry, PanelHangsFromTheTopCentredOnTheNotch) {
 
 }  // namespace
 }  // namespace vantrelle
+
+#include "overlay/DeclaredNotch.h"
+
+namespace vantrelle {
+namespace {
+
+TEST(DeclaredNotch, ParsesFourNumbersAndRejectsAnythingElse) {
+    EXPECT_EQ(parseDeclaredNotch("663, 0, 185,32"), (Rect{663, 0, 185, 32}));
+    EXPECT_FALSE(parseDeclaredNotch("663,0,185"));
+    EXPECT_FALSE(parseDeclaredNotch("663,0,185,32,1"));
+    EXPECT_FALSE(parseDeclaredNotch("a,b,c,d"));
+    EXPECT_FALSE(parseDeclaredNotch("0,0,0,32"));
+    EXPECT_FALSE(parseDeclaredNotch(""));
+}
+
+TEST(DeclaredNotch, GivesItsScreenTheSideStripsSoDetectionFindsIt) {
+    std::vector<ScreenInfo> screens{{"HDMI-1", Rect{0, 0, 1920, 1080}, Rect{0, 0, 1920, 1080}, {}, {}},
+                                    {"eDP-1", Rect{1920, 0, 1512, 982}, Rect{1920, 0, 1512, 982}, {}, {}}};
+    applyDeclaredNotch(screens, Rect{1920 + 663, 950, 185, 32});
+    EXPECT_FALSE(screens[0].auxiliaryTopLeftArea);
+    const auto g = NotchGeometry::detect(screens, 0, true, 185, 32);
+    ASSERT_TRUE(g);
+    EXPECT_FALSE(g->isSimulated);
+    EXPECT_EQ(g->notchRect, (Rect{1920 + 663, 950, 185, 32}));
+
+    std::vector<ScreenInfo> single{screens[1]};
+    single[0].auxiliaryTopLeftArea.reset();
+    single[0].auxiliaryTopRightArea.reset();
+    applyDeclaredNotch(single, Rect{2583, 900, 185, 32});  // not at the top edge
+    EXPECT_FALSE(single[0].auxiliaryTopLeftArea);
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+
+#include "overlay/OverlayPorts.h"
+#include "support/DebugLog.h"
+
+namespace vantrelle {
+
+// The rest of the program as the overlay reaches it. Services join here as they are built.
+class AppServices final : public OverlayServices {
+public:
+    void startBackgroundServices() override {
+        // Each service logs its own start; this line marks where the sequence begins.
+        DebugLog::write("launch: starting background services");
+        for (const auto& [name, start] : m_services) {
+            DebugLog::write([&] { return "launch: start " + name; });
+            start();
+        }
+    }
+    void terminate() override {
+        if (onTerminate) onTerminate();
+    }
+
+    // Registered in start-up order.
+    void addService(std::string name, std::function<void()> start) {
+        m_services.emplace_back(std::move(name), std::move(start));
+    }
+
+    std::function<void()> onTerminate;
+
+private:
+    std::vector<std::pair<std::string, std::function<void()>>> m_services;
+};
+
+// No file drag is ever seen outside the drop zone; the drop zone itself still takes file drags.
+class NoDragPasteboard final : public DragPasteboard {
+public:
+    [[nodiscard]] std::int64_t changeCount() const override { return 0; }
+    [[nodiscard]] bool hasFileUrls() const override { return false; }
+};
+
+}  // namespace vantrelle

@@ -1,0 +1,101 @@
+#include "Application.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QQmlContext>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QUrl>
+
+#include "overlay/DeclaredNotch.h"
+#include "support/DemoMode.h"
+#include "support/SharedInstance.h"
+
+namespace vantrelle {
+
+Application::Application(const Environment& environment)
+    : m_environment(environment),
+      m_paths(AppPaths::fromEnvironment(environment)),
+      m_defaults(m_paths.defaultsFile()),
+      m_loginItem(m_paths.autostartEntry(), QCoreApplication::applicationFilePath().toStdString()),
+      m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
+      m_activities(m_scheduler),
+      m_screens([this] { return declaredNotch(); }),
+      m_windows(m_engine, m_desktop),
+      m_delegate(AppDelegate::Dependencies{
+          m_paths, SystemClock::shared(), environment, m_scheduler, m_hooks, [this] { return makeOverlay(); },
+          {},  // no task bar entry: the overlay windows bypass the window manager
+          {},  // notification categories arrive with the focus timer
+          [] { return PermissionStatus{3, 3, 3}; }}) {
+    SharedInstance<AppSettings>::install(&m_settings);
+    SharedInstance<LiveActivityCenter>::install(&m_activities);
+    m_services.onTerminate = [] { QCoreApplication::quit(); };
+}
+
+Application::~Application() {
+    SharedInstance<AppSettings>::install(nullptr);
+    SharedInstance<LiveActivityCenter>::install(nullptr);
+}
+
+std::optional<Rect> Application::declaredNotch() const {
+    // The hook wins over the setting, as hooks do for scripted runs.
+    auto text = m_environment.get("VANTRELLE_NOTCH");
+    if (!text) text = m_defaults.string("declaredNotch");
+    return text ? parseDeclaredNotch(*text) : std::nullopt;
+}
+
+std::unique_ptr<NotchOverlayController> Application::makeOverlay() {
+    QuietMonitor::Probes probes{
+        [this](const std::optional<ScreenInfo>& screen) {
+            return screen && m_desktop.activeWindowIsFullScreen(DesktopCoordinates::current().toDesktop(screen->frame));
+        },
+        [this] { return m_cameraProbe.anyCameraRunning(); }};
+    auto overlay = std::make_unique<NotchOverlayController>(NotchOverlayController::Dependencies{
+        m_settings, m_activities, NotificationCenter::shared(), m_scheduler, SystemClock::shared(), m_environment,
+        m_windows, m_screens, m_pasteboard, m_sounds, m_services, std::move(probes), m_cameraUse});
+    wirePlatform(*overlay);
+    return overlay;
+}
+
+void Application::wirePlatform(NotchOverlayController& overlay) {
+    m_shell = std::make_unique<ShellModel>(overlay, m_settings, m_activities, SystemClock::shared());
+    m_engine.rootContext()->setContextProperty(QStringLiteral("Shell"), m_shell.get());
+    m_shell->onShapeChanged = [this](QRectF shell, QRectF dock) { m_windows.setShape(shell, dock); };
+
+    m_pointer = std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+        overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
+    });
+
+    auto* app = qGuiApp;
+    auto rebuild = [&overlay] { overlay.rebuild(); };
+    QObject::connect(app, &QGuiApplication::screenAdded, &m_windows, [rebuild](QScreen* screen) {
+        QObject::connect(screen, &QScreen::geometryChanged, screen, rebuild);
+        rebuild();
+    });
+    QObject::connect(app, &QGuiApplication::screenRemoved, &m_windows, [rebuild](QScreen*) { rebuild(); });
+    for (QScreen* screen : QGuiApplication::screens()) {
+        QObject::connect(screen, &QScreen::geometryChanged, screen, rebuild);
+        QObject::connect(screen, &QScreen::availableGeometryChanged, screen, rebuild);
+    }
+
+    StatusMenuCommands commands;
+    commands.openNotch = [&overlay] { overlay.setExpanded(true, "unspecified"); };
+    commands.emailSupport = [] {
+        QDesktopServices::openUrl(QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
+    };
+    commands.quit = [] { QCoreApplication::quit(); };
+    m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
+
+    // Demo mode shows something playing, so recordings have a live activity from the start.
+    if (DemoMode::isOn()) {
+        m_activities.set(LiveActivity{LiveActivity::Media{"Night Drive", "The Midnight Hours", true}},
+                         LiveActivityCenter::Source::media);
+    }
+}
+
+void Application::launch() {
+    registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, {});
+    m_delegate.applicationDidFinishLaunching();
+}
+
+}  // namespace vantrelle

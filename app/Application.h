@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QQmlEngine>
+
+#include <memory>
+#include <optional>
+
+#include "AppServices.h"
+#include "CameraProbe.h"
+#include "CanberraSoundPlayer.h"
+#include "QtMainScheduler.h"
+#include "QtScreenSource.h"
+#include "QuickOverlayWindows.h"
+#include "ShellModel.h"
+#include "ThreadQueue.h"
+#include "TrayMenu.h"
+#include "XdgAutostart.h"
+#include "app/AppDelegate.h"
+#include "support/JsonDefaultsStore.h"
+#include "x11/PointerMonitor.h"
+#include "x11/X11Desktop.h"
+
+namespace vantrelle {
+
+// The composition root: builds the shared instances with their real adapters, in dependency order,
+// and hands control to the launch sequence.
+class Application {
+public:
+    explicit Application(const Environment& environment);
+    ~Application();
+
+    void launch();
+
+private:
+    std::unique_ptr<NotchOverlayController> makeOverlay();
+    void wirePlatform(NotchOverlayController& overlay);
+    [[nodiscard]] std::optional<Rect> declaredNotch() const;
+
+    const Environment& m_environment;
+    AppPaths m_paths;
+    QtMainScheduler m_scheduler;
+    ThreadQueueFactory m_queues;
+    JsonDefaultsStore m_defaults;
+    XdgAutostart m_loginItem;
+    AppSettings m_settings;
+    LiveActivityCenter m_activities;
+    X11Desktop m_desktop;
+    CameraProbe m_cameraProbe;
+    CameraUse m_cameraUse;
+    CanberraSoundPlayer m_sounds;
+    NoDragPasteboard m_pasteboard;
+    AppServices m_services;
+    QtScreenSource m_screens;
+    QQmlEngine m_engine;
+    QuickOverlayWindows m_windows;
+    LaunchHooks m_hooks;
+    AppDelegate m_delegate;
+    std::unique_ptr<ShellModel> m_shell;
+    std::unique_ptr<PointerMonitor> m_pointer;
+    std::unique_ptr<TrayMenu> m_tray;
+};
+
+}  // namespace vantrelle

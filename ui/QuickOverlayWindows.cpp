@@ -1,0 +1,140 @@
+#include "QuickOverlayWindows.h"
+
+#include <QQuickView>
+#include <QRegion>
+
+#include <cmath>
+
+#include "support/DebugLog.h"
+#include "x11/X11Desktop.h"
+
+namespace vantrelle {
+
+namespace {
+
+constexpr Qt::WindowFlags kOverlayFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                                          Qt::X11BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus | Qt::Tool;
+
+// How far a row `dy` pixels into a corner of radius r stays clear of the curve.
+int cornerInset(int r, double dy) {
+    return static_cast<int>(std::lround(r - std::sqrt(std::max(0.0, double(r) * r - dy * dy))));
+}
+
+// A rectangle with rounded corners, as X shapes want it: whole rows of pixels.
+QRegion roundedRegion(const QRectF& rectF, qreal radius, bool roundTop) {
+    const QRect rect = rectF.toAlignedRect();
+    if (rect.isEmpty()) return {};
+    const int r = std::min<int>(qRound(radius), std::min(rect.width(), rect.height()) / 2);
+    QRegion region(rect.adjusted(0, roundTop ? r : 0, 0, -r));
+    for (int row = 0; row < r; ++row) {
+        const int inset = cornerInset(r, r - row - 0.5);
+        if (roundTop) region += QRect(rect.x() + inset, rect.top() + row, rect.width() - 2 * inset, 1);
+        region += QRect(rect.x() + inset, rect.bottom() - row, rect.width() - 2 * inset, 1);
+    }
+    return region;
+}
+
+}  // namespace
+
+QuickOverlayWindows::QuickOverlayWindows(QQmlEngine& engine, const X11Desktop& desktop)
+    : m_engine(engine), m_desktop(desktop), m_composited(desktop.hasCompositor()) {
+    DebugLog::write([&] { return std::string("overlay: compositor=") + (m_composited ? "true" : "false"); });
+}
+
+QuickOverlayWindows::~QuickOverlayWindows() = default;
+
+std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const char* source, bool transparent) {
+    auto view = std::make_unique<QQuickView>(&m_engine, nullptr);
+    view->setFlags(kOverlayFlags);
+    view->setResizeMode(QQuickView::SizeRootObjectToView);
+    if (transparent) {
+        QSurfaceFormat format = view->format();
+        format.setAlphaBufferSize(8);
+        view->setFormat(format);
+        view->setColor(Qt::transparent);
+    } else {
+        view->setColor(Qt::black);
+    }
+    view->setSource(QUrl(QString::fromUtf8(source)));
+    for (const auto& error : view->errors()) {
+        DebugLog::write([&] { return "overlay: qml " + error.toString().toStdString(); });
+    }
+    return view;
+}
+
+void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFrame) {
+    const auto coordinates = DesktopCoordinates::current();
+    if (!m_panel) {
+        m_panel = makeWindow("qrc:/qml/NotchRoot.qml", true);
+        // Without a compositor the drop zone is painted black like the notch it covers.
+        m_dropZone = makeWindow("qrc:/qml/DropZone.qml", m_composited);
+    }
+    m_panel->setGeometry(coordinates.toDesktop(panelFrame));
+    m_dropZone->setGeometry(coordinates.toDesktop(dropZoneFrame));
+    applyShapes();
+}
+
+void QuickOverlayWindows::orderFront() {
+    if (!m_panel) return;
+    m_panel->show();
+    m_dropZone->show();
+    m_panel->raise();
+    m_dropZone->raise();  // the drop zone stays above the panel
+    applyShapes();
+}
+
+void QuickOverlayWindows::orderOut() {
+    if (!m_panel) return;
+    m_panel->hide();
+    m_dropZone->hide();
+}
+
+void QuickOverlayWindows::setPanelIgnoresMouse(bool ignores) {
+    m_ignoresMouse = ignores;
+    if (m_panel && ignores) m_panel->setFlag(Qt::WindowDoesNotAcceptFocus, true);
+    applyShapes();
+}
+
+void QuickOverlayWindows::raisePanel(bool takeFocus) {
+    if (!m_panel) return;
+    m_panel->raise();
+    m_dropZone->raise();
+    if (takeFocus) {
+        m_panel->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+        m_panel->requestActivate();
+    }
+}
+
+void QuickOverlayWindows::applyAppearance(bool, Appearance) {
+    // The views read glass and appearance from the settings; the windows themselves carry no theme.
+}
+
+void QuickOverlayWindows::showBackdrop(const Rect& screenFrame) {
+    m_backdrop = makeWindow("qrc:/qml/Backdrop.qml", false);
+    m_backdrop->setFlag(Qt::WindowTransparentForInput, true);
+    m_backdrop->setFlag(Qt::WindowStaysOnTopHint, false);
+    m_backdrop->setGeometry(DesktopCoordinates::current().toDesktop(screenFrame));
+    m_backdrop->show();
+    m_backdrop->lower();
+}
+
+void QuickOverlayWindows::setShape(const QRectF& shell, const QRectF& dock) {
+    if (shell == m_shell && dock == m_dock) return;
+    m_shell = shell;
+    m_dock = dock;
+    applyShapes();
+}
+
+void QuickOverlayWindows::applyShapes() {
+    if (!m_panel || !m_panel->handle()) return;
+    const qreal ratio = m_panel->devicePixelRatio();
+    const auto scaled = [ratio](const QRectF& r) {
+        return QRectF(r.x() * ratio, r.y() * ratio, r.width() * ratio, r.height() * ratio);
+    };
+    QRegion drawn = roundedRegion(scaled(m_shell), (m_shell.height() > 100 ? 36 : 14) * ratio, false);
+    drawn += roundedRegion(scaled(m_dock), m_dock.height() / 2 * ratio, true);
+    m_desktop.setShapes(*m_panel, m_composited ? std::nullopt : std::optional<QRegion>(drawn),
+                        m_ignoresMouse ? QRegion() : drawn);
+}
+
+}  // namespace vantrelle

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QRectF>
+
+#include <memory>
+
+#include "DesktopCoordinates.h"
+#include "overlay/OverlayPorts.h"
+
+class QQmlEngine;
+class QQuickView;
+
+namespace vantrelle {
+
+class X11Desktop;
+
+// The notch panel and the drop zone as Qt Quick windows. Both sit outside the window manager's
+// control (no task bar entry, every workspace, never focused unless asked), above everything. Without
+// a compositor the panel is shaped to the drawn shell so the desktop stays visible around it; with
+// one it is transparent. A collapsed panel takes no pointer input at all.
+class QuickOverlayWindows final : public QObject, public OverlayWindows {
+public:
+    QuickOverlayWindows(QQmlEngine& engine, const X11Desktop& desktop);
+    ~QuickOverlayWindows() override;
+
+    [[nodiscard]] bool hasPanel() const override { return m_panel != nullptr; }
+    void layout(const Rect& panelFrame, const Rect& dropZoneFrame) override;
+    void orderFront() override;
+    void orderOut() override;
+    void setPanelIgnoresMouse(bool ignores) override;
+    void raisePanel(bool takeFocus) override;
+    void applyAppearance(bool glass, Appearance appearance) override;
+    void showBackdrop(const Rect& screenFrame) override;
+
+    // The drawn shell and dock, in panel pixels, as the root view reports them.
+    void setShape(const QRectF& shell, const QRectF& dock);
+
+    [[nodiscard]] QQuickView* panel() const { return m_panel.get(); }
+
+private:
+    std::unique_ptr<QQuickView> makeWindow(const char* source, bool transparent);
+    void applyShapes();
+
+    QQmlEngine& m_engine;
+    const X11Desktop& m_desktop;
+    const bool m_composited;
+    std::unique_ptr<QQuickView> m_backdrop;
+    std::unique_ptr<QQuickView> m_panel;
+    std::unique_ptr<QQuickView> m_dropZone;
+    QRectF m_shell;
+    QRectF m_dock;
+    bool m_ignoresMouse = true;
+};
+
+}  // namespace vantrelle

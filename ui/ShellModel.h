@@ -1,0 +1,121 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QRectF>
+#include <QString>
+#include <QTimer>
+#include <QVariantList>
+
+#include <functional>
+
+#include "overlay/CollapsedPresentation.h"
+#include "overlay/NotchOverlayController.h"
+
+namespace vantrelle {
+
+// The QML face of the shell: the notch state, the settings the views read and the live activity,
+// as properties that notify. Holds no state of its own beyond presentation.
+class ShellModel final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool expanded READ expanded NOTIFY stateChanged)
+    Q_PROPERTY(qreal notchWidth READ notchWidth NOTIFY stateChanged)
+    Q_PROPERTY(qreal notchHeight READ notchHeight NOTIFY stateChanged)
+    Q_PROPERTY(qreal panelWidth READ panelWidth NOTIFY stateChanged)
+    Q_PROPERTY(qreal panelHeight READ panelHeight NOTIFY stateChanged)
+    Q_PROPERTY(bool simulated READ simulated NOTIFY stateChanged)
+    Q_PROPERTY(QString tab READ tab NOTIFY stateChanged)
+    Q_PROPERTY(QString tabTitle READ tabTitle NOTIFY stateChanged)
+    Q_PROPERTY(QString tabBlurb READ tabBlurb NOTIFY stateChanged)
+    Q_PROPERTY(QString tabIcon READ tabIcon NOTIFY stateChanged)
+    Q_PROPERTY(QColor tabTint READ tabTint NOTIFY stateChanged)
+    Q_PROPERTY(QString headerSubtitle READ headerSubtitle NOTIFY stateChanged)
+    Q_PROPERTY(QVariantList tabs READ tabs NOTIFY settingsChanged)
+    Q_PROPERTY(bool showDock READ showDock NOTIFY settingsChanged)
+    Q_PROPERTY(bool glass READ glass NOTIFY settingsChanged)
+    Q_PROPERTY(bool lightAppearance READ lightAppearance NOTIFY settingsChanged)
+    Q_PROPERTY(bool hasActivity READ hasActivity NOTIFY activityChanged)
+    Q_PROPERTY(QString activityKind READ activityKind NOTIFY activityChanged)
+    Q_PROPERTY(QString leadingIcon READ leadingIcon NOTIFY activityChanged)
+    Q_PROPERTY(bool leadingIsAgentMark READ leadingIsAgentMark NOTIFY activityChanged)
+    Q_PROPERTY(bool leadingIsArtwork READ leadingIsArtwork NOTIFY activityChanged)
+    Q_PROPERTY(bool pulse READ pulse NOTIFY activityChanged)
+    Q_PROPERTY(QString trailingText READ trailingText NOTIFY activityChanged)
+    Q_PROPERTY(QString trailingIcon READ trailingIcon NOTIFY activityChanged)
+    Q_PROPERTY(qreal ring READ ring NOTIFY activityChanged)
+    Q_PROPERTY(bool audioBars READ audioBars NOTIFY activityChanged)
+    Q_PROPERTY(bool dimmed READ dimmed NOTIFY activityChanged)
+
+public:
+    ShellModel(NotchOverlayController& overlay, AppSettings& settings, LiveActivityCenter& activities,
+               const Clock& clock);
+
+    [[nodiscard]] bool expanded() const { return m_overlay.state().isExpanded(); }
+    [[nodiscard]] qreal notchWidth() const { return m_overlay.state().notchSize().width; }
+    [[nodiscard]] qreal notchHeight() const { return m_overlay.state().notchSize().height; }
+    [[nodiscard]] qreal panelWidth() const { return m_overlay.state().panelSize().width; }
+    [[nodiscard]] qreal panelHeight() const { return m_overlay.state().panelSize().height; }
+    [[nodiscard]] bool simulated() const { return m_overlay.state().isSimulated(); }
+    [[nodiscard]] QString tab() const;
+    [[nodiscard]] QString tabTitle() const;
+    [[nodiscard]] QString tabBlurb() const;
+    [[nodiscard]] QString tabIcon() const;
+    [[nodiscard]] QColor tabTint() const;
+    [[nodiscard]] QString headerSubtitle() const;
+    [[nodiscard]] QVariantList tabs() const;
+    [[nodiscard]] bool showDock() const { return m_settings.showDock(); }
+    [[nodiscard]] bool glass() const { return m_settings.glassPanel(); }
+    [[nodiscard]] bool lightAppearance() const;
+    [[nodiscard]] bool hasActivity() const { return m_activities.current().has_value(); }
+    [[nodiscard]] QString activityKind() const;
+    [[nodiscard]] QString leadingIcon() const { return glyph(m_cells.leadingSymbol); }
+    [[nodiscard]] bool leadingIsAgentMark() const { return m_cells.leadingIsAgentMark; }
+    [[nodiscard]] bool leadingIsArtwork() const { return m_cells.leadingIsArtwork; }
+    [[nodiscard]] bool pulse() const { return m_cells.pulse; }
+    [[nodiscard]] QString trailingText() const { return QString::fromStdString(m_cells.trailingText); }
+    [[nodiscard]] QString trailingIcon() const { return glyph(m_cells.trailingSymbol); }
+    [[nodiscard]] qreal ring() const { return m_cells.ring.value_or(-1); }
+    [[nodiscard]] bool audioBars() const { return m_cells.trailingIsAudioBars; }
+    [[nodiscard]] bool dimmed() const { return m_cells.dimmed; }
+
+    // The glyph of the icon font for a symbol name; empty for an empty name.
+    Q_INVOKABLE [[nodiscard]] static QString glyph(const QString& symbol);
+    [[nodiscard]] static QString glyph(const std::string& symbol);
+
+    Q_INVOKABLE void selectTab(const QString& raw);
+    Q_INVOKABLE void collapse();
+    Q_INVOKABLE void escapePressed();
+    Q_INVOKABLE void openSettings();
+    Q_INVOKABLE void dropZoneClicked() { m_overlay.dropZoneClicked(); }
+    Q_INVOKABLE void dropZoneDragEntered() { m_overlay.dropZoneDragEntered(); }
+    Q_INVOKABLE void dropZoneDropped(const QStringList& urls);
+    // The drawn shell and dock in window pixels, for the window shape.
+    Q_INVOKABLE void reportShape(const QRectF& shell, const QRectF& dock);
+
+    // Timers the closed notch reads each second; filled by the focus models when they exist.
+    std::function<TimerReadings()> timerReadings = [] { return TimerReadings{}; };
+    std::function<void()> onOpenSettings;
+    std::function<void(QRectF shell, QRectF dock)> onShapeChanged;
+
+Q_SIGNALS:
+    void stateChanged();
+    void settingsChanged();
+    void activityChanged();
+
+private:
+    void refreshCells();
+    void ensureValidTab();
+
+    NotchOverlayController& m_overlay;
+    AppSettings& m_settings;
+    LiveActivityCenter& m_activities;
+    const Clock& m_clock;
+    CollapsedCells m_cells;
+    QString m_kind;
+    QTimer m_tick;  // runs only while the shown activity counts each second
+    Connection m_stateConnection;
+    Connection m_settingsConnection;
+    Connection m_activityConnection;
+};
+
+}  // namespace vantrelle

@@ -1,0 +1,74 @@
+import QtQuick
+import "."
+
+// The content of the notch panel: one shape that grows from the notch into the open panel, and the
+// dock below it.
+Item {
+    id: root
+    focus: true
+    Keys.onEscapePressed: (event) => { Shell.escapePressed(); event.accepted = true }
+
+    readonly property bool expanded: Shell.expanded
+    // A real notch with nothing to show stands alone; a simulated one is always drawn.
+    readonly property bool shellVisible: expanded || Shell.hasActivity || Shell.simulated
+    readonly property real collapsedWidth: Shell.notchWidth + (Shell.hasActivity ? 136 : 0)
+
+    NotchShell {
+        id: shell
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 0
+        visible: root.shellVisible
+        width: root.expanded ? Shell.panelWidth : root.collapsedWidth
+        height: root.expanded ? Shell.panelHeight : Shell.notchHeight
+        cornerRadius: root.expanded ? 36 : 14
+        elevated: root.expanded
+        glass: Shell.glass
+        light: Shell.lightAppearance
+
+        Behavior on width { NumberAnimation { duration: Theme.morphDuration; easing.type: Easing.OutBack
+                                              easing.overshoot: Theme.morphOvershoot } }
+        Behavior on height { NumberAnimation { duration: Theme.morphDuration; easing.type: Easing.OutBack
+                                               easing.overshoot: Theme.morphOvershoot } }
+
+        CollapsedView {
+            anchors.fill: parent
+            opacity: root.expanded ? 0 : 1
+            visible: opacity > 0
+            Behavior on opacity { NumberAnimation { duration: 150 } }
+        }
+        ExpandedView {
+            anchors.fill: parent
+            showRail: !Shell.showDock
+            opacity: root.expanded ? 1 : 0
+            visible: opacity > 0
+            Behavior on opacity { NumberAnimation { duration: 180 } }
+        }
+    }
+
+    DockPill {
+        id: dock
+        visible: root.expanded && Shell.showDock
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Shell.panelHeight + 12
+    }
+
+    function reportShape() {
+        var s = shell.visible ? Qt.rect(shell.x, shell.y, shell.width, shell.height) : Qt.rect(0, 0, 0, 0)
+        var d = dock.visible ? Qt.rect(dock.x, dock.y, dock.width, dock.height) : Qt.rect(0, 0, 0, 0)
+        Shell.reportShape(s, d)
+    }
+    Connections {
+        target: shell
+        function onXChanged() { root.reportShape() }
+        function onWidthChanged() { root.reportShape() }
+        function onHeightChanged() { root.reportShape() }
+        function onVisibleChanged() { root.reportShape() }
+    }
+    Connections {
+        target: dock
+        function onVisibleChanged() { root.reportShape() }
+        function onWidthChanged() { root.reportShape() }
+        function onXChanged() { root.reportShape() }
+    }
+    Component.onCompleted: reportShape()
+}

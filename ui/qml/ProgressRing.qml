@@ -1,0 +1,23 @@
+import QtQuick
+import "."
+
+// A thin ring filled clockwise from the top.
+Canvas {
+    property real progress: 0
+    property color tint: Theme.label
+    width: 14
+    height: 14
+    onProgressChanged: requestPaint()
+    onPaint: {
+        var ctx = getContext("2d")
+        ctx.reset()
+        var r = width / 2 - 1.5
+        ctx.lineWidth = 2
+        ctx.strokeStyle = Qt.rgba(1, 1, 1, 0.25)
+        ctx.beginPath(); ctx.arc(width / 2, height / 2, r, 0, 2 * Math.PI); ctx.stroke()
+        ctx.strokeStyle = tint
+        ctx.beginPath()
+        ctx.arc(width / 2, height / 2, r, -Math.PI / 2, -Math.PI / 2 + 2 * Math.PI * Math.max(0, Math.min(1, progress)))
+        ctx.stroke()
+    }
+}

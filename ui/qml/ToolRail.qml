@@ -1,0 +1,52 @@
+import QtQuick
+import "."
+
+// The row of enabled tools, with a highlight that slides to the selected one.
+Item {
+    id: rail
+    height: 46
+    width: tools.width + 16
+
+    Rectangle {
+        id: highlight
+        property Item target: tools.children[Math.max(0, rail.selectedIndex)] || null
+        visible: rail.selectedIndex >= 0 && target !== null
+        x: target ? tools.x + target.x - 4 : 0
+        y: (rail.height - height) / 2
+        width: 40
+        height: 40
+        radius: 12
+        color: Qt.rgba(1, 1, 1, 0.12)
+        Behavior on x { NumberAnimation { duration: Theme.snappyDuration; easing.type: Easing.OutBack
+                                          easing.overshoot: Theme.snappyOvershoot } }
+    }
+
+    property int selectedIndex: {
+        for (var i = 0; i < Shell.tabs.length; ++i) if (Shell.tabs[i].raw === Shell.tab) return i
+        return -1
+    }
+
+    Row {
+        id: tools
+        anchors.centerIn: parent
+        spacing: 8
+        Repeater {
+            model: Shell.tabs
+            Item {
+                width: 32
+                height: 32
+                ToolGlyph {
+                    anchors.centerIn: parent
+                    glyph: modelData.icon
+                    tint: modelData.tint
+                    size: 28
+                }
+                MouseArea {
+                    anchors.fill: parent
+                    cursorShape: Qt.PointingHandCursor
+                    onClicked: Shell.selectTab(modelData.raw)
+                }
+            }
+        }
+    }
+}
