@@ -1,0 +1,90 @@
+#!/usr/bin/env bash
+# Drives the real program under a private X server with a real pointer and keyboard: hover opens after
+# the hover delay, leaving closes 0.35 s later, a click opens at once, Escape closes, a click outside
+# closes; and the screen shows the shell where it should.
+set -euo pipefail
+app=${1:?usage: notch_ui_test.sh <vantrelle binary>}
+work=$(mktemp -d)
+log=$work/v.log
+trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+
+fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
+
+# A private display on the first free number.
+Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+xvfb_pid=$!
+for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
+export DISPLAY=:$(cat "$work/display")
+
+# A fresh home, so no setting of the machine's user reaches the test.
+export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
+"$app" >"$work/app.out" 2>&1 &
+app_pid=$!
+for _ in $(seq 200); do grep -q "launch: starting background services" "$log" 2>/dev/null && break; sleep 0.05; done
+grep -q "launch: starting background services" "$log" || fail "the program did not start"
+sleep 0.5
+
+now() { date +%s.%N; }
+seconds_of() {  # a log stamp HH:MM:SS.mmm as seconds of the day
+  IFS=: read -r h m s <<<"$1"; echo "$((10#$h * 3600 + 10#$m * 60)) + $s" | bc -l
+}
+today_seconds() { local t; t=$(date +%H:%M:%S.%N); seconds_of "${t:0:12}"; }
+# Raw pointer events come only from real motion: jump next to the point, then step onto it.
+move_to() { xdotool mousemove $(($1 - 1)) "$2" mousemove_relative 1 0; }
+
+lines_before=0
+mark() { lines_before=$(wc -l <"$log"); }
+# Waits for a new log line containing $1; prints its time of day in seconds.
+wait_for() {
+  local text=$1 limit=${2:-3}
+  local deadline; deadline=$(echo "$(now) + $limit" | bc -l)
+  while (( $(echo "$(now) < $deadline" | bc -l) )); do
+    local line; line=$(tail -n +$((lines_before + 1)) "$log" | grep -m1 -F "$text" || true)
+    if [[ -n "$line" ]]; then seconds_of "${line%% *}"; return 0; fi
+    sleep 0.02
+  done
+  fail "no '$text' within ${limit}s"
+}
+expect_at_least() { (( $(echo "$1 >= $2" | bc -l) )) || fail "$3: $1 s, expected at least $2 s"; }
+expect_below() { (( $(echo "$1 < $2" | bc -l) )) || fail "$3: $1 s, expected below $2 s"; }
+
+pixel() { import -window root "$work/shot.png"; convert "$work/shot.png" -format "%[fx:int(255*r)],%[fx:int(255*g)],%[fx:int(255*b)]" -crop "1x1+$1+$2" info:; }
+is_black() { [[ "$(pixel "$1" "$2")" == "0,0,0" ]]; }
+
+# 1. The simulated notch is drawn at the top centre, and nothing else covers the desktop.
+is_black 756 12 || fail "collapsed notch not drawn at the top centre"
+is_black 756 120 && fail "the collapsed panel covers the desktop below the notch"
+import -window root "$work/collapsed.png"
+
+# 2. Hover opens after the hover delay (0.2 s), counted from arrival.
+mark; move_to 756 16; t0=$(today_seconds)
+t=$(wait_for "overlay: expand (unspecified)")
+expect_at_least "$(echo "$t - $t0" | bc -l)" 0.15 "hover opened too early"
+sleep 0.6
+is_black 756 200 || fail "expanded panel not drawn"
+is_black 30 500 && fail "the desktop beside the panel is covered"
+
+# 3. Leaving closes 0.35 s later.
+mark; move_to 100 700; t0=$(today_seconds)
+t=$(wait_for "overlay: collapse (mouse left)")
+expect_at_least "$(echo "$t - $t0" | bc -l)" 0.30 "closed too early after leaving"
+sleep 0.6
+is_black 756 200 && fail "panel still drawn after closing"
+
+# 4. A click on the notch opens at once.
+mark; move_to 756 16; xdotool click 1; t0=$(today_seconds)
+t=$(wait_for "overlay: expand (unspecified)")
+expect_below "$(echo "$t - $t0" | bc -l)" 0.15 "a click must open without the hover delay"
+
+# 5. Escape closes.
+sleep 0.5; mark; move_to 756 200; xdotool key Escape
+wait_for "overlay: collapse (esc)" >/dev/null
+
+# 6. A click outside closes.
+sleep 0.5; mark; move_to 756 16; xdotool click 1
+wait_for "overlay: expand (unspecified)" >/dev/null
+sleep 0.3; mark; move_to 60 900; xdotool click 1
+wait_for "overlay: collapse (click outside)" >/dev/null
+
+echo "ui: hover, leave, click, Escape and click outside behave; shell drawn where expected"
