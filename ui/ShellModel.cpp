@@ -19,21 +19,15 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
 
     m_stateConnection = m_overlay.state().changed.connect([this](NotchState::Field field) {
         // The panel checks its tool each time it comes up.
-        if (field == NotchState::Field::isExpanded && m_overlay.state().isExpanded()) ensureValidTab();
+        if (field == NotchState::Field::isExpanded && m_overlay.state().isExpanded()) vantrelle::ensureValidTab(m_overlay.state(), m_settings);
         Q_EMIT stateChanged();
     });
     m_settingsConnection = m_settings.changed.connect([this](std::string_view property) {
-        if (property == "enabledTabs") ensureValidTab();
+        if (property == "enabledTabs") vantrelle::ensureValidTab(m_overlay.state(), m_settings);
         Q_EMIT settingsChanged();
     });
     m_activityConnection = m_activities.currentChanged.connect([this](const auto&) { refreshCells(); });
     refreshCells();
-}
-
-void ShellModel::ensureValidTab() {
-    if (m_settings.isEnabled(m_overlay.state().tab())) return;
-    const auto ordered = m_settings.orderedEnabledTabs();
-    if (!ordered.empty()) m_overlay.state().setTab(ordered.front());
 }
 
 void ShellModel::refreshCells() {

@@ -104,7 +104,6 @@ Q_SIGNALS:
 
 private:
     void refreshCells();
-    void ensureValidTab();
 
     NotchOverlayController& m_overlay;
     AppSettings& m_settings;

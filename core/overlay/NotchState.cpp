@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <atomic>
 
+#include "support/AppSettings.h"
+
 namespace vantrelle {
 
 namespace {
@@ -18,5 +20,11 @@ Size NotchLayout::expandedSizeFor(double screenWidth) {
 Size NotchLayout::expandedSize() { return {g_expandedWidth.load(), expandedHeight}; }
 
 void NotchLayout::setExpandedSize(Size size) { g_expandedWidth = size.width; }
+
+void ensureValidTab(NotchState& state, const AppSettings& settings) {
+    if (settings.isEnabled(state.tab())) return;
+    const auto ordered = settings.orderedEnabledTabs();
+    if (!ordered.empty()) state.setTab(ordered.front());
+}
 
 }  // namespace vantrelle

@@ -68,4 +68,9 @@ private:
     std::function<void()> m_collapse;
 };
 
+class AppSettings;
+
+// When the panel comes up or the enabled tools change: a disabled tool gives way to the first enabled one.
+void ensureValidTab(NotchState& state, const AppSettings& settings);
+
 }  // namespace vantrelle

@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <atomic>
+#include <thread>
+
+#include "CameraProbe.h"
+#include "CanberraSoundPlayer.h"
+#include "QtMainScheduler.h"
+#include "QtProcessRunner.h"
+#include "ThreadQueue.h"
+#include "XdgAutostart.h"
+#include "fakes/TempDir.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::TempDir;
+
+// The real main queue needs an event loop; this turns it until `done` or a generous deadline.
+template <typename Done>
+bool spinUntil(Done done, int limitMs = 5000) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return done();
+}
+
+class QtAdapters : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "linux_tests";
+        static char* argv[] = {name, nullptr};
+        if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
+    }
+};
+
+TEST_F(QtAdapters, MainSchedulerRunsPostedAndDueWorkAndHonoursCancellation) {
+    QtMainScheduler scheduler;
+    std::vector<int> ran;
+    scheduler.post([&] { ran.push_back(1); });
+    WorkItem cancelled = scheduler.schedule(0.001, [&] { ran.push_back(99); });
+    cancelled.cancel();
+    scheduler.after(0.01, [&] { ran.push_back(2); });
+    ASSERT_TRUE(spinUntil([&] { return ran.size() >= 2; }));
+    spinUntil([] { return false; }, 50);
+    EXPECT_EQ(ran, (std::vector<int>{1, 2}));
+}
+
+TEST_F(QtAdapters, MainSchedulerTakesPostsFromOtherThreads) {
+    QtMainScheduler scheduler;
+    std::atomic<bool> onMain{false};
+    const auto mainThread = std::this_thread::get_id();
+    std::thread worker([&] { scheduler.post([&] { onMain = std::this_thread::get_id() == mainThread; }); });
+    worker.join();
+    EXPECT_TRUE(spinUntil([&] { return onMain.load(); }));
+}
+
+TEST_F(QtAdapters, RepeatingTimerStopsWhenDropped) {
+    QtMainScheduler scheduler;
+    int ticks = 0;
+    auto timer = std::make_optional(scheduler.repeat(0.005, [&] { ++ticks; }));
+    ASSERT_TRUE(spinUntil([&] { return ticks >= 3; }));
+    timer.reset();
+    const int seen = ticks;
+    spinUntil([] { return false; }, 60);
+    EXPECT_EQ(ticks, seen);
+}
+
+TEST(ThreadQueue, RunsWorkInOrderOffTheCallingThreadAndFinishesItOnDestruction) {
+    ThreadQueueFactory factory;
+    std::vector<int> ran;
+    std::thread::id worker;
+    {
+        auto queue = factory.make("aiusage");
+        EXPECT_EQ(queue->label(), "com.quorvane.vantrelle.aiusage");
+        for (int i = 0; i < 100; ++i) queue->async([&, i] {
+            ran.push_back(i);
+            worker = std::this_thread::get_id();
+        });
+    }
+    ASSERT_EQ(ran.size(), 100u);
+    EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));
+    EXPECT_NE(worker, std::this_thread::get_id());
+}
+
+TEST(ProcessRunner, ReportsOutputExitCodesMissingProgramsAndTimeouts) {
+    QtProcessRunner runner;
+    auto ok = runner.run("/bin/sh", {"-c", "printf 'hello'; printf 'oops' >&2; exit 3"}, 5);
+    EXPECT_TRUE(ok.launched);
+    EXPECT_EQ(ok.exitCode, 3);
+    EXPECT_EQ(ok.standardOutput, "hello");
+    EXPECT_EQ(ok.standardError, "oops");
+    EXPECT_FALSE(ok.succeeded());
+
+    EXPECT_FALSE(runner.run("/nonexistent/tool", {}, 1).launched);
+
+    auto slow = runner.run("/bin/sh", {"-c", "sleep 5"}, 0.2);
+    EXPECT_TRUE(slow.timedOut);
+}
+
+TEST(CameraProbe, FindsAVideoDeviceHeldByAnotherProcess) {
+    TempDir dir;
+    std::filesystem::create_directories(dir / "dev");
+    std::filesystem::create_directories(dir / "proc/4242/fd");
+    std::filesystem::create_directories(dir / "proc/self-not-a-pid/fd");
+    std::filesystem::create_symlink("/dev/null", dir / "proc/4242/fd/0");
+    CameraProbe probe(dir / "proc", dir / "dev");
+    EXPECT_FALSE(probe.anyCameraRunning()) << "no camera device at all";
+
+    dir.write("dev/video0", "");
+    EXPECT_FALSE(probe.anyCameraRunning()) << "a camera nobody holds";
+    std::filesystem::create_symlink("/dev/video0", dir / "proc/4242/fd/7");
+    EXPECT_TRUE(probe.anyCameraRunning());
+
+    EXPECT_FALSE(CameraProbe(dir / "missing", dir / "dev").anyCameraRunning());
+}
+
+TEST(XdgAutostart, WritesAQuotedEntryAndRemovesIt) {
+    TempDir dir;
+    XdgAutostart item(dir / "autostart/vantrelle.desktop", "/opt/My Apps/vantrelle");
+    EXPECT_FALSE(item.isEnabled());
+    EXPECT_TRUE(item.setEnabled(true));
+    EXPECT_TRUE(item.isEnabled());
+    const auto text = dir.read("autostart/vantrelle.desktop");
+    EXPECT_NE(text.find("[Desktop Entry]\n"), std::string::npos);
+    EXPECT_NE(text.find("Exec=\"/opt/My Apps/vantrelle\"\n"), std::string::npos);
+    EXPECT_TRUE(item.setEnabled(false));
+    EXPECT_FALSE(item.isEnabled());
+    EXPECT_TRUE(item.setEnabled(false)) << "removing what is not there is fine";
+}
+
+TEST(CanberraSoundPlayer, MapsTheProgramsSoundsToThemeEvents) {
+    EXPECT_STREQ(CanberraSoundPlayer::themeSound("Glass"), "message-new-instant");
+    EXPECT_STREQ(CanberraSoundPlayer::themeSound("Ping"), "message");
+    EXPECT_STREQ(CanberraSoundPlayer::themeSound("Tink"), "dialog-information");
+    CanberraSoundPlayer player;
+    player.play("Glass");  // no sound server here: must stay quiet, not fail
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,122 @@
+#include "overlay/NotchState.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/FakeLoginItem.h"
+#include "overlay/CollapsedPresentation.h"
+#include "overlay/IconGlyphs.h"
+#include "platform/VirtualScheduler.h"
+#include "support/AppSettings.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+TEST(NotchTab, SeventeenToolsInDockOrderWithTheirTexts) {
+    ASSERT_EQ(allNotchTabs().size(), 17u);
+    EXPECT_EQ(allNotchTabs().front(), NotchTab::dashboard);
+    EXPECT_EQ(allNotchTabs().back(), NotchTab::support);
+    EXPECT_EQ(info(NotchTab::focus).title, "Pomodoro");
+    EXPECT_EQ(info(NotchTab::calc).icon, "plus.forwardslash.minus");
+    EXPECT_EQ(info(NotchTab::stats).title, "System Analytics");
+    EXPECT_EQ(notchTabFromRaw("menuBar"), NotchTab::menuBar);
+    EXPECT_FALSE(notchTabFromRaw("MenuBar"));
+    for (NotchTab tab : allNotchTabs()) {
+        EXPECT_EQ(notchTabFromRaw(rawValue(tab)), tab);
+        EXPECT_TRUE(hasIconGlyph(info(tab).icon)) << info(tab).icon << " has no glyph in the icon font";
+    }
+}
+
+TEST(NotchState, NotifiesOnlyRealChangesAndCollapseStartsAsANoOp) {
+    NotchState state;
+    int changes = 0;
+    auto c = state.changed.connect([&](NotchState::Field) { ++changes; });
+    state.setTab(NotchTab::dashboard);
+    state.setHeaderSubtitle(std::nullopt);
+    EXPECT_EQ(changes, 0);
+    state.setTab(NotchTab::calc);
+    state.setHeaderSubtitle("3 sessions");
+    EXPECT_EQ(changes, 2);
+    state.collapse();  // nothing attached yet
+}
+
+TEST(NotchState, DisablingTheShowingToolMovesToTheFirstEnabledOne) {
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    testing::FakeLoginItem login;
+    VirtualScheduler scheduler;
+    AppSettings settings(defaults, notifications, login, scheduler);
+    NotchState state;
+    state.setTab(NotchTab::notes);
+    settings.setEnabled(NotchTab::notes, false);
+    ensureValidTab(state, settings);
+    EXPECT_EQ(state.tab(), NotchTab::dashboard);
+
+    state.setTab(NotchTab::game);  // a hook may show a disabled tool until the panel checks
+    settings.setEnabled(NotchTab::game, false);
+    EXPECT_EQ(state.tab(), NotchTab::game);
+    ensureValidTab(state, settings);
+    EXPECT_EQ(state.tab(), NotchTab::dashboard);
+}
+
+TEST(CollapsedPresentation, TimersAndCountsFormatAsTheNotchShowsThem) {
+    EXPECT_EQ(compactStopwatch(0), "00:00");
+    EXPECT_EQ(compactStopwatch(59.9), "00:59");
+    EXPECT_EQ(compactStopwatch(3599), "59:59");
+    EXPECT_EQ(compactStopwatch(3600), "1:00:00");
+    EXPECT_EQ(compactStopwatch(37 * 3600 + 61), "37:01:01");
+    EXPECT_EQ(timerDigits(1499.2), "25:00");
+    EXPECT_EQ(timerDigits(0.2), "0:01");
+    EXPECT_EQ(timerDigits(-3), "0:00");
+    EXPECT_EQ(compactTokens(999), "999");
+    EXPECT_EQ(compactTokens(12'449), "12.4K");
+    EXPECT_EQ(compactTokens(3'100'000), "3.1M");
+}
+
+TEST(CollapsedPresentation, EveryKindFillsBothSides) {
+    const Date now{1'800'000'000};
+    const auto meeting = collapsedCells(LiveActivity{LiveActivity::Meeting{"Standup", now + 272}}, now, {});
+    EXPECT_EQ(meeting.leadingSymbol, "video.fill");
+    EXPECT_EQ(meeting.trailingText, "4:32");
+    EXPECT_TRUE(meeting.ticksEverySecond);
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::Meeting{"Late", now - 5}}, now, {}).trailingText, "now");
+
+    const auto alert = collapsedCells(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::waiting}}, now, {});
+    EXPECT_TRUE(alert.leadingIsAgentMark);
+    EXPECT_EQ(alert.trailingText, "Waiting");
+
+    const auto ai = collapsedCells(LiveActivity{LiveActivity::AI{"api", 0, 0, false}}, now, {});
+    EXPECT_EQ(ai.trailingText, "AI");
+    EXPECT_FALSE(ai.pulse);
+
+    const auto done = collapsedCells(LiveActivity{LiveActivity::Download{"a.zip", std::nullopt}}, now, {});
+    EXPECT_EQ(done.trailingSymbol, "checkmark.circle.fill");
+    const auto going = collapsedCells(LiveActivity{LiveActivity::Download{"a.zip", 0.4}}, now, {});
+    EXPECT_EQ(going.ring, 0.4);
+
+    TimerReadings timers;
+    timers.pomodoroRemaining = 61;
+    timers.pomodoroInBreak = true;
+    timers.pomodoroPaused = true;
+    timers.stopwatchElapsed = 3725;
+    const auto pomodoro = collapsedCells(LiveActivity{LiveActivity::Pomodoro{}}, now, timers);
+    EXPECT_EQ(pomodoro.leadingSymbol, "cup.and.saucer.fill");
+    EXPECT_EQ(pomodoro.trailingText, "1:01");
+    EXPECT_TRUE(pomodoro.dimmed);
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::Stopwatch{}}, now, timers).trailingText, "1:02:05");
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::QuickTimer{}}, now, {}).trailingText, "--:--");
+
+    const auto charging = collapsedCells(LiveActivity{LiveActivity::Battery{80, true}}, now, {});
+    EXPECT_EQ(charging.leadingSymbol, "bolt.fill");
+    EXPECT_EQ(charging.trailingText, "80%");
+
+    for (const auto& symbol : {"video.fill", "battery.25percent", "battery.100percent", "bolt.fill",
+                               "arrow.down.circle.fill", "checkmark.circle.fill", "brain.head.profile",
+                               "cup.and.saucer.fill", "hourglass", "stopwatch.fill", "gearshape.fill",
+                               "arrow.down.right.and.arrow.up.left", "rectangle.topthird.inset.filled"}) {
+        EXPECT_TRUE(hasIconGlyph(symbol)) << symbol;
+    }
+}
+
+}  // namespace
+}  // namespace vantrelle
