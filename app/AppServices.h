@@ -33,11 +33,5 @@ private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;
 };
 
-// No file drag is ever seen outside the drop zone; the drop zone itself still takes file drags.
-class NoDragPasteboard final : public DragPasteboard {
-public:
-    [[nodiscard]] std::int64_t changeCount() const override { return 0; }
-    [[nodiscard]] bool hasFileUrls() const override { return false; }
-};
 
 }  // namespace vantrelle

@@ -17,6 +17,7 @@
 #include "XdgAutostart.h"
 #include "app/AppDelegate.h"
 #include "support/JsonDefaultsStore.h"
+#include "x11/DragPasteboard.h"
 #include "x11/PointerMonitor.h"
 #include "x11/X11Desktop.h"
 
@@ -48,7 +49,7 @@ private:
     CameraProbe m_cameraProbe;
     CameraUse m_cameraUse;
     CanberraSoundPlayer m_sounds;
-    NoDragPasteboard m_pasteboard;
+    X11DragPasteboard m_pasteboard;
     AppServices m_services;
     QtScreenSource m_screens;
     QQmlEngine m_engine;
