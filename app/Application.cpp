@@ -20,6 +20,11 @@ Application::Application(const Environment& environment)
       m_loginItem(m_paths.autostartEntry(), QCoreApplication::applicationFilePath().toStdString()),
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
+      m_claudeHooks(m_paths, environment),
+      m_claudeAlerts(ClaudeAlertCenter::Dependencies{m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(),
+                                                     m_activities, NotificationCenter::shared(), m_settings, m_sounds,
+                                                     m_fileWatcher, [this] { return m_claudeHooks.isInstalled(); },
+                                                     DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(AppDelegate::Dependencies{
@@ -29,12 +34,16 @@ Application::Application(const Environment& environment)
           [] { return PermissionStatus{3, 3, 3}; }}) {
     SharedInstance<AppSettings>::install(&m_settings);
     SharedInstance<LiveActivityCenter>::install(&m_activities);
+    SharedInstance<ClaudeAlertCenter>::install(&m_claudeAlerts);
+    // Background services in their start-up order; the others join as they are built.
+    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
 Application::~Application() {
     SharedInstance<AppSettings>::install(nullptr);
     SharedInstance<LiveActivityCenter>::install(nullptr);
+    SharedInstance<ClaudeAlertCenter>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {

@@ -8,6 +8,7 @@
 #include "AppServices.h"
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
+#include "InotifyFileWatcher.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
@@ -15,6 +16,8 @@
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
+#include "agents/ClaudeAlertCenter.h"
+#include "agents/ClaudeHooks.h"
 #include "app/AppDelegate.h"
 #include "support/JsonDefaultsStore.h"
 #include "x11/DragPasteboard.h"
@@ -51,6 +54,9 @@ private:
     CanberraSoundPlayer m_sounds;
     X11DragPasteboard m_pasteboard;
     AppServices m_services;
+    InotifyFileWatcher m_fileWatcher;
+    ClaudeHooks m_claudeHooks;
+    ClaudeAlertCenter m_claudeAlerts;
     QtScreenSource m_screens;
     QQmlEngine m_engine;
     QuickOverlayWindows m_windows;

@@ -21,17 +21,18 @@ inline constexpr std::string_view claudeNeedsUser = "Vantrelle.claudeNeedsUser";
 inline constexpr std::string_view tavoRunStepAside = "Vantrelle.tavoRunStepAside";
 }  // namespace Notifications
 
-// In-process notifications without payload, for the few events that cross subsystems. Main thread
-// only; observers run synchronously in the order they subscribed.
+// In-process notifications for the few events that cross subsystems, some with a message for the
+// receiver. Main thread only; observers run synchronously in the order they subscribed.
 class NotificationCenter {
 public:
     [[nodiscard]] Connection observe(std::string_view name, std::function<void()> handler);
-    void post(std::string_view name);
+    [[nodiscard]] Connection observeMessage(std::string_view name, std::function<void(const std::string&)> handler);
+    void post(std::string_view name, const std::string& message = {});
 
     static NotificationCenter& shared();
 
 private:
-    std::map<std::string, Signal<>, std::less<>> m_signals;
+    std::map<std::string, Signal<std::string>, std::less<>> m_signals;
 };
 
 }  // namespace vantrelle

@@ -21,7 +21,7 @@ std::unique_ptr<T, decltype(&std::free)> own(T* reply) {
 xcb_atom_t intern(xcb_connection_t* c, const char* name) {
     auto reply = own(xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, static_cast<std::uint16_t>(std::strlen(name)), name),
                                            nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 }  // namespace

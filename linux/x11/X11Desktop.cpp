@@ -48,7 +48,7 @@ X11Desktop::~X11Desktop() {
 std::uint32_t X11Desktop::atom(const char* name) const {
     auto reply = own(xcb_intern_atom_reply(
         m_connection, xcb_intern_atom(m_connection, 1, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {

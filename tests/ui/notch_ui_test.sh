@@ -87,4 +87,16 @@ wait_for "overlay: expand (unspecified)" >/dev/null
 sleep 0.3; mark; move_to 60 900; xdotool click 1
 wait_for "overlay: collapse (click outside)" >/dev/null
 
-echo "ui: hover, leave, click, Escape and click outside behave; shell drawn where expected"
+# 7. Claude Code asks for approval: its hook appends a payload, and the closed notch shows the alert.
+events=$XDG_DATA_HOME/Vantrelle/claude-events.jsonl
+sleep 0.6; mark; move_to 60 900
+t0=$(today_seconds)
+printf '%s\n' '{"session_id":"e2e-1","transcript_path":"/nonexistent/e2e.jsonl","cwd":"/home/dev/api","hook_event_name":"Notification","message":"Claude needs your permission to use Bash","notification_type":"permission_prompt"}' >>"$events"
+t=$(wait_for "claude alerts: permission_prompt in api" 2)
+expect_below "$(echo "$t - $t0" | bc -l)" 1.0 "the alert must reach the notch within a second"
+sleep 0.6
+is_black $((756 + 92 + 40)) 12 || fail "the notch did not widen for the alert"
+import -window root "$work/alert.png"
+[[ -n "${VANTRELLE_UI_SHOTS:-}" ]] && cp "$work/collapsed.png" "$work/alert.png" "$VANTRELLE_UI_SHOTS/"
+
+echo "ui: hover, leave, click, Escape, click outside and a Claude Code alert behave; shell drawn where expected"

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace vantrelle {
+
+// A live watch; dropping it stops the watching.
+class FileWatch {
+public:
+    virtual ~FileWatch() = default;
+};
+
+// Wakes on changes to one file, without polling.
+class FileWatcher {
+public:
+    virtual ~FileWatcher() = default;
+    // Calls `onChange` on the main thread when the file is written, extended, truncated, deleted or
+    // renamed. Nothing when the file cannot be watched. After a delete or rename the watch is spent.
+    [[nodiscard]] virtual std::unique_ptr<FileWatch> watchFile(const std::filesystem::path& file,
+                                                               std::function<void()> onChange) = 0;
+};
+
+}  // namespace vantrelle

@@ -1,0 +1,230 @@
+#include "agents/ClaudeAlertCenter.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakeOverlayPorts.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::TempDir;
+
+// Hands the test the watcher's callback, which it calls after each real append.
+class ManualWatcher final : public FileWatcher {
+public:
+    std::unique_ptr<FileWatch> watchFile(const std::filesystem::path&, std::function<void()> onChange) override {
+        if (refuse) return nullptr;
+        wake = std::move(onChange);
+        return std::make_unique<FileWatch>();
+    }
+    std::function<void()> wake;
+    bool refuse = false;
+};
+
+class ClaudeAlertCenterTest : public ::testing::Test {
+protected:
+    ClaudeAlertCenter& make(bool demo = false) {
+        center.emplace(ClaudeAlertCenter::Dependencies{
+            events, scheduler, scheduler, activities, notifications, settings, sounds, watcher, [] { return true; },
+            demo, [this](const std::filesystem::path& p) -> std::optional<Date> {
+                auto it = modified.find(p);
+                if (it == modified.end()) return std::nullopt;
+                return it->second;
+            }});
+        messages = notifications.observeMessage(Notifications::claudeNeedsUser,
+                                                [this](const std::string& m) { posted.push_back(m); });
+        return *center;
+    }
+
+    void append(std::string_view text) {
+        std::ofstream(events, std::ios::binary | std::ios::app) << text;
+        watcher.wake();
+    }
+    static std::string notification(std::string_view session, std::string_view type, std::string_view cwd = "/work/api") {
+        return R"({"session_id":")" + std::string(session) + R"(","cwd":")" + std::string(cwd) +
+               R"(","transcript_path":"/t/)" + std::string(session) +
+               R"(.jsonl","hook_event_name":"Notification","notification_type":")" + std::string(type) + "\"}\n";
+    }
+    static std::string stop(std::string_view session, bool active = false) {
+        return R"({"session_id":")" + std::string(session) + R"(","cwd":"/work/api","hook_event_name":"Stop","stop_hook_active":)" +
+               (active ? "true" : "false") + "}\n";
+    }
+    [[nodiscard]] std::optional<LiveActivity::AgentAlert> shown() const {
+        const auto& slot = activities.activity(LiveActivityCenter::Source::agentAlert);
+        if (!slot) return std::nullopt;
+        return *slot->as<LiveActivity::AgentAlert>();
+    }
+
+    TempDir dir;
+    std::filesystem::path events = dir / "data/Vantrelle/claude-events.jsonl";
+    VirtualScheduler scheduler;
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    testing::FakeLoginItem login;
+    AppSettings settings{defaults, notifications, login, scheduler};
+    LiveActivityCenter activities{scheduler};
+    testing::RecordingSounds sounds;
+    ManualWatcher watcher;
+    std::map<std::filesystem::path, Date> modified;
+    std::vector<std::string> posted;
+    Connection messages;
+    std::optional<ClaudeAlertCenter> center;
+};
+
+TEST_F(ClaudeAlertCenterTest, EventsFromBeforeTheLaunchAreNeverReplayed) {
+    dir.write("data/Vantrelle/claude-events.jsonl", notification("old", "permission_prompt"));
+    auto& c = make();
+    c.start();
+    c.readNew();
+    EXPECT_TRUE(c.alerts().empty());
+    append(notification("s1", "permission_prompt"));
+    EXPECT_EQ(c.alerts().size(), 1u);
+}
+
+TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedButWaitingIsUpgraded) {
+    auto& c = make();
+    c.start();
+    append(notification("a", "permission_prompt"));
+    append(notification("a", "idle_prompt"));
+    EXPECT_EQ(c.alerts().at("a").kind, AgentAlertKind::approval);
+    append(notification("b", "idle_prompt"));
+    EXPECT_EQ(c.alerts().at("b").kind, AgentAlertKind::waiting);
+    append(notification("b", "elicitation_dialog"));
+    EXPECT_EQ(c.alerts().at("b").kind, AgentAlertKind::approval);
+    EXPECT_EQ(sounds.played, (std::vector<std::string>{"Ping", "Tink", "Ping"}));
+    EXPECT_EQ(posted.front(), "Claude needs your approval");
+    EXPECT_EQ(posted[1], "Claude is waiting for you");
+}
+
+TEST_F(ClaudeAlertCenterTest, ApprovalIsShownBeforeAnOlderWaitingAndOlderFirstAmongEquals) {
+    auto& c = make();
+    c.start();
+    append(notification("w", "idle_prompt", "/work/web"));
+    scheduler.advance(120);
+    append(notification("a", "permission_prompt", "/work/api/"));
+    EXPECT_EQ(shown(), (LiveActivity::AgentAlert{"api", AgentAlertKind::approval}));
+    append(notification("a2", "permission_prompt", "/work/cli"));
+    EXPECT_EQ(shown()->project, "api");
+    EXPECT_EQ(c.alerts().size(), 3u);
+}
+
+TEST_F(ClaudeAlertCenterTest, ALineSplitOverTwoWritesIsHandledOnceAfterTheSecond) {
+    auto& c = make();
+    c.start();
+    const std::string line = notification("s", "permission_prompt");
+    append(line.substr(0, 25));
+    EXPECT_TRUE(c.alerts().empty());
+    EXPECT_EQ(c.offset(), 0u);
+    append(line.substr(25));
+    EXPECT_EQ(c.alerts().size(), 1u);
+    append("");
+    EXPECT_EQ(sounds.played.size(), 1u);
+}
+
+TEST_F(ClaudeAlertCenterTest, MalformedLinesAreDroppedAndTheRestHandled) {
+    auto& c = make();
+    c.start();
+    append("not json\n[1,2]\n{\"cwd\":\"/x\"}\n\n" + notification("s", "permission_prompt"));
+    EXPECT_EQ(c.alerts().size(), 1u);
+    EXPECT_EQ(c.alerts().at("s").project, "api");
+}
+
+TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
+    settings.setPlaySounds(false);
+    auto& c = make();
+    c.start();
+    append(notification("s", "permission_prompt"));
+    EXPECT_TRUE(c.isSweeping());
+    append(stop("s", true));
+    EXPECT_EQ(c.alerts().size(), 1u);
+    append(stop("s"));
+    EXPECT_TRUE(c.alerts().empty());
+    EXPECT_FALSE(c.isSweeping());
+    EXPECT_FALSE(shown());
+    EXPECT_EQ(activities.current(), (LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::done}}));
+    EXPECT_EQ(posted.back(), "Claude finished in api");
+    EXPECT_TRUE(sounds.played.empty());
+    scheduler.advance(5);
+    EXPECT_FALSE(activities.current());
+
+    append(stop("never-alerted"));  // still flashes and tells the game
+    EXPECT_EQ(posted.back(), "Claude finished in api");
+    EXPECT_TRUE(activities.current().has_value());
+}
+
+TEST_F(ClaudeAlertCenterTest, PromptSubmitClearsTheSession) {
+    auto& c = make();
+    c.start();
+    append(notification("s", "idle_prompt"));
+    append(R"({"session_id":"s","hook_event_name":"UserPromptSubmit"})" "\n");
+    EXPECT_TRUE(c.alerts().empty());
+}
+
+TEST_F(ClaudeAlertCenterTest, SweepDropsAnsweredAndStaleAlerts) {
+    auto& c = make();
+    c.start();
+    append(notification("answered", "permission_prompt"));
+    append(notification("fresh", "permission_prompt"));
+    append(notification("unknown", "idle_prompt"));
+    const Date at = scheduler.now();
+    modified["/t/answered.jsonl"] = at + 2.0;
+    modified["/t/fresh.jsonl"] = at + 1.0;
+    scheduler.advance(2);
+    EXPECT_FALSE(c.alerts().contains("answered"));
+    EXPECT_TRUE(c.alerts().contains("fresh"));
+    EXPECT_TRUE(c.alerts().contains("unknown")) << "an unreadable transcript waits for staleness";
+    scheduler.advance(1800);
+    EXPECT_TRUE(c.alerts().empty());
+    EXPECT_FALSE(c.isSweeping());
+}
+
+TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAreTrimmed) {
+    auto& c = make();
+    c.start();
+    append(notification("a", "permission_prompt"));
+    std::ofstream(events, std::ios::trunc).flush();
+    watcher.wake();  // truncation wakes the watch like any write
+    EXPECT_EQ(c.offset(), 0u);
+    append(notification("b", "permission_prompt"));
+    EXPECT_TRUE(c.alerts().contains("b"));
+
+    std::string big;
+    while (big.size() < 40'000) big += R"({"session_id":"x","hook_event_name":"Other"})" "\n";
+    append(big);
+    EXPECT_EQ(std::filesystem::file_size(events), 0u);
+    EXPECT_EQ(c.offset(), 0u);
+}
+
+TEST_F(ClaudeAlertCenterTest, AFileOfExactly32768BytesIsKept) {
+    auto& c = make();
+    c.start();
+    std::string filler = R"({"session_id":"x","hook_event_name":"Other","pad":")";
+    const std::string tail = "\"}\n";
+    filler += std::string(32'768 - filler.size() - tail.size(), 'p') + tail;
+    ASSERT_EQ(filler.size(), 32'768u);
+    append(filler);
+    EXPECT_EQ(std::filesystem::file_size(events), 32'768u);
+    EXPECT_EQ(c.offset(), 32'768u);
+}
+
+TEST_F(ClaudeAlertCenterTest, DemoModeAndAnUnwatchableFileStayQuiet) {
+    auto& demo = make(true);
+    demo.start();
+    EXPECT_FALSE(watcher.wake);
+    EXPECT_FALSE(std::filesystem::exists(events)) << "demo mode touches nothing";
+
+    watcher.refuse = true;
+    auto& c = make();
+    c.start();
+    EXPECT_TRUE(std::filesystem::exists(events)) << "the events file is made for the hook to append to";
+}
+
+}  // namespace
+}  // namespace vantrelle
