@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QObject>
 #include <QRectF>
 #include <QString>
@@ -30,6 +31,7 @@ class ShellModel final : public QObject {
     Q_PROPERTY(QString tabIcon READ tabIcon NOTIFY stateChanged)
     Q_PROPERTY(QColor tabTint READ tabTint NOTIFY stateChanged)
     Q_PROPERTY(QString headerSubtitle READ headerSubtitle NOTIFY stateChanged)
+    Q_PROPERTY(QString toolView READ toolView NOTIFY stateChanged)
     Q_PROPERTY(QVariantList tabs READ tabs NOTIFY settingsChanged)
     Q_PROPERTY(bool showDock READ showDock NOTIFY settingsChanged)
     Q_PROPERTY(bool glass READ glass NOTIFY settingsChanged)
@@ -62,6 +64,12 @@ public:
     [[nodiscard]] QString tabIcon() const;
     [[nodiscard]] QColor tabTint() const;
     [[nodiscard]] QString headerSubtitle() const;
+    // The QML view of the showing tool; empty while the tool is not built.
+    [[nodiscard]] QString toolView() const { return m_toolViews.value(tab()); }
+    void registerToolView(NotchTab tab, const QString& url) {
+        m_toolViews.insert(QString::fromUtf8(rawValue(tab).data()), url);
+        Q_EMIT stateChanged();
+    }
     [[nodiscard]] QVariantList tabs() const;
     [[nodiscard]] bool showDock() const { return m_settings.showDock(); }
     [[nodiscard]] bool glass() const { return m_settings.glassPanel(); }
@@ -111,6 +119,7 @@ private:
     const Clock& m_clock;
     CollapsedCells m_cells;
     QString m_kind;
+    QHash<QString, QString> m_toolViews;
     QTimer m_tick;  // runs only while the shown activity counts each second
     Connection m_stateConnection;
     Connection m_settingsConnection;

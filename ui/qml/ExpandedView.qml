@@ -52,9 +52,17 @@ Item {
         id: content
         anchors { left: parent.left; right: parent.right; top: header.bottom; bottom: rail.visible ? rail.top : parent.bottom
                   margins: 16 }
+        Loader {
+            id: toolLoader
+            anchors.fill: parent
+            source: Shell.toolView
+            active: Shell.toolView !== ""
+            opacity: tool.opacity
+        }
         EmptyToolView {
             id: tool
             anchors.fill: parent
+            visible: !toolLoader.active
             title: Shell.tabTitle
             blurb: Shell.tabBlurb
             glyph: Shell.tabIcon
