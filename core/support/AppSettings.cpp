@@ -120,36 +120,31 @@ void AppSettings::storeEnabledTabs() {
 
 void AppSettings::stored(std::string_view property) { changed.emit(property); }
 
+template <typename T>
+void AppSettings::write(T& field, T value, std::string_view key, std::string_view property) {
+    field = value;
+    m_defaults.set(key, value);
+    stored(property.empty() ? key : property);
+}
+
 void AppSettings::setSettingsTab(SettingsTab tab) {
     m_settingsTab = tab;
     stored("settingsTab");
 }
 
-void AppSettings::setHoverDelay(double seconds) {
-    m_hoverDelay = seconds;
-    m_defaults.set("hoverDelay", seconds);
-    stored("hoverDelay");
-}
+void AppSettings::setHoverDelay(double seconds) { write(m_hoverDelay, seconds, "hoverDelay"); }
 
 void AppSettings::setSimulateNotch(bool on) {
-    m_simulateNotch = on;
-    m_defaults.set("simulateNotch", on);
-    stored("simulateNotch");
+    write(m_simulateNotch, on, "simulateNotch");
     m_notifications.post(Notifications::notchGeometrySettingsChanged);
 }
 
 void AppSettings::setHideInFullScreen(bool on) {
-    m_hideInFullScreen = on;
-    m_defaults.set("hideInFullScreen", on);
-    stored("hideInFullScreen");
+    write(m_hideInFullScreen, on, "hideInFullScreen");
     m_notifications.post(Notifications::notchGeometrySettingsChanged);
 }
 
-void AppSettings::setQuietDuringCalls(bool on) {
-    m_quietDuringCalls = on;
-    m_defaults.set("quietDuringCalls", on);
-    stored("quietDuringCalls");
-}
+void AppSettings::setQuietDuringCalls(bool on) { write(m_quietDuringCalls, on, "quietDuringCalls"); }
 
 void AppSettings::setAppearance(Appearance appearance) {
     m_appearance = appearance;
@@ -158,45 +153,23 @@ void AppSettings::setAppearance(Appearance appearance) {
     m_notifications.post(Notifications::notchAppearanceChanged);
 }
 
-void AppSettings::setGlassPanel(bool on) {
-    m_glassPanel = on;
-    m_defaults.set("glassPanel", on);
-    stored("glassPanel");
-}
+void AppSettings::setGlassPanel(bool on) { write(m_glassPanel, on, "glassPanel"); }
 
-void AppSettings::setShowDock(bool on) {
-    m_showDock = on;
-    m_defaults.set("showDock", on);
-    stored("showDock");
-}
+void AppSettings::setShowDock(bool on) { write(m_showDock, on, "showDock"); }
 
-void AppSettings::setAddDownloadsToShelf(bool on) {
-    m_addDownloadsToShelf = on;
-    m_defaults.set("addDownloadsToShelf", on);
-    stored("addDownloadsToShelf");
-}
+void AppSettings::setAddDownloadsToShelf(bool on) { write(m_addDownloadsToShelf, on, "addDownloadsToShelf"); }
 
 void AppSettings::setAddScreenshotsToShelf(bool on) {
-    m_addScreenshotsToShelf = on;
-    m_defaults.set("addScreenshotsToShelf", on);
-    stored("addScreenshotsToShelf");
+    write(m_addScreenshotsToShelf, on, "addScreenshotsToShelf");
     // The watcher reads this setting while it applies; run it after the write has finished.
     m_scheduler.post([this] {
         if (onScreenshotsToShelfChanged) onScreenshotsToShelfChanged();
     });
 }
 
-void AppSettings::setMeetingHeadsUp(bool on) {
-    m_meetingHeadsUp = on;
-    m_defaults.set("meetingHeadsUp", on);
-    stored("meetingHeadsUp");
-}
+void AppSettings::setMeetingHeadsUp(bool on) { write(m_meetingHeadsUp, on, "meetingHeadsUp"); }
 
-void AppSettings::setWrappedReminders(bool on) {
-    m_wrappedReminders = on;
-    m_defaults.set("wrappedReminders", on);
-    stored("wrappedReminders");
-}
+void AppSettings::setWrappedReminders(bool on) { write(m_wrappedReminders, on, "wrappedReminders"); }
 
 void AppSettings::setDashboardTiles(std::vector<DashTile> tiles) {
     m_dashboardTiles = normalizedDashTiles(tiles);
@@ -204,77 +177,29 @@ void AppSettings::setDashboardTiles(std::vector<DashTile> tiles) {
     stored("dashboardTiles");
 }
 
-void AppSettings::setMeetingHeadsUpMinutes(std::int64_t minutes) {
-    m_meetingHeadsUpMinutes = minutes;
-    m_defaults.set("meetingHeadsUpMinutes", minutes);
-    stored("meetingHeadsUpMinutes");
-}
+void AppSettings::setMeetingHeadsUpMinutes(std::int64_t minutes) { write(m_meetingHeadsUpMinutes, minutes, "meetingHeadsUpMinutes"); }
 
-void AppSettings::setAiBlockTokenBudget(std::int64_t tokens) {
-    m_aiBlockTokenBudget = tokens;
-    m_defaults.set("aiBlockTokenBudget", tokens);
-    stored("aiBlockTokenBudget");
-}
+void AppSettings::setAiBlockTokenBudget(std::int64_t tokens) { write(m_aiBlockTokenBudget, tokens, "aiBlockTokenBudget"); }
 
-void AppSettings::setAiLiveActivity(bool on) {
-    m_aiLiveActivity = on;
-    m_defaults.set("aiLiveActivity", on);
-    stored("aiLiveActivity");
-}
+void AppSettings::setAiLiveActivity(bool on) { write(m_aiLiveActivity, on, "aiLiveActivity"); }
 
-void AppSettings::setFocusMinutes(std::int64_t minutes) {
-    m_focusMinutes = minutes;
-    m_defaults.set("focusMinutes", minutes);
-    stored("focusMinutes");
-}
+void AppSettings::setFocusMinutes(std::int64_t minutes) { write(m_focusMinutes, minutes, "focusMinutes"); }
 
-void AppSettings::setBreakMinutes(std::int64_t minutes) {
-    m_breakMinutes = minutes;
-    m_defaults.set("breakMinutes", minutes);
-    stored("breakMinutes");
-}
+void AppSettings::setBreakMinutes(std::int64_t minutes) { write(m_breakMinutes, minutes, "breakMinutes"); }
 
-void AppSettings::setLongBreakMinutes(std::int64_t minutes) {
-    m_longBreakMinutes = minutes;
-    m_defaults.set("longBreakMinutes", minutes);
-    stored("longBreakMinutes");
-}
+void AppSettings::setLongBreakMinutes(std::int64_t minutes) { write(m_longBreakMinutes, minutes, "longBreakMinutes"); }
 
-void AppSettings::setQuickTimerMinutes(std::int64_t minutes) {
-    m_quickTimerMinutes = minutes;
-    m_defaults.set("quickTimerMinutes", minutes);
-    stored("quickTimerMinutes");
-}
+void AppSettings::setQuickTimerMinutes(std::int64_t minutes) { write(m_quickTimerMinutes, minutes, "quickTimerMinutes"); }
 
-void AppSettings::setCustomTimerMinutes(std::int64_t minutes) {
-    m_customTimerMinutes = minutes;
-    m_defaults.set("customTimerMinutes", minutes);
-    stored("customTimerMinutes");
-}
+void AppSettings::setCustomTimerMinutes(std::int64_t minutes) { write(m_customTimerMinutes, minutes, "customTimerMinutes"); }
 
-void AppSettings::setWorkdayStartMinutes(std::int64_t minutes) {
-    m_workdayStartMinutes = minutes;
-    m_defaults.set("workdayStart", minutes);
-    stored("workdayStartMinutes");
-}
+void AppSettings::setWorkdayStartMinutes(std::int64_t minutes) { write(m_workdayStartMinutes, minutes, "workdayStart", "workdayStartMinutes"); }
 
-void AppSettings::setWorkdayEndMinutes(std::int64_t minutes) {
-    m_workdayEndMinutes = minutes;
-    m_defaults.set("workdayEnd", minutes);
-    stored("workdayEndMinutes");
-}
+void AppSettings::setWorkdayEndMinutes(std::int64_t minutes) { write(m_workdayEndMinutes, minutes, "workdayEnd", "workdayEndMinutes"); }
 
-void AppSettings::setPlaySounds(bool on) {
-    m_playSounds = on;
-    m_defaults.set("playSounds", on);
-    stored("playSounds");
-}
+void AppSettings::setPlaySounds(bool on) { write(m_playSounds, on, "playSounds"); }
 
-void AppSettings::setSessionNotifications(bool on) {
-    m_sessionNotifications = on;
-    m_defaults.set("sessionNotifications", on);
-    stored("sessionNotifications");
-}
+void AppSettings::setSessionNotifications(bool on) { write(m_sessionNotifications, on, "sessionNotifications"); }
 
 void AppSettings::setLaunchAtLogin(bool on) {
     // A failure is swallowed; the getter reads the platform's true state.

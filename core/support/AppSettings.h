@@ -115,6 +115,9 @@ private:
     void loadEnabledTabs();
     void storeEnabledTabs();
     void stored(std::string_view property);
+    // Assigns, stores under `key` and announces the property (named like its key unless given).
+    template <typename T>
+    void write(T& field, T value, std::string_view key, std::string_view property = {});
 
     DefaultsStore& m_defaults;
     NotificationCenter& m_notifications;
