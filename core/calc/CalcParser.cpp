@@ -93,6 +93,7 @@ CalcValue CalcParser::parseTerm() {
 }
 
 CalcValue CalcParser::parsePower() {
+    DepthGuard guard(m_depth);  // "2^2^2^…" nests to the right
     const CalcValue base = parseUnary();
     if (!nextIsOp('^')) return base;
     ++m_at;
@@ -101,7 +102,7 @@ CalcValue CalcParser::parsePower() {
 }
 
 CalcValue CalcParser::parseUnary() {
-    // Every way the grammar nests (parentheses, unary signs, powers, function arguments) passes here.
+    // Parentheses, unary signs and function arguments all nest through here.
     DepthGuard guard(m_depth);
     if (nextIsOp('-')) {
         ++m_at;

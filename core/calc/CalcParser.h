@@ -28,7 +28,7 @@ struct CalcValue {
 // the stack.
 class CalcParser {
 public:
-    static constexpr int maxDepth = 200;
+    static constexpr int maxDepth = 500;  // levels of the depth guard: about 250 nested parentheses
     struct TooDeep : std::exception {
         [[nodiscard]] const char* what() const noexcept override { return "expression nested too deeply"; }
     };

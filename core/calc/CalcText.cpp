@@ -1,5 +1,10 @@
 #include "calc/CalcText.h"
 
+#include <charconv>
+#include <clocale>
+#include <cstdlib>
+#include <locale.h>
+
 namespace vantrelle {
 
 CalcText::CodePoint CalcText::decode(std::string_view text, std::size_t at) {
@@ -117,6 +122,21 @@ std::string CalcText::collapsedSpaces(std::string_view text) {
         at += cp.length;
     }
     return out;
+}
+
+std::optional<double> CalcText::parseDouble(std::string_view text) {
+    double value = 0;
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    const auto [stop, error] = std::from_chars(begin, end, value);
+    if (stop != end || text.empty()) return std::nullopt;
+    if (error == std::errc()) return value;
+    if (error != std::errc::result_out_of_range) return std::nullopt;
+    // from_chars leaves the value alone when out of range; strtod in the C locale gives ±HUGE_VAL or
+    // the nearest small value, as a calculator should.
+    static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+    const std::string copy(text);
+    return strtod_l(copy.c_str(), nullptr, cLocale);
 }
 
 }  // namespace vantrelle

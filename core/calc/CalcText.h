@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,10 @@ public:
     [[nodiscard]] static std::string_view trimmed(std::string_view text);
     // Replaces every run of white space with one blank.
     [[nodiscard]] static std::string collapsedSpaces(std::string_view text);
+
+    // The whole text as a number in C syntax, whatever the process locale; magnitudes beyond the range
+    // of a double become infinity or zero. Nothing when the text isn't a number.
+    [[nodiscard]] static std::optional<double> parseDouble(std::string_view text);
 };
 
 }  // namespace vantrelle

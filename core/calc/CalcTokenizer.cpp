@@ -1,7 +1,5 @@
 #include "calc/CalcTokenizer.h"
 
-#include <charconv>
-
 #include "calc/CalcError.h"
 #include "calc/CalcText.h"
 
@@ -40,12 +38,9 @@ CalcToken readNumber(std::string_view text, std::size_t& at) {
         }
     }
     const std::string source(text.substr(start, at - start));
-    // from_chars takes no leading "+" in the exponent; drop it.
-    if (auto plus = digits.find("e+"); plus != std::string::npos) digits.erase(plus + 1, 1);
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error != std::errc() || end != digits.data() + digits.size()) throw CalcError::unexpected(source);
-    return CalcToken{CalcToken::Type::number, value, source};
+    const auto value = CalcText::parseDouble(digits);
+    if (!value) throw CalcError::unexpected(source);
+    return CalcToken{CalcToken::Type::number, *value, source};
 }
 
 CalcToken readIdentifier(std::string_view text, std::size_t& at) {

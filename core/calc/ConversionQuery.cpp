@@ -1,7 +1,6 @@
 #include "calc/ConversionQuery.h"
 
 #include <array>
-#include <charconv>
 #include <vector>
 
 #include "calc/CalcText.h"
@@ -88,8 +87,9 @@ std::optional<SplitAmount> SplitAmount::parse(std::string_view source) {
             while (isDigit(source, at)) number.push_back(source[at++]);
         }
     }
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), result.amount);
-    if (error != std::errc() || end != number.data() + number.size()) return std::nullopt;
+    const auto amount = CalcText::parseDouble(number);
+    if (!amount) return std::nullopt;
+    result.amount = *amount;
 
     at = skipSpaces(source, at);
     result.rest = std::string(source.substr(at));
