@@ -49,7 +49,7 @@ std::optional<CalcResult> parseUnit(std::string_view normalized) {
     const auto query = ConversionQuery::split(normalized);
     if (!query) return std::nullopt;
     const auto amount = SplitAmount::parse(query->source);
-    if (!amount || !amount->symbol.empty()) return std::nullopt;
+    if (!amount) return std::nullopt;
     const UnitTable::Unit* from = UnitTable::unitFor(amount->rest);
     const UnitTable::Unit* to = UnitTable::unitFor(query->target);
     if (!from || !to) return std::nullopt;
