@@ -12,6 +12,7 @@
 #include "QtProcessRunner.h"
 #include "ThreadQueue.h"
 #include "XdgAutostart.h"
+#include "TestApplication.h"
 #include "fakes/TempDir.h"
 
 namespace vantrelle {
@@ -30,12 +31,7 @@ bool spinUntil(Done done, int limitMs = 5000) {
 
 class QtAdapters : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "linux_tests";
-        static char* argv[] = {name, nullptr};
-        if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { testing::testApplication(); }
 };
 
 TEST_F(QtAdapters, MainSchedulerRunsPostedAndDueWorkAndHonoursCancellation) {

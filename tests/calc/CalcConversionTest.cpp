@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include "calc/CalcEngine.h"
+#include "calc/ConversionQuery.h"
+#include "calc/CurrencyNames.h"
+#include "calc/UnitTable.h"
+
+namespace vantrelle {
+namespace {
+
+RatesTable sampleRates() {
+    return *RatesTable::parse(R"({"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8,"JPY":150}})",
+                              Date{1'800'000'000.0});
+}
+
+CalcResult eval(std::string_view text, const RatesTable* rates = nullptr) {
+    return CalcEngine::evaluate(text, std::nullopt, rates);
+}
+
+TEST(ConversionQuery, SplitsAtTheLastConnectiveButNeverTheFirstWord) {
+    EXPECT_EQ(ConversionQuery::split("100 km in miles"), (ConversionQuery{"100 km", "miles"}));
+    EXPECT_EQ(ConversionQuery::split("5 in in cm"), (ConversionQuery{"5 in", "cm"}));
+    EXPECT_EQ(ConversionQuery::split("10 usd to us dollars"), (ConversionQuery{"10 usd", "us dollars"}));
+    EXPECT_EQ(ConversionQuery::split("1 kg as lb"), (ConversionQuery{"1 kg", "lb"}));
+    EXPECT_FALSE(ConversionQuery::split("5 km"));
+    EXPECT_FALSE(ConversionQuery::split("in 5 km"));
+    EXPECT_FALSE(ConversionQuery::split("5 km in"));
+    EXPECT_FALSE(ConversionQuery::split("20% of 150"));
+}
+
+TEST(SplitAmount, SymbolAmountAndRest) {
+    EXPECT_EQ(SplitAmount::parse("$1,200.50"), (SplitAmount{"$", 1200.5, ""}));
+    EXPECT_EQ(SplitAmount::parse("€ 5"), (SplitAmount{"€", 5, ""}));
+    EXPECT_EQ(SplitAmount::parse("5 km"), (SplitAmount{"", 5, "km"}));
+    EXPECT_EQ(SplitAmount::parse("5km"), (SplitAmount{"", 5, "km"}));
+    EXPECT_EQ(SplitAmount::parse("-40 f"), (SplitAmount{"", -40, "f"}));
+    EXPECT_EQ(SplitAmount::parse("2.5e3 m"), (SplitAmount{"", 2500, "m"}));
+    EXPECT_EQ(SplitAmount::parse("3 eur"), (SplitAmount{"", 3, "eur"}));
+    EXPECT_EQ(SplitAmount::parse("100 rs."), (SplitAmount{"", 100, "rs."}));
+    EXPECT_FALSE(SplitAmount::parse("km"));
+    EXPECT_FALSE(SplitAmount::parse(".5 km"));
+    EXPECT_FALSE(SplitAmount::parse("$"));
+}
+
+TEST(UnitConversion, AnswerAndDetail) {
+    const CalcResult km = eval("5 km in mi");
+    EXPECT_EQ(km.kind, CalcResult::Kind::unit);
+    EXPECT_EQ(km.display, "3.106856 mi");
+    EXPECT_EQ(km.detail, "5 km = 3.106856 mi · 1 km = 0.621371 mi");
+    EXPECT_DOUBLE_EQ(*km.value, 5000 / 1609.344);
+
+    EXPECT_EQ(eval("100 km in miles").display, "62.137119 miles");
+    EXPECT_EQ(eval("5 in in cm").display, "12.7 cm");
+    EXPECT_EQ(eval("5 km → mi").display, "3.106856 mi");
+    EXPECT_EQ(eval("1 kg as lbs").display, "2.204623 lbs");
+    EXPECT_EQ(eval("1,500 g to kg").display, "1.5 kg");
+    EXPECT_EQ(eval("1 gal in l").display, "3.785412 l");
+    EXPECT_EQ(eval("1 kib in b").display, "1,024 b");
+    EXPECT_EQ(eval("1 wk in h").display, "168 h");
+    EXPECT_EQ(eval("10 m/s in km/h").display, "36 km/h");
+    EXPECT_EQ(eval("1 acre in sqft").display, "43,560 sqft");
+    EXPECT_EQ(eval("1 m² in sqft").display, "10.76391 sqft");
+    EXPECT_EQ(eval("1 knot in km/h").display, "1.852 km/h");
+    EXPECT_EQ(eval("1 kcal in kj").display, "4.184 kj");
+    EXPECT_EQ(eval("12\" in cm").display, "30.48 cm");
+    EXPECT_EQ(eval("3' in in").display, "36 in");
+    EXPECT_EQ(eval("1 mm in mi").detail, "1 mm = 6.21371e-7 mi · 1 mm = 6.21371e-7 mi");
+}
+
+TEST(UnitConversion, TemperatureGoesThroughItsOffset) {
+    const CalcResult boiling = eval("100 c in f");
+    EXPECT_EQ(boiling.display, "212 f");
+    EXPECT_EQ(boiling.detail, "100 c = 212 f");  // no factor for an affine scale
+    EXPECT_EQ(eval("-40 f to celsius").display, "-40 celsius");
+    EXPECT_EQ(eval("0 kelvin in c").display, "-273.15 c");
+    EXPECT_EQ(eval("98.6 degf in degc").display, "37 degc");
+}
+
+TEST(UnitConversion, UnknownNamesFallThrough) {
+    // Not a conversion: the expression stage gets the line and explains it.
+    EXPECT_EQ(eval("5 parsec in km").display, "Unexpected 'parsec'");
+    EXPECT_EQ(eval("5 km in parsec").display, "Unexpected 'km'");
+    EXPECT_EQ(eval("5 ft in kg").display, "Can't convert ft to kg");
+}
+
+TEST(UnitTable, EveryAliasNamesAUnitAndNamesAreUnique) {
+    std::set<std::string_view> seen;
+    for (const auto& alias : UnitTable::aliases()) {
+        EXPECT_NE(UnitTable::unitFor(alias.name), nullptr) << alias.name;
+        EXPECT_TRUE(seen.insert(alias.name).second) << alias.name;
+    }
+    for (const auto& unit : UnitTable::units()) EXPECT_EQ(UnitTable::unitFor(unit.name), &unit) << unit.name;
+}
+
+TEST(CurrencyNames, AliasesCodesAndKnownCodes) {
+    EXPECT_EQ(CurrencyNames::aliases().size(), 64u);
+    EXPECT_EQ(CurrencyNames::knownCodes().size(), 28u);
+    EXPECT_EQ(CurrencyNames::currencyCode("€"), "EUR");
+    EXPECT_EQ(CurrencyNames::currencyCode("Euros"), "EUR");
+    EXPECT_EQ(CurrencyNames::currencyCode("us dollars"), "USD");
+    EXPECT_EQ(CurrencyNames::currencyCode("rs."), "INR");
+    EXPECT_EQ(CurrencyNames::currencyCode("sek"), "SEK");
+    EXPECT_EQ(CurrencyNames::currencyCode("SGD"), "SGD");
+    EXPECT_FALSE(CurrencyNames::currencyCode("xyz"));  // three letters, but not a code we know
+    EXPECT_FALSE(CurrencyNames::currencyCode("kg"));
+    EXPECT_FALSE(CurrencyNames::currencyCode(""));
+}
+
+TEST(CurrencyQuery, RecognisedBeforeUnits) {
+    EXPECT_EQ(CalcEngine::parseCurrency("10 pounds in euro"), (CalcEngine::CurrencyQuery{10, "GBP", "EUR"}));
+    EXPECT_FALSE(CalcEngine::parseCurrency("10 pounds in kg"));
+    EXPECT_EQ(CalcEngine::parseCurrency("$10 in eur"), (CalcEngine::CurrencyQuery{10, "USD", "EUR"}));
+    EXPECT_EQ(CalcEngine::parseCurrency("£2,000 to us dollars"), (CalcEngine::CurrencyQuery{2000, "GBP", "USD"}));
+    EXPECT_EQ(CalcEngine::parseCurrency("$5 usd in yen"), (CalcEngine::CurrencyQuery{5, "USD", "JPY"}));
+    EXPECT_FALSE(CalcEngine::parseCurrency("10 in eur"));   // no source currency
+    EXPECT_FALSE(CalcEngine::parseCurrency("usd in eur"));  // no amount
+    EXPECT_FALSE(CalcEngine::parseCurrency("10 usd in xyz"));
+
+    const RatesTable rates = sampleRates();
+    const CalcResult money = eval("10 pounds in euro", &rates);
+    EXPECT_EQ(money.kind, CalcResult::Kind::currency);
+    EXPECT_EQ(money.display, "11.25 EUR");
+    EXPECT_DOUBLE_EQ(*money.value, 11.25);
+    EXPECT_EQ(money.detail, "1 GBP = 1.125 EUR · 1/3/25");
+
+    const CalcResult weight = eval("10 pounds in kg", &rates);
+    EXPECT_EQ(weight.kind, CalcResult::Kind::unit);
+    EXPECT_EQ(weight.display, "4.535924 kg");
+}
+
+TEST(CurrencyQuery, AnswersFromTheTable) {
+    const RatesTable rates = sampleRates();
+    EXPECT_EQ(eval("$10 in eur", &rates).display, "9 EUR");
+    EXPECT_EQ(eval("100 EUR to USD", &rates).display, "111.11 USD");
+    EXPECT_EQ(eval("1,000 yen in us dollars", &rates).display, "6.67 USD");
+    EXPECT_EQ(eval("5 usd to usd", &rates).detail, "1 USD = 1 USD · 1/3/25");
+    // Known codes the table doesn't carry, and no table at all.
+    EXPECT_EQ(eval("10 usd in chf", &rates).display, "Rates unavailable right now");
+    EXPECT_EQ(eval("10 usd in chf", &rates).kind, CalcResult::Kind::error);
+    EXPECT_EQ(eval("10 usd in eur").display, "Rates unavailable right now");
+}
+
+TEST(PercentPhrase, TheThreeSentences) {
+    const CalcResult of = eval("20% of 50");
+    EXPECT_EQ(of.kind, CalcResult::Kind::percent);
+    EXPECT_EQ(of.display, "10");
+    EXPECT_EQ(of.detail, "20% of 50");
+    EXPECT_DOUBLE_EQ(*of.value, 10);
+    EXPECT_EQ(eval("20 % of 50").detail, "20% of 50");
+    EXPECT_EQ(eval("20% of 150").display, "30");
+    EXPECT_EQ(eval("10+10% of 2*25").display, "10");  // each side is an expression
+
+    const CalcResult what = eval("15 is what % of 60");
+    EXPECT_EQ(what.kind, CalcResult::Kind::percent);
+    EXPECT_EQ(what.display, "25%");
+    EXPECT_DOUBLE_EQ(*what.value, 25);
+    EXPECT_EQ(what.detail, "15 of 60");
+    EXPECT_EQ(eval("15 as percentage of 60").display, "25%");
+    EXPECT_EQ(eval("15 is percent of 60").display, "25%");
+    EXPECT_EQ(eval("1 is what percent of 3").display, "33.333333%");
+
+    const CalcResult off = eval("20% off 50");
+    EXPECT_EQ(off.display, "40");
+    EXPECT_EQ(off.detail, "50 with 20% off · saves 10");
+    EXPECT_EQ(off.kind, CalcResult::Kind::percent);
+
+    EXPECT_EQ(eval("ans% of 200").display, "Unknown 'ans'");
+    EXPECT_EQ(CalcEngine::evaluate("ans% of 200", 10, nullptr).display, "20");
+    EXPECT_EQ(eval("5 is what % of 0").display, "Division by zero");
+    EXPECT_EQ(eval("abc% of 5").display, "Unknown 'abc'");
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,248 @@
+#include "calc/RatesService.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/FakeHttpClient.h"
+#include "platform/VirtualScheduler.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::FakeHttpClient;
+
+constexpr const char* kResponse = R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
+constexpr const char* kOlderResponse = R"({"base":"USD","date":"2024-12-01","rates":{"EUR":0.95}})";
+
+class RatesServiceTest : public ::testing::Test {
+protected:
+    RatesService& service() {
+        if (!m_service) m_service.emplace(http, defaults, scheduler, environment);
+        return *m_service;
+    }
+    // A fresh process: nothing in memory, the same defaults.
+    RatesService& restart() {
+        m_service.reset();
+        return service();
+    }
+
+    // Asks for a rate and runs the main queue; the answer, or nullopt inside if none came yet.
+    std::optional<std::optional<RateQuote>> ask(std::string_view from, std::string_view to) {
+        auto answer = std::make_shared<std::optional<std::optional<RateQuote>>>();
+        service().rate(from, to, [answer](std::optional<RateQuote> quote) { *answer = quote; });
+        scheduler.runUntilIdle();
+        return *answer;
+    }
+
+    void storeInDefaults(const std::string& json, Date fetchedAt) {
+        defaults.set(RatesService::cacheKey, json);
+        defaults.set(RatesService::fetchedAtKey, fetchedAt.seconds);
+    }
+
+    VirtualScheduler scheduler;
+    FakeHttpClient http{scheduler};
+    MemoryDefaultsStore defaults;
+    MapEnvironment environment;
+
+private:
+    std::optional<RatesService> m_service;
+};
+
+TEST_F(RatesServiceTest, FetchesOnceAndStoresTheRawResponse) {
+    std::optional<RateQuote> answer;
+    bool answered = false;
+    service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) {
+        answer = quote;
+        answered = true;
+    });
+    ASSERT_EQ(http.requests().size(), 1u);
+    EXPECT_EQ(http.requests()[0].url, "https://api.frankfurter.app/latest?from=USD");
+    EXPECT_DOUBLE_EQ(http.requests()[0].timeoutSeconds, 8);
+    EXPECT_TRUE(service().isFetching());
+    EXPECT_FALSE(answered);
+
+    http.reply(200, kResponse, 0.3);
+    scheduler.advance(0.3);
+    ASSERT_TRUE(answered);
+    ASSERT_TRUE(answer);
+    EXPECT_DOUBLE_EQ(answer->rate, 0.9);
+    EXPECT_EQ(answer->asOf, "2025-01-03");
+    EXPECT_FALSE(service().isFetching());
+    EXPECT_EQ(defaults.string(RatesService::cacheKey), kResponse);
+    EXPECT_DOUBLE_EQ(*defaults.real(RatesService::fetchedAtKey), scheduler.now().seconds);
+    ASSERT_TRUE(service().memo());
+    EXPECT_DOUBLE_EQ(service().memo()->rates.at("USD"), 1);
+}
+
+TEST_F(RatesServiceTest, EnvironmentHookReplacesTheBase) {
+    environment.set("VANTRELLE_RATES_URL", "http://127.0.0.1:8123/");
+    (void)ask("USD", "EUR");
+    ASSERT_EQ(http.requests().size(), 1u);
+    EXPECT_EQ(http.requests()[0].url, "http://127.0.0.1:8123/latest?from=USD");
+}
+
+TEST_F(RatesServiceTest, CallsDuringAFetchShareIt) {
+    int answers = 0;
+    for (int i = 0; i < 3; ++i) service().rate("EUR", "GBP", [&](std::optional<RateQuote> quote) {
+        EXPECT_TRUE(quote);
+        ++answers;
+    });
+    EXPECT_EQ(http.requests().size(), 1u);
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+    EXPECT_EQ(answers, 3);
+}
+
+TEST_F(RatesServiceTest, MemoryAnswersForTwelveHoursThenItFetchesAgain) {
+    (void)ask("USD", "EUR");
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+
+    scheduler.advance(RatesService::ttl - 1);
+    auto cached = ask("GBP", "EUR");
+    ASSERT_TRUE(cached && *cached);
+    EXPECT_DOUBLE_EQ((*cached)->rate, 0.9 / 0.8);
+    EXPECT_EQ(http.requests().size(), 1u);
+
+    scheduler.advance(1);
+    EXPECT_FALSE(ask("USD", "EUR"));  // waits for the new fetch
+    EXPECT_EQ(http.requests().size(), 2u);
+}
+
+TEST_F(RatesServiceTest, FreshDefaultsServeANewProcessWithoutARequest) {
+    storeInDefaults(kResponse, scheduler.now() - 3600);
+    auto answer = ask("USD", "GBP");
+    ASSERT_TRUE(answer && *answer);
+    EXPECT_DOUBLE_EQ((*answer)->rate, 0.8);
+    EXPECT_TRUE(http.requests().empty());
+    EXPECT_EQ(service().memo()->fetchedAt, scheduler.now() - 3600);
+}
+
+TEST_F(RatesServiceTest, PersistsAcrossRestarts) {
+    (void)ask("USD", "EUR");
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+    scheduler.advance(600);
+
+    restart();
+    auto answer = ask("USD", "EUR");
+    ASSERT_TRUE(answer && *answer);
+    EXPECT_EQ(http.requests().size(), 1u);
+}
+
+TEST_F(RatesServiceTest, OldRatesStillAnswerWhenTheFetchFails) {
+    storeInDefaults(kOlderResponse, scheduler.now() - 5 * RatesService::ttl);
+    EXPECT_FALSE(ask("USD", "EUR"));
+    ASSERT_EQ(http.requests().size(), 1u);
+    http.fail("timed out", RatesService::requestTimeout);
+    scheduler.advance(RatesService::requestTimeout);
+
+    ASSERT_TRUE(service().memo());
+    auto answer = service().memo()->rate("USD", "EUR");
+    ASSERT_TRUE(answer);
+    EXPECT_DOUBLE_EQ(answer->rate, 0.95);
+    EXPECT_EQ(answer->asOf, "2024-12-01");
+    // The old table stays stored as it was.
+    EXPECT_EQ(defaults.string(RatesService::cacheKey), kOlderResponse);
+}
+
+TEST_F(RatesServiceTest, AfterTwelveHoursOfflineTheMemoStillAnswers) {
+    (void)ask("USD", "EUR");
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+    defaults.remove(RatesService::cacheKey);  // even with nothing in the defaults
+
+    scheduler.advance(RatesService::ttl + 60);
+    std::optional<RateQuote> answer;
+    service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+    http.reply(503, "busy");
+    scheduler.runUntilIdle();
+    ASSERT_TRUE(answer);
+    EXPECT_DOUBLE_EQ(answer->rate, 0.9);
+}
+
+TEST_F(RatesServiceTest, ResponsesThatDontParseAreNotStored) {
+    for (const char* body : {"not json", "[]", R"({"rates":{"EUR":1}})", R"({"date":"2025-01-03","rates":[]})",
+                             R"({"date":5,"rates":{}})"}) {
+        std::optional<std::optional<RateQuote>> answer;
+        service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+        http.reply(200, body);
+        scheduler.runUntilIdle();
+        ASSERT_TRUE(answer) << body;
+        EXPECT_FALSE(*answer) << body;
+        EXPECT_FALSE(defaults.string(RatesService::cacheKey)) << body;
+    }
+}
+
+TEST_F(RatesServiceTest, UnparsableStoredValueCountsAsMissing) {
+    storeInDefaults("{truncated", scheduler.now() - 60);
+    EXPECT_FALSE(ask("USD", "EUR"));
+    EXPECT_EQ(http.requests().size(), 1u);  // not fresh: it isn't a table at all
+    http.fail();
+    scheduler.runUntilIdle();
+    EXPECT_FALSE(service().memo());
+
+    defaults.set(RatesService::cacheKey, std::int64_t{42});  // a value of the wrong type
+    EXPECT_FALSE(ask("USD", "EUR"));
+    EXPECT_EQ(http.requests().size(), 2u);
+}
+
+TEST_F(RatesServiceTest, NothingAnywhereGivesNoRate) {
+    std::optional<std::optional<RateQuote>> answer;
+    service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+    http.fail("no route to host");
+    scheduler.runUntilIdle();
+    ASSERT_TRUE(answer);
+    EXPECT_FALSE(*answer);
+}
+
+TEST_F(RatesServiceTest, DollarToDollarIsOneWithoutATableEntry) {
+    (void)ask("USD", "USD");
+    http.reply(200, R"({"date":"2025-01-03","rates":{}})");
+    scheduler.runUntilIdle();
+    auto answer = ask("USD", "USD");
+    ASSERT_TRUE(answer && *answer);
+    EXPECT_DOUBLE_EQ((*answer)->rate, 1);
+
+    RatesTable empty;
+    EXPECT_EQ(empty.rate("USD", "USD"), (RateQuote{1, ""}));
+    EXPECT_FALSE(empty.rate("USD", "EUR"));
+}
+
+TEST_F(RatesServiceTest, RateNeedsBothCodesAndAPositiveSource) {
+    auto table = RatesTable::parse(R"({"date":"2025-01-03","rates":{"EUR":0,"GBP":0.8,"JPY":"x"}})", Date{});
+    ASSERT_TRUE(table);
+    EXPECT_FALSE(table->rate("EUR", "GBP"));  // source rate 0
+    EXPECT_TRUE(table->rate("GBP", "EUR"));
+    EXPECT_FALSE(table->rate("JPY", "USD"));  // not a number: left out
+    EXPECT_FALSE(table->rate("CHF", "USD"));
+}
+
+TEST_F(RatesServiceTest, ChangedFiresWhenTheTableChanges) {
+    int changes = 0;
+    auto connection = service().changed.connect([&] { ++changes; });
+    (void)ask("USD", "EUR");
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+    EXPECT_EQ(changes, 1);
+    (void)ask("USD", "EUR");
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(RatesServiceTest, AReplyAfterTheServiceIsGoneIsIgnored) {
+    (void)ask("USD", "EUR");
+    restart();
+    http.reply(200, kResponse);
+    scheduler.runUntilIdle();
+    EXPECT_FALSE(defaults.string(RatesService::cacheKey));
+}
+
+TEST(RatesTable, ShortDate) {
+    EXPECT_EQ(RatesTable::shortDate("2025-01-03"), "1/3/25");
+    EXPECT_EQ(RatesTable::shortDate("2009-12-31"), "12/31/09");
+    EXPECT_EQ(RatesTable::shortDate("yesterday"), "yesterday");
+    EXPECT_EQ(RatesTable::shortDate("2025-13-03"), "2025-13-03");
+}
+
+}  // namespace
+}  // namespace vantrelle

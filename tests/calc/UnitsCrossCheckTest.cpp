@@ -1,0 +1,115 @@
+// Checks every conversion factor against GNU units, through the units program itself: each pair of
+// units of each dimension, both ways, to 1e-9 relative. Temperatures use units' functions
+// (tempC(x) → tempF), since they are affine and a plain factor can't express them.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+#include "calc/UnitTable.h"
+#include "fakes/TempDir.h"
+
+namespace vantrelle {
+namespace {
+
+// Our unit names, as GNU units spells them.
+const std::map<std::string_view, std::string_view> kUnitsNames = {
+    {"mm", "mm"},          {"cm", "cm"},       {"m", "m"},          {"km", "km"},     {"in", "inch"},
+    {"ft", "ft"},          {"yd", "yard"},     {"mi", "mile"},      {"mg", "mg"},     {"g", "g"},
+    {"kg", "kg"},          {"lb", "lb"},       {"oz", "ounce"},     {"st", "stone"},  {"c", "tempC"},
+    {"f", "tempF"},        {"k", "tempK"},     {"ml", "ml"},        {"l", "liter"},   {"gal", "gallon"},
+    {"qt", "quart"},       {"pt", "pint"},     {"cup", "cup"},      {"floz", "floz"}, {"kmh", "km/hr"},
+    {"mph", "mph"},        {"ms", "m/s"},      {"kn", "knot"},      {"m2", "m^2"},    {"km2", "km^2"},
+    {"sqft", "ft^2"},      {"ac", "acre"},     {"ha", "hectare"},   {"s", "s"},       {"min", "min"},
+    {"h", "hr"},           {"d", "day"},       {"wk", "week"},      {"b", "byte"},    {"kb", "kB"},
+    {"mb", "MB"},          {"gb", "GB"},       {"tb", "TB"},        {"kib", "KiB"},   {"mib", "MiB"},
+    {"gib", "GiB"},        {"tib", "TiB"},     {"j", "J"},          {"kj", "kJ"},     {"cal", "cal"},
+    {"kcal", "kcal"},      {"wh", "Wh"},       {"kwh", "kWh"},
+};
+
+std::optional<std::filesystem::path> findUnitsProgram() {
+    const char* path = std::getenv("PATH");
+    std::stringstream folders(path ? path : "/usr/bin:/bin");
+    std::string folder;
+    while (std::getline(folders, folder, ':')) {
+        const auto candidate = std::filesystem::path(folder) / "units";
+        if (::access(candidate.c_str(), X_OK) == 0) return candidate;
+    }
+    return std::nullopt;
+}
+
+struct Case {
+    const UnitTable::Unit* from;
+    const UnitTable::Unit* to;
+    double amount;
+};
+
+TEST(UnitsCrossCheck, EveryPairOfEveryDimensionAgreesWithGnuUnits) {
+    const auto program = findUnitsProgram();
+    if (!program) GTEST_SKIP() << "GNU units is not installed";
+
+    std::vector<Case> cases;
+    for (const auto& from : UnitTable::units()) {
+        for (const auto& to : UnitTable::units()) {
+            if (from.dimension != to.dimension) continue;
+            if (from.dimension == UnitTable::Dimension::temperature) {
+                for (double amount : {0.0, 37.5, 233.15, 451.0}) cases.push_back({&from, &to, amount});
+                // units refuses kelvin below zero
+                if (from.name != "k") cases.push_back({&from, &to, -40.0});
+            } else {
+                cases.push_back({&from, &to, 3.7});
+            }
+        }
+    }
+
+    // One run of units for all cases: "You have" and "You want" alternate on its standard input.
+    testing::TempDir folder;
+    std::ostringstream input;
+    input.precision(17);
+    for (const auto& c : cases) {
+        ASSERT_TRUE(kUnitsNames.contains(c.from->name)) << c.from->name;
+        const std::string from(kUnitsNames.at(c.from->name));
+        const std::string to(kUnitsNames.at(c.to->name));
+        if (c.from->dimension == UnitTable::Dimension::temperature) {
+            input << from << "(" << c.amount << ")\n" << to << "\n";
+        } else {
+            input << c.amount << " " << from << "\n" << to << "\n";
+        }
+    }
+    const auto inputFile = folder.write("pairs.txt", input.str());
+    const std::string command = "'" + program->string() + "' -t -q -d 15 < '" + inputFile.string() + "'";
+    FILE* pipe = ::popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::string output;
+    char buffer[4096];
+    while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) output.append(buffer, n);
+    ASSERT_EQ(::pclose(pipe), 0) << output;
+
+    std::istringstream lines(output);
+    std::string line;
+    std::size_t index = 0;
+    while (std::getline(lines, line)) {
+        if (line.empty()) continue;
+        ASSERT_LT(index, cases.size()) << "more answers than questions: " << line;
+        const Case& c = cases[index++];
+        char* end = nullptr;
+        const double theirs = std::strtod(line.c_str(), &end);
+        ASSERT_TRUE(end && *end == '\0') << c.from->name << " → " << c.to->name << ": units said " << line;
+        const double ours = UnitTable::convert(c.amount, *c.from, *c.to);
+        const double tolerance = 1e-9 * std::max(std::fabs(theirs), std::fabs(ours)) + 1e-12;
+        EXPECT_NEAR(ours, theirs, tolerance) << c.amount << " " << c.from->name << " → " << c.to->name;
+    }
+    EXPECT_EQ(index, cases.size());
+}
+
+}  // namespace
+}  // namespace vantrelle

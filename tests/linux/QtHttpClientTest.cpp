@@ -1,0 +1,183 @@
+// The real HTTP client and the rates service against a small HTTP server on the loopback interface.
+#include "QtHttpClient.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+#include <QTimer>
+
+#include "calc/CalcEngine.h"
+#include "TestApplication.h"
+#include "calc/RatesService.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+QCoreApplication& application() { return testing::testApplication(); }
+
+// Answers every request with one canned response, or with nothing at all.
+class LoopbackServer {
+public:
+    LoopbackServer() {
+        EXPECT_TRUE(m_server.listen(QHostAddress::LocalHost, 0));
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            while (QTcpSocket* socket = m_server.nextPendingConnection()) {
+                socket->setParent(&m_server);
+                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { serve(socket); });
+            }
+        });
+    }
+
+    void respond(int status, QByteArray body) {
+        m_status = status;
+        m_body = std::move(body);
+        m_silent = false;
+    }
+    void stayQuiet() { m_silent = true; }
+
+    [[nodiscard]] std::string base() const { return "http://127.0.0.1:" + std::to_string(m_server.serverPort()); }
+    [[nodiscard]] const QList<QByteArray>& requestLines() const { return m_requestLines; }
+
+private:
+    void serve(QTcpSocket* socket) {
+        QByteArray& pending = m_pending[socket];
+        pending += socket->readAll();
+        if (!pending.contains("\r\n\r\n")) return;
+        m_requestLines.push_back(pending.left(pending.indexOf("\r\n")));
+        if (m_silent) return;
+        QByteArray head = "HTTP/1.1 " + QByteArray::number(m_status) + " Whatever\r\n";
+        head += "Content-Type: application/json\r\nConnection: close\r\n";
+        head += "Content-Length: " + QByteArray::number(m_body.size()) + "\r\n\r\n";
+        socket->write(head + m_body);
+        socket->disconnectFromHost();
+    }
+
+    QTcpServer m_server;
+    std::map<QTcpSocket*, QByteArray> m_pending;
+    QList<QByteArray> m_requestLines;
+    int m_status = 200;
+    QByteArray m_body;
+    bool m_silent = false;
+};
+
+// Runs the event loop until `done` holds; a generous deadline turns a hang into a failure.
+template <typename Done>
+bool runUntil(Done done) {
+    QEventLoop loop;
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, &loop, &QEventLoop::quit);
+    deadline.start(10'000);
+    while (!done() && deadline.isActive()) loop.processEvents(QEventLoop::WaitForMoreEvents);
+    return done();
+}
+
+constexpr const char* kRates = R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
+
+class QtHttpClientTest : public ::testing::Test {
+protected:
+    std::optional<HttpResponse> fetch(const std::string& url, double timeout = 8) {
+        std::optional<HttpResponse> response;
+        client.get(url, timeout, [&](HttpResponse r) {
+            EXPECT_EQ(QThread::currentThread(), application().thread());
+            response = std::move(r);
+        });
+        EXPECT_TRUE(runUntil([&] { return response.has_value(); }));
+        return response;
+    }
+
+    QCoreApplication& app = application();  // first: the Qt objects below need it
+    LoopbackServer server;
+    QtHttpClient client;
+};
+
+TEST_F(QtHttpClientTest, RatesServiceFetchesThroughTheRealClient) {
+    server.respond(200, kRates);
+    MemoryDefaultsStore defaults;
+    MapEnvironment environment;
+    environment.set("VANTRELLE_RATES_URL", server.base());
+    RatesService rates(client, defaults, SystemClock::shared(), environment);
+
+    std::optional<std::optional<RateQuote>> answer;
+    rates.rate("GBP", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+    ASSERT_TRUE(runUntil([&] { return answer.has_value(); }));
+    ASSERT_TRUE(*answer);
+    EXPECT_DOUBLE_EQ((*answer)->rate, 0.9 / 0.8);
+    ASSERT_EQ(server.requestLines().size(), 1);
+    EXPECT_EQ(server.requestLines()[0], "GET /latest?from=USD HTTP/1.1");
+    EXPECT_EQ(defaults.string(RatesService::cacheKey), kRates);
+
+    // The calculator's own path: the currency line waits for the same service, now answered from memory.
+    std::optional<CalcResult> result;
+    CalcEngine::evaluate("£10 in euros", std::nullopt, rates, [&](CalcResult r) { result = std::move(r); });
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->display, "11.25 EUR");
+    EXPECT_EQ(server.requestLines().size(), 1);
+}
+
+TEST_F(QtHttpClientTest, ServerErrorLeavesNoRates) {
+    server.respond(500, "{}");
+    MemoryDefaultsStore defaults;
+    MapEnvironment environment;
+    environment.set("VANTRELLE_RATES_URL", server.base() + "/");
+    RatesService rates(client, defaults, SystemClock::shared(), environment);
+
+    std::optional<std::optional<RateQuote>> answer;
+    rates.rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+    ASSERT_TRUE(runUntil([&] { return answer.has_value(); }));
+    EXPECT_FALSE(*answer);
+    EXPECT_FALSE(defaults.string(RatesService::cacheKey));
+}
+
+TEST_F(QtHttpClientTest, StatusAndBodyComeBack) {
+    server.respond(404, "missing");
+    auto response = fetch(server.base() + "/nothing");
+    ASSERT_TRUE(response);
+    EXPECT_EQ(response->status, 404);
+    EXPECT_EQ(response->body, "missing");
+    EXPECT_FALSE(response->ok());
+}
+
+TEST_F(QtHttpClientTest, ARequestPastItsDeadlineIsAborted) {
+    server.stayQuiet();
+    // A deadline of zero has passed by the next turn of the loop: no waiting on the clock.
+    auto response = fetch(server.base() + "/latest?from=USD", 0);
+    ASSERT_TRUE(response);
+    EXPECT_EQ(response->status, 0);
+    EXPECT_EQ(response->error, "timed out");
+    EXPECT_FALSE(response->ok());
+}
+
+TEST_F(QtHttpClientTest, RefusedConnectionReportsAnError) {
+    quint16 port = 0;
+    {
+        QTcpServer closed;
+        ASSERT_TRUE(closed.listen(QHostAddress::LocalHost, 0));
+        port = closed.serverPort();
+    }
+    auto response = fetch("http://127.0.0.1:" + std::to_string(port) + "/latest?from=USD");
+    ASSERT_TRUE(response);
+    EXPECT_EQ(response->status, 0);
+    EXPECT_FALSE(response->error.empty());
+}
+
+TEST_F(QtHttpClientTest, DestroyedClientNeverCallsBack) {
+    server.stayQuiet();
+    bool called = false;
+    {
+        QtHttpClient shortLived;
+        shortLived.get(server.base() + "/", 8, [&](HttpResponse) { called = true; });
+        QCoreApplication::processEvents();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(called);
+}
+
+}  // namespace
+}  // namespace vantrelle
