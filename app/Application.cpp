@@ -25,6 +25,8 @@ Application::Application(const Environment& environment)
                                                      m_activities, NotificationCenter::shared(), m_settings, m_sounds,
                                                      m_fileWatcher, [this] { return m_claudeHooks.isInstalled(); },
                                                      DemoMode::isOn()}),
+      m_rates(m_http, m_defaults, SystemClock::shared(), environment),
+      m_calc(m_rates, DemoMode::isOn()),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(AppDelegate::Dependencies{
@@ -35,6 +37,7 @@ Application::Application(const Environment& environment)
     SharedInstance<AppSettings>::install(&m_settings);
     SharedInstance<LiveActivityCenter>::install(&m_activities);
     SharedInstance<ClaudeAlertCenter>::install(&m_claudeAlerts);
+    SharedInstance<RatesService>::install(&m_rates);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
@@ -44,6 +47,7 @@ Application::~Application() {
     SharedInstance<AppSettings>::install(nullptr);
     SharedInstance<LiveActivityCenter>::install(nullptr);
     SharedInstance<ClaudeAlertCenter>::install(nullptr);
+    SharedInstance<RatesService>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -70,6 +74,11 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell = std::make_unique<ShellModel>(overlay, m_settings, m_activities, SystemClock::shared());
     m_engine.rootContext()->setContextProperty(QStringLiteral("Shell"), m_shell.get());
     m_shell->onShapeChanged = [this](QRectF shell, QRectF dock) { m_windows.setShape(shell, dock); };
+
+    // The tools that are built, each with the model its view reads.
+    m_calcView = std::make_unique<CalcViewModel>(m_calc);
+    m_engine.rootContext()->setContextProperty(QStringLiteral("Calc"), m_calcView.get());
+    m_shell->registerToolView(NotchTab::calc, QStringLiteral("qrc:/qml/tools/CalcView.qml"));
 
     m_pointer = std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
         overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));

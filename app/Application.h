@@ -6,9 +6,11 @@
 #include <optional>
 
 #include "AppServices.h"
+#include "CalcViewModel.h"
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "InotifyFileWatcher.h"
+#include "QtHttpClient.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
@@ -18,6 +20,8 @@
 #include "XdgAutostart.h"
 #include "agents/ClaudeAlertCenter.h"
 #include "agents/ClaudeHooks.h"
+#include "calc/CalcModel.h"
+#include "calc/RatesService.h"
 #include "app/AppDelegate.h"
 #include "support/JsonDefaultsStore.h"
 #include "x11/DragPasteboard.h"
@@ -57,6 +61,9 @@ private:
     InotifyFileWatcher m_fileWatcher;
     ClaudeHooks m_claudeHooks;
     ClaudeAlertCenter m_claudeAlerts;
+    QtHttpClient m_http;
+    RatesService m_rates;
+    CalcModel m_calc;
     QtScreenSource m_screens;
     QQmlEngine m_engine;
     QuickOverlayWindows m_windows;
@@ -65,6 +72,7 @@ private:
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
+    std::unique_ptr<CalcViewModel> m_calcView;
 };
 
 }  // namespace vantrelle
