@@ -14,6 +14,7 @@
 #include "calc/CalcEngine.h"
 #include "TestApplication.h"
 #include "calc/RatesService.h"
+#include "platform/VirtualScheduler.h"
 #include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
@@ -119,6 +120,41 @@ TEST_F(QtHttpClientTest, RatesServiceFetchesThroughTheRealClient) {
     ASSERT_TRUE(result);
     EXPECT_EQ(result->display, "11.25 EUR");
     EXPECT_EQ(server.requestLines().size(), 1);
+}
+
+TEST_F(QtHttpClientTest, CachedStaleAndOddStoredRatesAgainstARealServer) {
+    server.respond(200, kRates);
+    MemoryDefaultsStore defaults;
+    defaults.set(RatesService::cacheKey, std::string("{not json"));  // left by a broken write
+    MapEnvironment environment;
+    environment.set("VANTRELLE_RATES_URL", server.base());
+    auto ask = [&](RatesService& rates, std::string_view from, std::string_view to) {
+        std::optional<std::optional<RateQuote>> answer;
+        rates.rate(from, to, [&](std::optional<RateQuote> quote) { answer = quote; });
+        EXPECT_TRUE(runUntil([&] { return answer.has_value(); }));
+        return answer.value_or(std::nullopt);
+    };
+
+    VirtualScheduler clock(SystemClock::shared().now());
+    {
+        RatesService rates(client, defaults, clock, environment);
+        EXPECT_EQ(ask(rates, "EUR", "GBP")->rate, 0.8 / 0.9) << "an unparsable stored value is fetched anew";
+        EXPECT_EQ(ask(rates, "GBP", "EUR")->rate, 0.9 / 0.8);
+        EXPECT_EQ(ask(rates, "USD", "USD")->rate, 1.0) << "the dollar needs no table entry";
+        EXPECT_EQ(server.requestLines().size(), 1) << "fresh rates come from memory";
+    }
+    {
+        RatesService restarted(client, defaults, clock, environment);
+        EXPECT_TRUE(ask(restarted, "USD", "EUR"));
+        EXPECT_EQ(server.requestLines().size(), 1) << "a new process takes the stored rates while fresh";
+    }
+    clock.advance(13 * 3600);
+    server.respond(503, "down for maintenance");
+    RatesService stale(client, defaults, clock, environment);
+    const auto quote = ask(stale, "USD", "GBP");
+    EXPECT_EQ(server.requestLines().size(), 2) << "stale rates are fetched again";
+    ASSERT_TRUE(quote) << "and when that fails the stale ones still answer";
+    EXPECT_DOUBLE_EQ(quote->rate, 0.8);
 }
 
 TEST_F(QtHttpClientTest, ServerErrorLeavesNoRates) {
