@@ -1,12 +1,15 @@
 #include "agents/ClaudeCodeLog.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <atomic>
 #include <cstring>
+#include <thread>
 
 #include "agents/Fatal.h"
 #include "agents/LogLineParser.h"
@@ -18,6 +21,8 @@ namespace {
 
 constexpr std::size_t kMaxCarry = 1'000'001;  // an unfinished line this long is dropped
 constexpr std::size_t kReadBlock = 1 << 20;
+constexpr std::size_t kMapBytes = 256u << 10;     // reads this large are mapped, not copied
+constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
 
 Date modificationDate(const struct stat& info) {
     return Date{static_cast<double>(info.st_mtim.tv_sec) + static_cast<double>(info.st_mtim.tv_nsec) / 1e9};
@@ -36,8 +41,59 @@ struct FileDescriptor {
 
 }  // namespace
 
+namespace {
+
+// A byte buffer that grows without zero-filling and keeps its size between reads.
+class ReadBuffer {
+public:
+    [[nodiscard]] char* data() { return m_data.get(); }
+    [[nodiscard]] std::size_t size() const { return m_capacity; }
+    // Room for `needed` bytes, keeping the first `keep` of them.
+    void reserve(std::size_t needed, std::size_t keep) {
+        if (needed <= m_capacity) return;
+        const std::size_t capacity = std::max(needed, m_capacity + m_capacity / 2);
+        std::unique_ptr<char[]> grown(new char[capacity]);
+        if (keep > 0) std::memcpy(grown.get(), m_data.get(), keep);
+        m_data = std::move(grown);
+        m_capacity = capacity;
+    }
+
+private:
+    std::unique_ptr<char[]> m_data;
+    std::size_t m_capacity = 0;
+};
+
+// Reads the rest of `fd` into `buffer` from byte `filled` on, expecting about `expected` more bytes.
+// Leaves `padding` bytes of room behind the data. Returns the new fill level.
+std::size_t readToEnd(int fd, ReadBuffer& buffer, std::size_t filled, std::size_t expected, std::size_t padding) {
+    // PERF NOTE: the buffer is sized for the whole file at once, so nothing is copied on the way.
+    buffer.reserve(filled + expected + padding, filled);
+    while (true) {
+        if (buffer.size() - padding - filled < kReadBlock / 16) buffer.reserve(filled + kReadBlock + padding, filled);
+        const ssize_t got = ::read(fd, buffer.data() + filled, buffer.size() - padding - filled);
+        if (got < 0) {
+            if (errno == EINTR) continue;
+            break;
+        }
+        if (got == 0) break;
+        filled += static_cast<std::size_t>(got);
+    }
+    return filled;
+}
+
+}  // namespace
+
+struct ClaudeCodeLog::Reader {
+    explicit Reader(const Clock& clock) : parser(clock) {}
+    LogLineParser parser;
+    ReadBuffer buffer;  // carry + chunk + parser padding, reused across reads
+};
+
+
 ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome, const Clock& clock)
-    : m_home(resolveHome(environment, userHome)), m_clock(clock), m_parser(std::make_unique<LogLineParser>(*this)) {}
+    : m_home(resolveHome(environment, userHome)), m_clock(clock) {
+    m_readers.push_back(std::make_unique<Reader>(m_clock));
+}
 
 ClaudeCodeLog::~ClaudeCodeLog() = default;
 
@@ -52,7 +108,7 @@ AILogSnapshot ClaudeCodeLog::scan() {
     const Date cutoff = now - window;
     ++m_generation;
 
-    for (const auto& candidate : candidateLogFiles(m_home, cutoff)) read(candidate.path, candidate.tool);
+    readAll(candidateLogFiles(m_home, cutoff));
 
     // A log that no longer qualifies, by age or removal, takes its session and events with it.
     std::vector<std::string> gone;
@@ -106,15 +162,57 @@ void ClaudeCodeLog::forget(const std::string& path) {
     m_changed = true;
 }
 
-void ClaudeCodeLog::read(const std::filesystem::path& url, AgentTool tool) {
+void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
+    Reader& first = *m_readers.front();
+    std::unordered_set<std::string> stems;
+    bool distinct = true;
+    for (const auto& candidate : candidates) distinct = distinct && stems.insert(candidate.path.stem().string()).second;
+    if (!distinct) {
+        // Files that share a session id meet in one record: read them strictly one after the other.
+        for (const auto& candidate : candidates) {
+            if (auto job = prepare(candidate.path, candidate.tool)) execute(*job, first, m_events);
+        }
+        return;
+    }
+    // No two files share a session, so every file's work is its own: find it all first, then read.
+    std::vector<Job> jobs;
+    std::uint64_t bytes = 0;
+    for (const auto& candidate : candidates) {
+        if (auto job = prepare(candidate.path, candidate.tool)) {
+            bytes += job->wholeJson ? job->size : job->size - std::min(job->size, job->state->offset);
+            jobs.push_back(std::move(*job));
+        }
+    }
+    const unsigned threads = std::min(4u, std::max(1u, std::thread::hardware_concurrency()));
+    if (bytes < kParallelBytes || threads < 2 || jobs.size() < 2) {
+        for (auto& job : jobs) execute(job, first, m_events);
+        return;
+    }
+    // PERF NOTE: a cold scan reads hundreds of megabytes; the files are parsed on all cores, each
+    // into its own event list, and the lists joined in file order, as one thread would have.
+    while (m_readers.size() < threads) m_readers.push_back(std::make_unique<Reader>(m_clock));
+    std::atomic<std::size_t> next{0};
+    const auto work = [&](Reader& reader) {
+        for (std::size_t i = next++; i < jobs.size(); i = next++) execute(jobs[i], reader, jobs[i].events);
+    };
+    std::vector<std::thread> workers;
+    for (unsigned t = 1; t < threads; ++t) workers.emplace_back(work, std::ref(*m_readers[t]));
+    work(first);
+    for (auto& worker : workers) worker.join();
+    for (auto& job : jobs) {
+        m_events.insert(m_events.end(), std::make_move_iterator(job.events.begin()),
+                        std::make_move_iterator(job.events.end()));
+    }
+}
+
+std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const std::filesystem::path& url, AgentTool tool) {
     std::string path = url.string();
-    std::string sessionId = url.stem().string();
 
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0) {
         // Unreadable attributes skip the file this scan, keeping its state.
         if (auto it = m_files.find(path); it != m_files.end()) it->second.scanGeneration = m_generation;
-        return;
+        return std::nullopt;
     }
     const auto size = static_cast<std::uint64_t>(info.st_size);
     const Date modified = modificationDate(info);
@@ -122,7 +220,7 @@ void ClaudeCodeLog::read(const std::filesystem::path& url, AgentTool tool) {
     auto stateIt = m_files.find(path);
     if (stateIt == m_files.end()) {
         stateIt = m_files.emplace(path, FileState{}).first;
-        stateIt->second.sessionId = sessionId;
+        stateIt->second.sessionId = url.stem().string();
         m_changed = true;
     } else if (size < stateIt->second.offset) {
         // Truncated or replaced: start over from its first byte.
@@ -150,62 +248,101 @@ void ClaudeCodeLog::read(const std::filesystem::path& url, AgentTool tool) {
         m_changed = true;
     }
 
+    bool wholeJson = false;
     if (tool == AgentTool::gemini) {
         if (meta.cwd.empty()) {
             meta.cwd = geminiProjectRoot(url);
             m_changed = true;
         }
-        if (url.extension() == ".json") {
-            readWholeJson(path, state, meta, size, modified);
-            return;
-        }
+        wholeJson = url.extension() == ".json";
     }
-    readLines(path, state, meta, tool, size);
+    // PERF NOTE: an unchanged file ends here, after one attribute read.
+    if (wholeJson ? state.jsonModified == modified : state.offset >= size) return std::nullopt;
+    m_changed = true;
+    return Job{url, std::move(path), tool, &state, &meta, size, modified, wholeJson, {}};
 }
 
-void ClaudeCodeLog::readLines(const std::string& path, FileState& state, AISessionMeta& meta, AgentTool tool,
-                              std::uint64_t size) {
-    if (state.offset >= size) return;
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+void ClaudeCodeLog::execute(Job& job, Reader& reader, std::vector<AIUsageEvent>& sink) {
+    reader.parser.setSink(&sink);
+    if (job.wholeJson) {
+        readWholeJson(job, reader);
+    } else {
+        readLines(job, reader);
+    }
+}
+
+void ClaudeCodeLog::readLines(Job& job, Reader& reader) {
+    FileState& state = *job.state;
+    const std::uint64_t size = job.size;
+    ReadBuffer& buffer = reader.buffer;
+    FileDescriptor file(::open(job.path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.fd < 0) return;
-    m_changed = true;
     // A failed seek leaves the read at the handle's position, its start.
     ::lseek(file.fd, static_cast<off_t>(state.offset), SEEK_SET);
 
-    // PERF NOTE: one buffer for the whole scan: the carry, then the appended bytes read in large
-    // blocks straight behind it, then the parser's padding. No line is copied.
     const std::size_t padding = LogLineParser::padding();
     const std::size_t carryLength = state.carry.size();
     const std::size_t expected = static_cast<std::size_t>(size - state.offset);
-    if (m_buffer.size() < carryLength + expected + padding) m_buffer.resize(carryLength + expected + padding);
-    std::memcpy(m_buffer.data(), state.carry.data(), carryLength);
-    std::size_t filled = carryLength;
-    while (true) {
-        if (m_buffer.size() < filled + kReadBlock + padding) m_buffer.resize(filled + kReadBlock + padding);
-        const ssize_t got = ::read(file.fd, m_buffer.data() + filled, m_buffer.size() - padding - filled);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            break;
-        }
-        if (got == 0) break;
-        filled += static_cast<std::size_t>(got);
-    }
-    std::memset(m_buffer.data() + filled, ' ', padding);
-    const std::size_t chunkLength = filled - carryLength;
 
-    const char* data = m_buffer.data();
+    // PERF NOTE: a large read without a carry parses the page cache in place through a private
+    // mapping, so the bytes are never copied; lines too close to the mapping's end for the parser's
+    // padding go through the buffer.
+    if (carryLength == 0 && expected >= kMapBytes) {
+        const auto page = static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+        const std::uint64_t mapStart = state.offset / page * page;
+        const auto lead = static_cast<std::size_t>(state.offset - mapStart);
+        const std::size_t mapLength = lead + expected;
+        void* mapped = ::mmap(nullptr, mapLength, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file.fd,
+                              static_cast<off_t>(mapStart));
+        if (mapped != MAP_FAILED) {
+            const char* data = static_cast<const char*>(mapped) + lead;
+            const std::size_t readable = (mapLength + page - 1) / page * page - lead;
+            const std::size_t tail = parseLines(data, expected, readable, job, reader);
+            state.carry.assign(data + tail, expected - tail);
+            ::munmap(mapped, mapLength);
+            finishRead(state, size, expected);
+            return;
+        }
+    }
+
+    // One buffer for the whole scan: the carry, then the appended bytes read in large blocks straight
+    // behind it, then the parser's padding.
+    buffer.reserve(carryLength + expected + padding, 0);
+    std::memcpy(buffer.data(), state.carry.data(), carryLength);
+    const std::size_t filled = readToEnd(file.fd, buffer, carryLength, expected, padding);
+    std::memset(buffer.data() + filled, ' ', padding);
+    const std::size_t chunkLength = filled - carryLength;
+    const char* data = buffer.data();
+    const std::size_t lineStart = parseLines(data, filled, buffer.size(), job, reader);
+    state.carry.assign(data + lineStart, filled - lineStart);
+    finishRead(state, size, chunkLength);
+}
+
+std::size_t ClaudeCodeLog::parseLines(const char* data, std::size_t filled, std::size_t readable, Job& job,
+                                      Reader& reader) {
+    const std::size_t padding = LogLineParser::padding();
     std::size_t lineStart = 0;
     while (lineStart < filled) {
         const void* found = std::memchr(data + lineStart, '\n', filled - lineStart);
         if (found == nullptr) break;
         const auto lineEnd = static_cast<std::size_t>(static_cast<const char*>(found) - data);
-        if (lineEnd > lineStart) {
-            m_parser->line(data + lineStart, lineEnd - lineStart, m_buffer.size() - lineStart, tool, state, meta);
+        const std::size_t length = lineEnd - lineStart;
+        if (length > 0) {
+            if (readable - lineStart >= length + padding) {
+                reader.parser.line(data + lineStart, length, readable - lineStart, job.tool, *job.state, *job.meta);
+            } else {
+                reader.buffer.reserve(length + padding, 0);
+                std::memcpy(reader.buffer.data(), data + lineStart, length);
+                std::memset(reader.buffer.data() + length, ' ', padding);
+                reader.parser.line(reader.buffer.data(), length, reader.buffer.size(), job.tool, *job.state, *job.meta);
+            }
         }
         lineStart = lineEnd + 1;
     }
+    return lineStart;
+}
 
-    state.carry.assign(data + lineStart, filled - lineStart);
+void ClaudeCodeLog::finishRead(FileState& state, std::uint64_t size, std::size_t chunkLength) {
     // The unfinished tail stays in the carry and also in front of the offset, so a line finished later
     // is read twice over and dropped as unparsable. A carry longer than the chunk can't be subtracted.
     if (state.carry.size() > chunkLength) agentsFatal("aiusage: unfinished line longer than the bytes read");
@@ -216,24 +353,16 @@ void ClaudeCodeLog::readLines(const std::string& path, FileState& state, AISessi
     }
 }
 
-void ClaudeCodeLog::readWholeJson(const std::string& path, FileState& state, AISessionMeta& meta,
-                                  std::uint64_t size, Date modified) {
-    if (state.jsonModified == modified) return;
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+void ClaudeCodeLog::readWholeJson(Job& job, Reader& reader) {
+    FileState& state = *job.state;
+    AISessionMeta& meta = *job.meta;
+    const Date modified = job.modified;
+    ReadBuffer& buffer = reader.buffer;
+    FileDescriptor file(::open(job.path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.fd < 0) return;
     const std::size_t padding = LogLineParser::padding();
-    std::size_t filled = 0;
-    while (true) {
-        if (m_buffer.size() < filled + kReadBlock + padding) m_buffer.resize(filled + kReadBlock + padding);
-        const ssize_t got = ::read(file.fd, m_buffer.data() + filled, m_buffer.size() - padding - filled);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            return;
-        }
-        if (got == 0) break;
-        filled += static_cast<std::size_t>(got);
-    }
-    std::memset(m_buffer.data() + filled, ' ', padding);
+    const std::size_t filled = readToEnd(file.fd, buffer, 0, static_cast<std::size_t>(job.size), padding);
+    std::memset(buffer.data() + filled, ' ', padding);
 
     // A rewrite starts over: the file holds the whole session each time.
     FileState fresh;
@@ -245,12 +374,11 @@ void ClaudeCodeLog::readWholeJson(const std::string& path, FileState& state, AIS
     freshMeta.fileURL = meta.fileURL;
     freshMeta.cwd = meta.cwd;
     freshMeta.fileModified = modified;
-    if (!m_parser->geminiDocument(m_buffer.data(), filled, m_buffer.size(), fresh, freshMeta)) return;
+    if (!reader.parser.geminiDocument(buffer.data(), filled, buffer.size(), fresh, freshMeta)) return;
     fresh.jsonModified = modified;
-    fresh.offset = size;
+    fresh.offset = job.size;
     state = std::move(fresh);
     meta = std::move(freshMeta);
-    m_changed = true;
 }
 
 }  // namespace vantrelle

@@ -13,13 +13,12 @@
 
 #include "agents/AILogSnapshot.h"
 #include "agents/AgentTool.h"
+#include "agents/LogLocator.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 
 namespace vantrelle {
 
-struct LogLineParser;
-struct LogLineKernel;
 
 // Turns the session logs of Claude Code, Codex and Gemini CLI under the home folder into usage events
 // and one record per session. A pull scanner: each scan() reads only what was appended to each log
@@ -65,13 +64,30 @@ public:
     };
 
 private:
-    friend struct LogLineKernel;
+    // One file's work of a scan, found by a cheap attribute read; the reading itself may run on
+    // another thread, since no two jobs of a scan share a session.
+    struct Job {
+        std::filesystem::path url;
+        std::string path;
+        AgentTool tool;
+        FileState* state;
+        AISessionMeta* meta;
+        std::uint64_t size;
+        Date modified;
+        bool wholeJson;
+        std::vector<AIUsageEvent> events;
+    };
+    // A line parser with its read buffer; one per thread.
+    struct Reader;
 
-    void read(const std::filesystem::path& url, AgentTool tool);
-    void readLines(const std::string& path, FileState& state, AISessionMeta& meta, AgentTool tool,
-                   std::uint64_t size);
-    void readWholeJson(const std::string& path, FileState& state, AISessionMeta& meta, std::uint64_t size,
-                       Date modified);
+    void readAll(const std::vector<LogCandidate>& candidates);
+    std::optional<Job> prepare(const std::filesystem::path& url, AgentTool tool);
+    void execute(Job& job, Reader& reader, std::vector<AIUsageEvent>& sink);
+    void readLines(Job& job, Reader& reader);
+    void readWholeJson(Job& job, Reader& reader);
+    // Parses the finished lines of [data, data + filled); returns where the unfinished tail starts.
+    static std::size_t parseLines(const char* data, std::size_t filled, std::size_t readable, Job& job, Reader& reader);
+    static void finishRead(FileState& state, std::uint64_t size, std::size_t chunkLength);
     void forget(const std::string& path);
 
     std::filesystem::path m_home;
@@ -81,8 +97,7 @@ private:
     std::vector<AIUsageEvent> m_events;  // Claude Code and Codex events inside the window
     std::map<std::string, AISessionMeta, std::less<>> m_sessions;
 
-    std::unique_ptr<LogLineParser> m_parser;
-    std::vector<char> m_buffer;  // carry + chunk + parser padding, reused across reads
+    std::vector<std::unique_ptr<Reader>> m_readers;  // kept for their grown buffers
     std::uint64_t m_generation = 0;
     bool m_changed = true;
 

@@ -21,14 +21,13 @@ struct LogLineKernel {
     virtual bool geminiDocument(const char* data, std::size_t length, std::size_t capacity,
                                 ClaudeCodeLog::FileState& state, AISessionMeta& meta) = 0;
 
-protected:
-    static std::vector<AIUsageEvent>& eventsOf(ClaudeCodeLog& log) { return log.m_events; }
-    static const Clock& clockOf(const ClaudeCodeLog& log) { return log.m_clock; }
+    // Where the events of the following lines go.
+    virtual void setSink(std::vector<AIUsageEvent>* sink) = 0;
 };
 
 inline constexpr std::size_t kLogLinePadding = 64;
 
-[[nodiscard]] std::unique_ptr<LogLineKernel> makeHaswellLogLineKernel(ClaudeCodeLog& log);
-[[nodiscard]] std::unique_ptr<LogLineKernel> makeFallbackLogLineKernel(ClaudeCodeLog& log);
+[[nodiscard]] std::unique_ptr<LogLineKernel> makeHaswellLogLineKernel(const Clock& clock);
+[[nodiscard]] std::unique_ptr<LogLineKernel> makeFallbackLogLineKernel(const Clock& clock);
 
 }  // namespace vantrelle

@@ -21,8 +21,8 @@ namespace od = simdjson::fallback::ondemand;
 #include "agents/LogLineKernel.inc"
 }  // namespace kernel_fallback
 
-std::unique_ptr<LogLineKernel> makeFallbackLogLineKernel(ClaudeCodeLog& log) {
-    return std::make_unique<kernel_fallback::Kernel>(log);
+std::unique_ptr<LogLineKernel> makeFallbackLogLineKernel(const Clock& clock) {
+    return std::make_unique<kernel_fallback::Kernel>(clock);
 }
 
 }  // namespace vantrelle

@@ -21,8 +21,8 @@ namespace od = simdjson::haswell::ondemand;
 #include "agents/LogLineKernel.inc"
 }  // namespace kernel_haswell
 
-std::unique_ptr<LogLineKernel> makeHaswellLogLineKernel(ClaudeCodeLog& log) {
-    return std::make_unique<kernel_haswell::Kernel>(log);
+std::unique_ptr<LogLineKernel> makeHaswellLogLineKernel(const Clock& clock) {
+    return std::make_unique<kernel_haswell::Kernel>(clock);
 }
 
 }  // namespace vantrelle

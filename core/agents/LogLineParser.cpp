@@ -6,20 +6,22 @@ namespace vantrelle {
 
 namespace {
 
-std::unique_ptr<LogLineKernel> bestKernel(ClaudeCodeLog& log) {
+std::unique_ptr<LogLineKernel> bestKernel(const Clock& clock) {
 #if defined(VANTRELLE_HASWELL_KERNEL)
     // PERF NOTE: the AVX2 build finds a line's structure several times faster than the portable one.
     if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("pclmul")) {
-        return makeHaswellLogLineKernel(log);
+        return makeHaswellLogLineKernel(clock);
     }
 #endif
-    return makeFallbackLogLineKernel(log);
+    return makeFallbackLogLineKernel(clock);
 }
 
 }  // namespace
 
-LogLineParser::LogLineParser(ClaudeCodeLog& log) : m_kernel(bestKernel(log)) {}
+LogLineParser::LogLineParser(const Clock& clock) : m_kernel(bestKernel(clock)) {}
 LogLineParser::~LogLineParser() = default;
+
+void LogLineParser::setSink(std::vector<AIUsageEvent>* sink) { m_kernel->setSink(sink); }
 
 std::size_t LogLineParser::padding() { return kLogLinePadding; }
 

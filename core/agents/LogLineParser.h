@@ -12,7 +12,9 @@ struct LogLineKernel;
 // The JSON side of ClaudeCodeLog: turns one log line, or one whole-file Gemini log, into changes of a
 // file's state, its session record and the event list, with the fastest reader the processor runs.
 struct LogLineParser {
-    explicit LogLineParser(ClaudeCodeLog& log);
+    explicit LogLineParser(const Clock& clock);
+    // Where the events of the following lines go.
+    void setSink(std::vector<AIUsageEvent>* sink);
     ~LogLineParser();
     LogLineParser(const LogLineParser&) = delete;
     LogLineParser& operator=(const LogLineParser&) = delete;
