@@ -174,7 +174,7 @@ TEST_F(AIUsageModelTest, ASessionFromJustBeforeMidnightIsListedForTwoMinutes) {
 }
 
 TEST_F(AIUsageModelTest, AtMostFiftySessionsAreListed) {
-    for (int i = 0; i < 51; ++i) session("s" + std::to_string(i), {"2030-01-01T10:00:00Z"});
+    for (int i = 0; i < 51; ++i) session(std::string("s").append(std::to_string(i)), {"2030-01-01T10:00:00Z"});
     scanAt("2030-01-01T18:40:00Z");
     EXPECT_EQ(model.sessions().size(), 50u);
     std::filesystem::remove_all(home / ".claude/projects/app/s50.jsonl");
