@@ -24,10 +24,6 @@ constexpr std::size_t kReadBlock = 1 << 20;
 constexpr std::size_t kMapBytes = 256u << 10;     // reads this large are mapped, not copied
 constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
 
-Date modificationDate(const struct stat& info) {
-    return Date{static_cast<double>(info.st_mtim.tv_sec) + static_cast<double>(info.st_mtim.tv_nsec) / 1e9};
-}
-
 // Closes a descriptor at the end of a scope.
 struct FileDescriptor {
     int fd = -1;
@@ -170,7 +166,7 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
     if (!distinct) {
         // Files that share a session id meet in one record: read them strictly one after the other.
         for (const auto& candidate : candidates) {
-            if (auto job = prepare(candidate.path, candidate.tool)) execute(*job, first, m_events);
+            if (auto job = prepare(candidate)) execute(*job, first, m_events);
         }
         return;
     }
@@ -178,7 +174,7 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
     std::vector<Job> jobs;
     std::uint64_t bytes = 0;
     for (const auto& candidate : candidates) {
-        if (auto job = prepare(candidate.path, candidate.tool)) {
+        if (auto job = prepare(candidate)) {
             bytes += job->wholeJson ? job->size : job->size - std::min(job->size, job->state->offset);
             jobs.push_back(std::move(*job));
         }
@@ -205,17 +201,13 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
     }
 }
 
-std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const std::filesystem::path& url, AgentTool tool) {
-    std::string path = url.string();
-
-    struct stat info {};
-    if (::stat(path.c_str(), &info) != 0) {
-        // Unreadable attributes skip the file this scan, keeping its state.
-        if (auto it = m_files.find(path); it != m_files.end()) it->second.scanGeneration = m_generation;
-        return std::nullopt;
-    }
-    const auto size = static_cast<std::uint64_t>(info.st_size);
-    const Date modified = modificationDate(info);
+std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const LogCandidate& candidate) {
+    // The listing has just read the file's attributes; they are this scan's one attribute read.
+    const std::filesystem::path& url = candidate.path;
+    const AgentTool tool = candidate.tool;
+    std::string path = url.native();
+    const std::uint64_t size = candidate.size;
+    const Date modified = candidate.modified;
 
     auto stateIt = m_files.find(path);
     if (stateIt == m_files.end()) {
@@ -242,7 +234,7 @@ std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const std::filesystem::
         m_changed = true;
     }
     AISessionMeta& meta = metaIt->second;
-    if (meta.fileModified != modified || meta.fileURL != url) {
+    if (meta.fileModified != modified || meta.fileURL.native() != path) {
         meta.fileModified = modified;
         meta.fileURL = url;
         m_changed = true;

@@ -81,7 +81,7 @@ private:
     struct Reader;
 
     void readAll(const std::vector<LogCandidate>& candidates);
-    std::optional<Job> prepare(const std::filesystem::path& url, AgentTool tool);
+    std::optional<Job> prepare(const LogCandidate& candidate);
     void execute(Job& job, Reader& reader, std::vector<AIUsageEvent>& sink);
     void readLines(Job& job, Reader& reader);
     void readWholeJson(Job& job, Reader& reader);

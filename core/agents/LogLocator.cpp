@@ -17,6 +17,7 @@ namespace {
 struct Entry {
     std::string name;
     bool isDirectory = false;
+    std::uint64_t size = 0;
     Date modified = Date::distantPast();
 };
 
@@ -33,6 +34,7 @@ std::vector<Entry> listFolder(const std::filesystem::path& folder) {
         struct stat info {};
         if (::fstatat(fd, item->d_name, &info, 0) == 0) {
             entry.isDirectory = S_ISDIR(info.st_mode);
+            entry.size = static_cast<std::uint64_t>(info.st_size);
             entry.modified = Date{static_cast<double>(info.st_mtim.tv_sec) + info.st_mtim.tv_nsec / 1e9};
         }
         entries.push_back(std::move(entry));
@@ -67,7 +69,7 @@ void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool, 
         } else {
             wanted = qualifies(entry, "jsonl", cutoff);
         }
-        if (wanted) out.push_back({folder / entry.name, tool});
+        if (wanted) out.push_back({folder / entry.name, tool, entry.size, entry.modified});
     }
 }
 
@@ -78,7 +80,9 @@ std::vector<LogCandidate> candidateLogFiles(const std::filesystem::path& home, D
     const auto projects = home / ".claude/projects";
     for (const auto& project : listFolder(projects)) {
         for (const auto& entry : listFolder(projects / project.name)) {
-            if (qualifies(entry, "jsonl", cutoff)) out.push_back({projects / project.name / entry.name, AgentTool::claudeCode});
+            if (qualifies(entry, "jsonl", cutoff)) {
+                out.push_back({projects / project.name / entry.name, AgentTool::claudeCode, entry.size, entry.modified});
+            }
         }
     }
     walkTree(home / ".codex/sessions", cutoff, AgentTool::codex, out);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -12,6 +13,8 @@ namespace vantrelle {
 struct LogCandidate {
     std::filesystem::path path;
     AgentTool tool;
+    std::uint64_t size = 0;  // as the listing read them, so a scan reads each file's attributes once
+    Date modified;
 };
 
 // The agents' log files under `home` modified at or after `cutoff`: Claude Code projects, then Codex
