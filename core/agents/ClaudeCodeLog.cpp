@@ -1,7 +1,6 @@
 #include "agents/ClaudeCodeLog.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,7 +20,7 @@ namespace {
 
 constexpr std::size_t kMaxCarry = 1'000'001;  // an unfinished line this long is dropped
 constexpr std::size_t kReadBlock = 1 << 20;
-constexpr std::size_t kMapBytes = 256u << 10;     // reads this large are mapped, not copied
+constexpr std::size_t kStreamBlock = 1u << 20;  // read block; small enough to stay in cache
 constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
 
 // Closes a descriptor at the end of a scope.
@@ -274,39 +273,29 @@ void ClaudeCodeLog::readLines(Job& job, Reader& reader) {
 
     const std::size_t padding = LogLineParser::padding();
     const std::size_t carryLength = state.carry.size();
-    const std::size_t expected = static_cast<std::size_t>(size - state.offset);
 
-    // PERF NOTE: a large read without a carry parses the page cache in place through a private
-    // mapping, so the bytes are never copied; lines too close to the mapping's end for the parser's
-    // padding go through the buffer.
-    if (carryLength == 0 && expected >= kMapBytes) {
-        const auto page = static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
-        const std::uint64_t mapStart = state.offset / page * page;
-        const auto lead = static_cast<std::size_t>(state.offset - mapStart);
-        const std::size_t mapLength = lead + expected;
-        void* mapped = ::mmap(nullptr, mapLength, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file.fd,
-                              static_cast<off_t>(mapStart));
-        if (mapped != MAP_FAILED) {
-            const char* data = static_cast<const char*>(mapped) + lead;
-            const std::size_t readable = (mapLength + page - 1) / page * page - lead;
-            const std::size_t tail = parseLines(data, expected, readable, job, reader);
-            state.carry.assign(data + tail, expected - tail);
-            ::munmap(mapped, mapLength);
-            finishRead(state, size, expected);
-            return;
-        }
-    }
-
-    // One buffer for the whole scan: the carry, then the appended bytes read in large blocks straight
-    // behind it, then the parser's padding.
-    buffer.reserve(carryLength + expected + padding, 0);
+    // PERF NOTE: the bytes stream through one reused block that stays in the processor's cache: a
+    // block is read, its finished lines are parsed where they lie, and the unfinished last line moves
+    // to the front for the next block. The lines and the tail come out as if carry and chunk had been
+    // joined in one piece.
+    buffer.reserve(std::max(carryLength, kStreamBlock) + kStreamBlock + padding, 0);
     std::memcpy(buffer.data(), state.carry.data(), carryLength);
-    const std::size_t filled = readToEnd(file.fd, buffer, carryLength, expected, padding);
-    std::memset(buffer.data() + filled, ' ', padding);
-    const std::size_t chunkLength = filled - carryLength;
-    const char* data = buffer.data();
-    const std::size_t lineStart = parseLines(data, filled, buffer.size(), job, reader);
-    state.carry.assign(data + lineStart, filled - lineStart);
+    std::size_t pending = carryLength;  // bytes in front of the block not yet split into lines
+    std::size_t chunkLength = 0;
+    while (true) {
+        if (buffer.size() - padding - pending < kStreamBlock) buffer.reserve(pending + kStreamBlock + padding, pending);
+        const ssize_t got = ::read(file.fd, buffer.data() + pending, buffer.size() - padding - pending);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        const auto count = static_cast<std::size_t>(got);
+        chunkLength += count;
+        const std::size_t filled = pending + count;
+        std::memset(buffer.data() + filled, ' ', padding);
+        const std::size_t tail = parseLines(buffer.data(), filled, buffer.size(), job, reader);
+        pending = filled - tail;
+        if (tail > 0 && pending > 0) std::memmove(buffer.data(), buffer.data() + tail, pending);
+    }
+    state.carry.assign(buffer.data(), pending);
     finishRead(state, size, chunkLength);
 }
 
