@@ -1,11 +1,16 @@
 #include <QApplication>
-#include <QFontDatabase>
+
+#include <cstring>
 
 #include "Application.h"
+#include "UsageCommand.h"
 #include "support/DebugLog.h"
 
 int main(int argc, char** argv) {
     using namespace vantrelle;
+    // Command-line reports run without a display.
+    if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
+
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrelle"));
     QApplication::setQuitOnLastWindowClosed(false);  // closing a window never ends the program

@@ -1,0 +1,22 @@
+#include "UsageCommand.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "agents/UsageReport.h"
+#include "platform/Environment.h"
+
+int runUsageCommand(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 2, argv + argc);
+    std::string error;
+    const auto options = vantrelle::parseUsageArguments(arguments, error);
+    if (!options) {
+        std::fprintf(stderr, "vantrelle usage: %s\nusage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n",
+                     error.c_str());
+        return 2;
+    }
+    const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared());
+    std::fwrite(report.data(), 1, report.size(), stdout);
+    return 0;
+}

@@ -1,0 +1,101 @@
+#!/usr/bin/env bash
+# Times `vantrelle usage --json` against ccusage 20.0.24 (`daily --json --offline`) and `cat` on one
+# generated home folder, and checks that both tools find the same per-day input, cache-write and
+# cache-read tokens. Output tokens differ by design: we take the first line of a streamed reply.
+#
+#   bench/compare-ccusage.sh [SIZE_MB=1024] [RUNS=5]
+#
+# BUILD (default build-core) is the build folder; the report comes from $BUILD/app/vantrelle usage if
+# it was built with Qt, else from $BUILD/bench/agents/vantrelle-usage.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+SIZE_MB=${1:-1024}
+RUNS=${2:-5}
+BUILD=${BUILD:-build-core}
+CACHE=build/bench-cache
+HOME_DIR=$CACHE/home-${SIZE_MB}mb
+export TZ=UTC
+
+if [[ -x $BUILD/app/vantrelle ]]; then
+  OURS=("$BUILD/app/vantrelle" usage)
+else
+  OURS=("$BUILD/bench/agents/vantrelle-usage")
+fi
+[[ -x ${OURS[0]} ]] || { echo "build $BUILD first (cmake -DVANTRELLE_BENCH=ON)"; exit 1; }
+
+mkdir -p "$CACHE"
+if [[ ! -x $CACHE/ccusage/node_modules/.bin/ccusage ]]; then
+  npm install --prefix "$CACHE/ccusage" --no-audit --no-fund ccusage@20.0.24 >/dev/null
+fi
+CCUSAGE=$CACHE/ccusage/node_modules/.bin/ccusage
+
+if [[ ! -f $HOME_DIR/.done ]]; then
+  rm -rf "$HOME_DIR"
+  bench/agents/generate-logs --out "$HOME_DIR" --size-mb "$SIZE_MB" --agents claude
+  touch "$HOME_DIR/.done"
+fi
+HOME_ABS=$(cd "$HOME_DIR" && pwd)
+FILES=$(find "$HOME_ABS/.claude" -type f -name '*.jsonl' | wc -l)
+BYTES=$(find "$HOME_ABS/.claude" -type f -name '*.jsonl' -printf '%s\n' | awk '{s+=$1} END {print s}')
+echo "data: $FILES files, $((BYTES / 1048576)) MB under $HOME_ABS"
+
+run_ours()    { "${OURS[@]}" --json --home "$HOME_ABS"; }
+run_ccusage() { HOME=$HOME_ABS CLAUDE_CONFIG_DIR=$HOME_ABS/.claude CODEX_HOME=$HOME_ABS/.codex "$CCUSAGE" daily --json --offline; }
+run_cat()     { find "$HOME_ABS/.claude" -type f -name '*.jsonl' -exec cat {} +; }
+
+# Warm the page cache so every tool reads from memory.
+run_cat >/dev/null
+
+measure() {  # name, function -> lines "seconds rss_kb"
+  local name=$1 fn=$2 out
+  for _ in $(seq "$RUNS"); do
+    out=$( { /usr/bin/time -v bash -c "$(declare -f "$fn"); $(declare -p OURS HOME_ABS CCUSAGE); $fn" >/dev/null; } 2>&1 )
+    local wall rss
+    wall=$(grep 'Elapsed (wall clock)' <<<"$out" | awk '{print $NF}' | awk -F: '{ if (NF==3) print $1*3600+$2*60+$3; else print $1*60+$2 }')
+    rss=$(grep 'Maximum resident set size' <<<"$out" | awk '{print $NF}')
+    echo "$name $wall $rss"
+  done
+}
+
+RESULTS=$(mktemp)
+measure vantrelle run_ours >>"$RESULTS"
+measure ccusage run_ccusage >>"$RESULTS"
+measure cat run_cat >>"$RESULTS"
+
+python3 - "$RESULTS" "$BYTES" <<'PY'
+import statistics, sys
+rows = [l.split() for l in open(sys.argv[1]) if l.strip()]
+size = int(sys.argv[2])
+med = {}
+for name in ("vantrelle", "ccusage", "cat"):
+    walls = [float(r[1]) for r in rows if r[0] == name]
+    rss = [int(r[2]) for r in rows if r[0] == name]
+    med[name] = (statistics.median(walls), statistics.median(rss))
+    print("%-10s median %7.3f s  %8.1f MB/s  peak RSS %7.1f MB   (runs: %s)" % (
+        name, med[name][0], size / 1048576 / max(med[name][0], 1e-9), med[name][1] / 1024,
+        " ".join("%.3f" % w for w in walls)))
+v, c, k = med["vantrelle"], med["ccusage"], med["cat"]
+print("ccusage / vantrelle time: %.2fx   vantrelle / cat time: %.2fx   vantrelle / ccusage RSS: %.2f" % (
+    c[0] / v[0], v[0] / max(k[0], 1e-9), v[1] / c[1]))
+PY
+
+# Agreement of the per-day token figures.
+OURS_JSON=$(mktemp); PEER_JSON=$(mktemp)
+run_ours >"$OURS_JSON"
+run_ccusage >"$PEER_JSON"
+python3 - "$OURS_JSON" "$PEER_JSON" <<'PY'
+import json, sys
+ours = {d["date"]: d for d in json.load(open(sys.argv[1]))["daily"]}
+peer = {d.get("date", d.get("period")): d for d in json.load(open(sys.argv[2]))["daily"]}
+bad = 0
+for date in sorted(set(ours) | set(peer)):
+    o, p = ours.get(date, {}), peer.get(date, {})
+    pairs = [("input", "inputTokens"), ("cacheWrite", "cacheCreationTokens"), ("cacheRead", "cacheReadTokens")]
+    diff = [(a, o.get(a, 0), p.get(b, 0)) for a, b in pairs if o.get(a, 0) != p.get(b, 0)]
+    if diff:
+        bad += 1
+        print("  %s differs: %s" % (date, diff))
+print("per-day input / cache-write / cache-read: %s over %d days" % ("agree" if not bad else "%d days differ" % bad, len(ours)))
+sys.exit(1 if bad else 0)
+PY

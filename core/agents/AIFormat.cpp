@@ -1,0 +1,41 @@
+#include "agents/AIFormat.h"
+
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "agents/Fatal.h"
+
+namespace vantrelle {
+
+namespace {
+
+std::int64_t wholeSeconds(double seconds) {
+    if (!std::isfinite(seconds)) agentsFatal("aiusage: duration is not finite");
+    if (seconds < 0) return 0;
+    return static_cast<std::int64_t>(seconds);
+}
+
+}  // namespace
+
+std::string AIFormat::tokens(std::int64_t n) {
+    const auto d = static_cast<double>(n);
+    if (n <= 999) return fmt::format("{}", n);
+    if (n < 1'000'000) return fmt::format("{:.1f}k", d / 1000);
+    if (n < 1'000'000'000) return fmt::format("{:.2f}M", d / 1'000'000);
+    return fmt::format("{:.2f}B", d / 1'000'000'000);
+}
+
+std::string AIFormat::duration(double seconds) {
+    const std::int64_t s = wholeSeconds(seconds);
+    if (s < 3600) return fmt::format("{}m {:02d}s", s / 60, s % 60);
+    return fmt::format("{}h {:02d}m", s / 3600, s % 3600 / 60);
+}
+
+std::string AIFormat::remaining(double seconds) {
+    const std::int64_t s = wholeSeconds(seconds);
+    if (s < 3600) return fmt::format("{}m", s / 60);
+    return fmt::format("{}h {}m", s / 3600, s % 3600 / 60);
+}
+
+}  // namespace vantrelle

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Date.h"
+#include "platform/Environment.h"
+
+namespace vantrelle {
+
+// `vantrelle usage`: one scan and one recompute of the usage model, printed as text or JSON.
+struct UsageReportOptions {
+    bool json = false;
+    std::optional<Date> now;                 // the clock; the wall clock if not given
+    std::optional<std::filesystem::path> home;  // where the agents' logs are; else as the app finds them
+};
+
+// Parses the arguments after "usage"; nothing and a message in `error` if they don't make sense.
+[[nodiscard]] std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
+                                                                    std::string& error);
+
+// The report. The user's home comes from `environment` ("HOME") unless the options name one.
+[[nodiscard]] std::string usageReport(const UsageReportOptions& options, const Environment& environment);
+
+}  // namespace vantrelle

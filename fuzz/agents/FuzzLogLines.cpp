@@ -1,0 +1,58 @@
+// Arbitrary bytes as agent log content. The first byte picks the agent and the file form (Claude Code
+// JSONL, Codex JSONL, Gemini JSONL, Gemini whole-file JSON); the rest is written as the log, scanned,
+// extended by one finished line and scanned again. Nothing may crash or grow without bound.
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "agents/ClaudeCodeLog.h"
+#include "agents/Fatal.h"
+#include "platform/VirtualScheduler.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct FatalStop {};
+
+// The log arithmetic stops the process on values it can't represent; here that ends one input.
+[[noreturn]] void unwind(const char*) { throw FatalStop{}; }
+
+const fs::path& home() {
+    static const fs::path path = [] {
+        auto p = fs::temp_directory_path() / ("vantrelle-fuzz-" + std::to_string(::getpid()));
+        fs::remove_all(p);
+        return p;
+    }();
+    return path;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return 0;
+    vantrelle::setAgentsFatalHandler(unwind);
+    static const char* const kFiles[] = {".claude/projects/p/session.jsonl", ".codex/sessions/2030/rollout.jsonl",
+                                         ".gemini/tmp/h/chats/chat.jsonl", ".gemini/tmp/h/chats/chat.json"};
+    const fs::path file = home() / kFiles[data[0] % 4];
+    fs::remove_all(home());
+    fs::create_directories(file.parent_path());
+    {
+        std::ofstream out(file, std::ios::binary);
+        out.write(reinterpret_cast<const char*>(data + 1), static_cast<std::streamsize>(size - 1));
+    }
+    vantrelle::MapEnvironment environment;
+    vantrelle::VirtualScheduler clock(vantrelle::SystemClock::shared().now());
+    try {
+        vantrelle::ClaudeCodeLog log(environment, home(), clock);
+        auto first = log.scan();
+        // A finished line after whatever was there: the carry is joined, and the tail read twice.
+        std::ofstream(file, std::ios::binary | std::ios::app) << "\n{\"type\":\"user\"}\n";
+        auto second = log.scan();
+        if (log.fileCount() > 1 || second.events().size() > first.events().size() + size) __builtin_trap();
+    } catch (const FatalStop&) {
+    }
+    return 0;
+}

@@ -1,0 +1,243 @@
+#include "agents/AIUsageModel.h"
+
+#include <gtest/gtest.h>
+
+#include "AgentsTestSupport.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/TempDir.h"
+#include "overlay/LiveActivityCenter.h"
+#include "platform/VirtualScheduler.h"
+#include "support/AppSettings.h"
+#include "support/MemoryDefaultsStore.h"
+#include "support/NotificationCenter.h"
+#include "wrapped/WrappedHistory.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::iso;
+
+class FakeProcessTable final : public ProcessTable {
+public:
+    std::optional<std::vector<ProcessInfo>> list(std::string& error) override {
+        if (failing) {
+            error = "no /proc";
+            return std::nullopt;
+        }
+        return processes;
+    }
+    std::vector<ProcessInfo> processes;
+    bool failing = false;
+};
+
+std::vector<AIUsageEvent> eventsAt(std::initializer_list<std::string_view> times, std::int64_t tokens = 100) {
+    std::vector<AIUsageEvent> events;
+    for (auto time : times) {
+        AIUsageEvent event;
+        event.timestamp = iso(time);
+        event.sessionId = "s";
+        event.input = tokens;
+        events.push_back(event);
+    }
+    return events;
+}
+
+std::vector<AIBlockUsage> blocksOf(const std::vector<AIUsageEvent>& events) {
+    std::vector<const AIUsageEvent*> pointers;
+    for (const auto& event : events) pointers.push_back(&event);
+    return AIUsageModel::blocks(pointers);
+}
+
+TEST(AIUsageWindowsTest, WindowsOpenAtTheFullHourAndLastFiveHours) {
+    testing::useTimeZone("UTC");
+    auto found = blocksOf(eventsAt({"2030-01-01T09:10:00Z", "2030-01-01T13:59:00Z", "2030-01-01T14:00:00Z"}));
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].start, iso("2030-01-01T09:00:00Z"));
+    EXPECT_EQ(found[0].tokens, 200);
+    EXPECT_EQ(found[0].lastActivity, iso("2030-01-01T13:59:00Z"));
+    EXPECT_EQ(found[1].start, iso("2030-01-01T14:00:00Z"));
+
+    found = blocksOf(eventsAt({"2030-01-01T09:10:00Z", "2030-01-01T15:00:00Z"}));
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].start, iso("2030-01-01T09:00:00Z"));
+    EXPECT_EQ(found[1].start, iso("2030-01-01T15:00:00Z"));
+}
+
+class AIUsageModelTest : public ::testing::Test {
+protected:
+    AIUsageModelTest() { testing::useTimeZone("UTC"); }
+
+    testing::TempDir home;
+    MapEnvironment environment;
+    VirtualScheduler clock{iso("2030-01-01T18:40:00Z")};
+    InlineQueueFactory queues;
+    FakeProcessTable processes;
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    testing::FakeLoginItem loginItem;
+    AppSettings settings{defaults, notifications, loginItem, clock};
+    LiveActivityCenter center{clock};
+    testing::TempDir data;
+    WrappedHistory history{data / "wrapped-history.json", clock, false};
+    AIUsageModel model{{environment, home.path(), clock, clock, queues, processes, settings, center, &history, false}};
+
+    // One Claude Code session file whose lines carry the given times, modified at the last of them.
+    void session(std::string_view id, std::initializer_list<std::string_view> times, std::int64_t input = 100,
+                 std::string_view project = "app") {
+        const auto file = home / ".claude/projects" / std::string(project) / (std::string(id) + ".jsonl");
+        std::string text = R"({"type":"user","cwd":"/home/dev/)" + std::string(project) + R"(","message":{"content":"go"}})" "\n";
+        int n = 0;
+        for (auto time : times) {
+            text += testing::claudeAssistant(std::string(id) + std::to_string(n), "r" + std::to_string(n), input, 0,
+                                             time);
+            ++n;
+        }
+        home.write(file.lexically_relative(home.path()).string(), text);
+        testing::setModified(file, iso(*(times.end() - 1)));
+    }
+
+    void scanAt(std::string_view time) {
+        clock.setNow(iso(time));
+        model.rescan();
+        clock.runUntilIdle();
+    }
+
+    void processList(std::vector<std::string> arguments) {
+        processes.processes.clear();
+        for (auto& line : arguments) processes.processes.push_back({1, "/usr/bin/env", line});
+        model.pollProcesses();
+        clock.runUntilIdle();
+    }
+};
+
+TEST_F(AIUsageModelTest, AWindowStaysUntilFiveHoursOfSilence) {
+    session("a", {"2030-01-01T09:10:00Z", "2030-01-01T13:50:00Z"});
+    scanAt("2030-01-01T18:40:00Z");
+    ASSERT_TRUE(model.block());
+    EXPECT_EQ(model.block()->start, iso("2030-01-01T09:00:00Z"));
+    EXPECT_EQ(model.block()->tokens, 2 * 107);
+    EXPECT_EQ(model.block()->budget, 1'000'000);
+    scanAt("2030-01-01T18:50:00Z");
+    EXPECT_FALSE(model.block());
+}
+
+TEST_F(AIUsageModelTest, TheBudgetLearnsFromTheHeaviestWindowUnlessSet) {
+    session("big", {"2030-01-01T01:00:00Z"}, 3'000'000 - 7);
+    session("small", {"2030-01-01T17:00:00Z"}, 500'000 - 7);
+    scanAt("2030-01-01T18:00:00Z");
+    ASSERT_TRUE(model.block());
+    EXPECT_EQ(model.block()->tokens, 500'000);
+    EXPECT_EQ(model.block()->budget, 3'000'000);
+    EXPECT_EQ(model.block()->burnTokensPerMinute, 500'000.0 / 60);
+    EXPECT_EQ(model.block()->projectedTokens, static_cast<std::int64_t>(500'000.0 / 60 * 300));
+    settings.setAiBlockTokenBudget(2'000'000);
+    scanAt("2030-01-01T18:00:00Z");
+    EXPECT_EQ(model.block()->budget, 2'000'000);
+    // The day figures went to the ledger.
+    EXPECT_EQ(history.days().at("2030-01-01").aiTokens, 3'500'000);
+    EXPECT_EQ(model.today().messages, 2);
+    EXPECT_EQ(model.today().sessions, 2);
+    EXPECT_EQ(model.last7Days().back().tokens, 3'500'000);
+}
+
+TEST_F(AIUsageModelTest, SessionStatesFollowTheProcessOfTheirTool) {
+    session("a", {"2030-01-01T18:39:31Z"});
+    processList({"claude --resume"});
+    scanAt("2030-01-01T18:40:00Z");
+    ASSERT_EQ(model.sessions().size(), 1u);
+    EXPECT_EQ(model.sessions()[0].state, AgentSession::State::running);
+    EXPECT_EQ(model.sessions()[0].activeSeconds, 29);
+    ASSERT_TRUE(center.current());
+    EXPECT_TRUE(center.current()->as<LiveActivity::AI>()->isActive);
+    EXPECT_EQ(center.current()->as<LiveActivity::AI>()->project, "app");
+
+    processList({"/Applications/Claude.app/claude", "vim notes"});
+    EXPECT_EQ(model.sessions()[0].state, AgentSession::State::done);
+    // The session that ended flashes once.
+    ASSERT_TRUE(center.activity(LiveActivityCenter::Source::flash));
+    EXPECT_FALSE(center.activity(LiveActivityCenter::Source::ai));
+    clock.advance(4);
+    EXPECT_FALSE(center.current());
+
+    processes.failing = true;
+    model.pollProcesses();
+    clock.runUntilIdle();
+    EXPECT_TRUE(model.aliveTools().empty());
+}
+
+TEST_F(AIUsageModelTest, ASessionFromJustBeforeMidnightIsListedForTwoMinutes) {
+    session("late", {"2030-01-01T23:59:00Z"});
+    scanAt("2030-01-02T00:00:30Z");
+    EXPECT_EQ(model.sessions().size(), 1u);
+    scanAt("2030-01-02T00:02:00Z");
+    EXPECT_TRUE(model.sessions().empty());
+}
+
+TEST_F(AIUsageModelTest, AtMostFiftySessionsAreListed) {
+    for (int i = 0; i < 51; ++i) session(std::string("s").append(std::to_string(i)), {"2030-01-01T10:00:00Z"});
+    scanAt("2030-01-01T18:40:00Z");
+    EXPECT_EQ(model.sessions().size(), 50u);
+    std::filesystem::remove_all(home / ".claude/projects/app/s50.jsonl");
+    scanAt("2030-01-01T18:41:00Z");
+    EXPECT_EQ(model.sessions().size(), 50u);
+}
+
+TEST_F(AIUsageModelTest, The80PercentFlashComesOncePerWindow) {
+    settings.setAiBlockTokenBudget(1000);
+    session("a", {"2030-01-01T18:00:00Z"}, 800 - 7);
+    scanAt("2030-01-01T18:10:00Z");
+    auto flash = center.activity(LiveActivityCenter::Source::flash);
+    ASSERT_TRUE(flash);
+    EXPECT_EQ(flash->as<LiveActivity::AI>()->project, "80% of window");
+    clock.advance(5);
+    scanAt("2030-01-01T18:11:00Z");
+    EXPECT_FALSE(center.activity(LiveActivityCenter::Source::flash));
+
+    // A new window flashes again; jumping past 100% shows only the limit.
+    session("b", {"2030-01-02T09:00:00Z"}, 1500 - 7);
+    scanAt("2030-01-02T09:01:00Z");
+    flash = center.activity(LiveActivityCenter::Source::flash);
+    ASSERT_TRUE(flash);
+    EXPECT_EQ(flash->as<LiveActivity::AI>()->project, "Window limit");
+    EXPECT_EQ(flash->as<LiveActivity::AI>()->blockProgress, 1.0);
+}
+
+TEST_F(AIUsageModelTest, WithTheLiveActivityOffAFinishedSessionDoesNotFlash) {
+    settings.setAiLiveActivity(false);
+    session("a", {"2030-01-01T18:39:31Z"});
+    processList({"codex exec", "claude"});
+    scanAt("2030-01-01T18:40:00Z");
+    EXPECT_FALSE(center.activity(LiveActivityCenter::Source::ai));
+    processList({});
+    EXPECT_FALSE(center.current());
+}
+
+TEST_F(AIUsageModelTest, RecapQueries) {
+    session("a", {"2030-01-01T10:00:00Z", "2030-01-01T11:00:00Z"}, 93, "alpha");
+    session("b", {"2030-01-01T12:00:00Z"}, 493, "beta");
+    EXPECT_EQ(model.tokens(iso("2030-01-01T00:00:00Z"), iso("2030-01-02T00:00:00Z")), 0);
+    scanAt("2030-01-01T18:40:00Z");
+    EXPECT_EQ(model.tokens(iso("2030-01-01T10:00:00Z"), iso("2030-01-01T11:00:00Z")), 100);
+    EXPECT_EQ(model.topProject(iso("2030-01-01T00:00:00Z"), iso("2030-01-02T00:00:00Z")),
+              (std::pair<std::string, std::int64_t>{"beta", 500}));
+    EXPECT_FALSE(model.topProject(iso("2030-01-03T00:00:00Z"), iso("2030-01-04T00:00:00Z")));
+}
+
+TEST_F(AIUsageModelTest, TimersScanEveryTwentySecondsOrFiveWhileActive) {
+    session("a", {"2030-01-01T18:30:00Z"});
+    clock.setNow(iso("2030-01-01T18:40:00Z"));
+    model.start();
+    clock.runUntilIdle();
+    const auto first = model.lastScan();
+    ASSERT_TRUE(first);
+    clock.advance(19);
+    EXPECT_EQ(model.lastScan(), first);
+    clock.advance(1);
+    EXPECT_EQ(model.lastScan(), *first + 20.0);
+    model.setActive(true);
+    clock.advance(5);
+    EXPECT_EQ(model.lastScan(), *first + 25.0);
+}
+
+}  // namespace
+}  // namespace vantrelle

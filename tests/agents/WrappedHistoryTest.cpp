@@ -1,0 +1,73 @@
+#include "wrapped/WrappedHistory.h"
+
+#include <gtest/gtest.h>
+
+#include "AgentsTestSupport.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+class WrappedHistoryTest : public ::testing::Test {
+protected:
+    void SetUp() override { testing::useTimeZone("UTC"); }
+    testing::TempDir dir;
+    std::filesystem::path file = dir / "Vantrelle/wrapped-history.json";
+    VirtualScheduler clock{testing::iso("2030-06-15T12:00:00Z")};
+};
+
+TEST_F(WrappedHistoryTest, StartsTrackingTodayAndPersistsAcrossRestarts) {
+    {
+        WrappedHistory history(file, clock, false);
+        EXPECT_EQ(history.trackingSince(), testing::iso("2030-06-15T00:00:00Z"));
+        history.recordFocusBlock(25);
+        history.recordFocusBlock(-5);
+        history.recordMeetingJoined();
+    }
+    WrappedHistory again(file, clock, false);
+    EXPECT_EQ(again.trackingSince(), testing::iso("2030-06-15T00:00:00Z"));
+    const auto& day = again.days().at("2030-06-15");
+    EXPECT_EQ(day.focusBlocks, 2);
+    EXPECT_EQ(day.focusMinutes, 25);
+    EXPECT_EQ(day.meetingsJoined, 1);
+}
+
+TEST_F(WrappedHistoryTest, AITokensOnlyEverGrowAndLowerFiguresWriteNothing) {
+    WrappedHistory history(file, clock, false);
+    const Date day = testing::iso("2030-06-14T08:00:00Z");
+    history.recordAITokens({{day, 500}, {testing::iso("2030-06-13T08:00:00Z"), 0}});
+    EXPECT_EQ(history.days().at("2030-06-14").aiTokens, 500);
+    EXPECT_FALSE(history.days().contains("2030-06-13"));
+    std::filesystem::remove(file);
+    history.recordAITokens({{day, 400}, {day, 500}});
+    EXPECT_FALSE(std::filesystem::exists(file));  // nothing changed, nothing saved
+    history.recordAITokens({{day, 800}});
+    EXPECT_EQ(WrappedHistory(file, clock, false).days().at("2030-06-14").aiTokens, 800);
+}
+
+TEST_F(WrappedHistoryTest, KeepsFourHundredDays) {
+    WrappedHistory history(file, clock, false);
+    history.recordAITokens({{testing::iso("2029-05-10T10:00:00Z"), 1}, {testing::iso("2029-05-11T10:00:00Z"), 2}});
+    EXPECT_FALSE(history.days().contains("2029-05-10"));
+    EXPECT_TRUE(history.days().contains("2029-05-11"));  // exactly 400 days back
+}
+
+TEST_F(WrappedHistoryTest, ACorruptFileStartsOverAndDemoModeWritesNothing) {
+    dir.write("Vantrelle/wrapped-history.json", "{\"days\": 3}");
+    {
+        WrappedHistory history(file, clock, false);
+        EXPECT_TRUE(history.days().empty());
+        EXPECT_EQ(history.trackingSince(), testing::iso("2030-06-15T00:00:00Z"));
+    }
+    const std::string original = R"({"days":{"2030-06-01":{"focusBlocks":1}}})";  // missing keys: undecodable
+    dir.write("Vantrelle/wrapped-history.json", original);
+    WrappedHistory demo(file, clock, true);
+    demo.recordAITokens({{clock.now(), 99}});
+    demo.recordFocusBlock(25);
+    demo.recordMeetingJoined();
+    EXPECT_EQ(dir.read("Vantrelle/wrapped-history.json"), original);
+}
+
+}  // namespace
+}  // namespace vantrelle
