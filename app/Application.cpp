@@ -27,6 +27,9 @@ Application::Application(const Environment& environment)
                                                      DemoMode::isOn()}),
       m_rates(m_http, m_defaults, SystemClock::shared(), environment),
       m_calc(m_rates, DemoMode::isOn()),
+      m_wrappedHistory(WrappedHistory::defaultFile(m_paths.dataRoot()), SystemClock::shared(), DemoMode::isOn()),
+      m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler, m_queues,
+                                           m_processes, m_settings, m_activities, &m_wrappedHistory, DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(AppDelegate::Dependencies{
@@ -38,8 +41,11 @@ Application::Application(const Environment& environment)
     SharedInstance<LiveActivityCenter>::install(&m_activities);
     SharedInstance<ClaudeAlertCenter>::install(&m_claudeAlerts);
     SharedInstance<RatesService>::install(&m_rates);
+    SharedInstance<WrappedHistory>::install(&m_wrappedHistory);
+    SharedInstance<AIUsageModel>::install(&m_aiUsage);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
+    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
@@ -48,6 +54,8 @@ Application::~Application() {
     SharedInstance<LiveActivityCenter>::install(nullptr);
     SharedInstance<ClaudeAlertCenter>::install(nullptr);
     SharedInstance<RatesService>::install(nullptr);
+    SharedInstance<WrappedHistory>::install(nullptr);
+    SharedInstance<AIUsageModel>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -79,6 +87,9 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
     m_engine.rootContext()->setContextProperty(QStringLiteral("Calc"), m_calcView.get());
     m_shell->registerToolView(NotchTab::calc, QStringLiteral("qrc:/qml/tools/CalcView.qml"));
+    m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_claudeHooks, SystemClock::shared());
+    m_engine.rootContext()->setContextProperty(QStringLiteral("AIUsage"), m_aiUsageView.get());
+    m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("qrc:/qml/tools/AIUsageView.qml"));
 
     m_pointer = std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
         overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));

@@ -6,10 +6,12 @@
 #include <optional>
 
 #include "AppServices.h"
+#include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "InotifyFileWatcher.h"
+#include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
@@ -22,8 +24,10 @@
 #include "agents/ClaudeHooks.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "agents/AIUsageModel.h"
 #include "app/AppDelegate.h"
 #include "support/JsonDefaultsStore.h"
+#include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
 #include "x11/PointerMonitor.h"
 #include "x11/X11Desktop.h"
@@ -64,6 +68,9 @@ private:
     QtHttpClient m_http;
     RatesService m_rates;
     CalcModel m_calc;
+    ProcProcessTable m_processes;
+    WrappedHistory m_wrappedHistory;
+    AIUsageModel m_aiUsage;
     QtScreenSource m_screens;
     QQmlEngine m_engine;
     QuickOverlayWindows m_windows;
@@ -73,6 +80,7 @@ private:
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<CalcViewModel> m_calcView;
+    std::unique_ptr<AIUsageViewModel> m_aiUsageView;
 };
 
 }  // namespace vantrelle

@@ -1,5 +1,7 @@
 #include "overlay/CollapsedPresentation.h"
 
+#include "agents/AIFormat.h"
+
 #include <fmt/format.h>
 
 #include <cmath>
@@ -34,14 +36,6 @@ std::string timerDigits(double seconds) {
     return fmt::format("{}:{:02}", minutes, secs);
 }
 
-std::string compactTokens(std::int64_t tokens) {
-    const double value = static_cast<double>(tokens);
-    if (tokens < 1000) return fmt::format("{}", tokens);
-    if (tokens < 1'000'000) return fmt::format("{:.1f}K", value / 1e3);
-    if (tokens < 1'000'000'000) return fmt::format("{:.1f}M", value / 1e6);
-    return fmt::format("{:.1f}B", value / 1e9);
-}
-
 CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const TimerReadings& timers) {
     CollapsedCells c;
     std::visit(
@@ -63,7 +57,7 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
             [&](const LiveActivity::AI& a) {
                 c.leadingIsAgentMark = true;
                 c.pulse = a.isActive;
-                c.trailingText = a.tokens > 0 ? compactTokens(a.tokens) : "AI";
+                c.trailingText = a.tokens > 0 ? AIFormat::tokens(a.tokens) : "AI";
             },
             [&](const LiveActivity::Download& d) {
                 c.leadingSymbol = "arrow.down.circle.fill";

@@ -38,7 +38,5 @@ struct CollapsedCells {
 [[nodiscard]] std::string compactStopwatch(double seconds);
 // Remaining time as "m:ss", or "h:mm:ss" from an hour on; never negative.
 [[nodiscard]] std::string timerDigits(double seconds);
-// Tokens in a few characters: 950, 12.4K, 3.1M.
-[[nodiscard]] std::string compactTokens(std::int64_t tokens);
 
 }  // namespace vantrelle

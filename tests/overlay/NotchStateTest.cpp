@@ -68,9 +68,8 @@ TEST(CollapsedPresentation, TimersAndCountsFormatAsTheNotchShowsThem) {
     EXPECT_EQ(timerDigits(1499.2), "25:00");
     EXPECT_EQ(timerDigits(0.2), "0:01");
     EXPECT_EQ(timerDigits(-3), "0:00");
-    EXPECT_EQ(compactTokens(999), "999");
-    EXPECT_EQ(compactTokens(12'449), "12.4K");
-    EXPECT_EQ(compactTokens(3'100'000), "3.1M");
+    const Date now{1'800'000'000};
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::AI{"api", 12'449, 0.2, true}}, now, {}).trailingText, "12.4k");
 }
 
 TEST(CollapsedPresentation, EveryKindFillsBothSides) {
