@@ -72,8 +72,10 @@ std::string_view AIPricing::family(std::string_view model) {
     return row ? row->family : std::string_view("Model");
 }
 
-double AIPricing::cost(const AIUsageEvent& event) {
-    const AIPricing r = rates(event.model);
+double AIPricing::cost(const AIUsageEvent& event) { return rates(event.model).costOf(event); }
+
+double AIPricing::costOf(const AIUsageEvent& event) const {
+    const AIPricing& r = *this;
     const auto in = static_cast<double>(event.input);
     const auto out = static_cast<double>(event.output);
     const auto read = static_cast<double>(event.cacheRead);

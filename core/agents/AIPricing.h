@@ -29,6 +29,8 @@ struct AIPricing {
     [[nodiscard]] static std::string_view family(std::string_view model);
     // The estimated cost of one event in dollars; the long-context rule applies to each event alone.
     [[nodiscard]] static double cost(const AIUsageEvent& event);
+    // The same with the rates already looked up, for callers that keep them per model.
+    [[nodiscard]] double costOf(const AIUsageEvent& event) const;
 };
 
 }  // namespace vantrelle

@@ -31,16 +31,7 @@ public:
     double cost(const AIUsageEvent& event) {
         auto it = m_rates.find(event.model);
         if (it == m_rates.end()) it = m_rates.emplace(event.model, AIPricing::rates(event.model)).first;
-        const AIPricing& r = it->second;
-        const auto in = static_cast<double>(event.input);
-        const auto out = static_cast<double>(event.output);
-        const auto read = static_cast<double>(event.cacheRead);
-        const auto write = static_cast<double>(event.cacheWrite);
-        if (r.longContext && event.input + event.cacheRead > 200'000) {
-            const auto& l = *r.longContext;
-            return (l.input * in + l.output * out + l.cacheRead * read + r.cacheWrite * write) / 1'000'000;
-        }
-        return (r.input * in + r.output * out + r.cacheRead * read + r.cacheWrite * write) / 1'000'000;
+        return it->second.costOf(event);
     }
 
 private:
