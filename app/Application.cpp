@@ -90,6 +90,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_claudeHooks, SystemClock::shared());
     m_engine.rootContext()->setContextProperty(QStringLiteral("AIUsage"), m_aiUsageView.get());
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("qrc:/qml/tools/AIUsageView.qml"));
+    m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("qrc:/qml/tools/DashboardView.qml"));
 
     m_pointer = std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
         overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));

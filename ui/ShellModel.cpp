@@ -70,6 +70,22 @@ QVariantList ShellModel::tabs() const {
     return list;
 }
 
+QVariantList ShellModel::dashboardTiles() const {
+    QVariantList list;
+    for (DashTile tile : m_settings.dashboardTiles()) {
+        const auto& i = info(tile);
+        const auto tool = toolForTile(tile);
+        const bool opens = tool && m_settings.isEnabled(*tool);
+        list.push_back(QVariantMap{{QStringLiteral("raw"), QString::fromUtf8(i.raw.data())},
+                                   {QStringLiteral("title"), QString::fromUtf8(i.title.data())},
+                                   {QStringLiteral("icon"), glyph(std::string(i.icon))},
+                                   {QStringLiteral("subtitle"), QString::fromUtf8(i.subtitle.data())},
+                                   {QStringLiteral("tool"), opens ? QString::fromUtf8(rawValue(*tool).data()) : QString()},
+                                   {QStringLiteral("tint"), tool ? toQColor(info(*tool).tint) : toQColor(NotchTheme::label)}});
+    }
+    return list;
+}
+
 bool ShellModel::lightAppearance() const {
     // Without glass the panel is always dark.
     return m_settings.glassPanel() && m_settings.appearance() == Appearance::light;

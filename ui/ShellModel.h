@@ -33,6 +33,7 @@ class ShellModel final : public QObject {
     Q_PROPERTY(QString headerSubtitle READ headerSubtitle NOTIFY stateChanged)
     Q_PROPERTY(QString toolView READ toolView NOTIFY stateChanged)
     Q_PROPERTY(QVariantList tabs READ tabs NOTIFY settingsChanged)
+    Q_PROPERTY(QVariantList dashboardTiles READ dashboardTiles NOTIFY settingsChanged)
     Q_PROPERTY(bool showDock READ showDock NOTIFY settingsChanged)
     Q_PROPERTY(bool glass READ glass NOTIFY settingsChanged)
     Q_PROPERTY(bool lightAppearance READ lightAppearance NOTIFY settingsChanged)
@@ -71,6 +72,8 @@ public:
         Q_EMIT stateChanged();
     }
     [[nodiscard]] QVariantList tabs() const;
+    // The Dashboard's eight tiles in the user's order, each with the tool it opens.
+    [[nodiscard]] QVariantList dashboardTiles() const;
     [[nodiscard]] bool showDock() const { return m_settings.showDock(); }
     [[nodiscard]] bool glass() const { return m_settings.glassPanel(); }
     [[nodiscard]] bool lightAppearance() const;

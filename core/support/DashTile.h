@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "overlay/NotchTab.h"
+
 namespace vantrelle {
 
 // The tiles the Dashboard can show, eight at a time.
@@ -30,6 +32,9 @@ struct DashTileInfo {
 // Exactly eight distinct tiles: the given ones in order, first occurrence kept, filled up with the
 // default layout and then every tile in order, cut to eight.
 [[nodiscard]] std::vector<DashTile> normalizedDashTiles(const std::vector<DashTile>& tiles);
+// The tool a tile opens when clicked; nothing for tiles that are complete in themselves.
+[[nodiscard]] std::optional<NotchTab> toolForTile(DashTile tile);
+
 // The first eight tiles: two rows of four.
 [[nodiscard]] std::vector<DashTile> defaultDashTiles();
 
