@@ -13,6 +13,9 @@
 #include "overlay/LiveActivityCenter.h"
 #include "platform/VirtualScheduler.h"
 #include "support/AppSettings.h"
+#include "support/AppPaths.h"
+#include "support/AtomicFile.h"
+#include "support/JsonDefaultsStore.h"
 #include "support/MemoryDefaultsStore.h"
 #include "support/NotificationCenter.h"
 
@@ -107,7 +110,13 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
     VirtualScheduler clock(options.now.value_or(SystemClock::shared().now()));
     InlineQueueFactory queues;
     NoProcesses processes;
+    // The user's own settings, the window budget among them: read, never written.
     MemoryDefaultsStore defaults;
+    if (auto text = readWholeFile(AppPaths::fromEnvironment(environment).defaultsFile())) {
+        if (auto values = JsonDefaultsStore::decode(*text)) {
+            for (auto& [key, value] : *values) defaults.set(key, std::move(value));
+        }
+    }
     NotificationCenter notifications;
     NoLoginItem loginItem;
     AppSettings settings(defaults, notifications, loginItem, clock);

@@ -20,7 +20,9 @@ TEST(UsageReportTest, JsonHasEveryFigure) {
     std::string error;
     auto options = parseUsageArguments({"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
     ASSERT_TRUE(options) << error;
-    const auto json = nlohmann::json::parse(usageReport(*options, MapEnvironment{}));
+    testing::TempDir config;
+    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
+    const auto json = nlohmann::json::parse(usageReport(*options, environment));
     EXPECT_EQ(json["today"]["input"], 10);
     EXPECT_EQ(json["today"]["output"], 5);
     EXPECT_EQ(json["today"]["cacheRead"], 3);
@@ -40,6 +42,13 @@ TEST(UsageReportTest, JsonHasEveryFigure) {
     EXPECT_EQ(json["sessions"][0]["projectName"], "shop");
     EXPECT_EQ(json["sessions"][0]["title"], "hello");
     EXPECT_EQ(json["sessions"][0]["state"], "done");
+
+    // The user's budget setting holds in the report too; the settings file is only read.
+    const std::string stored = R"({"aiBlockTokenBudget": 5000})";
+    config.write("Vantrelle/defaults.json", stored);
+    const auto withBudget = nlohmann::json::parse(usageReport(*options, environment));
+    EXPECT_EQ(withBudget["block"]["budget"], 5000);
+    EXPECT_EQ(config.read("Vantrelle/defaults.json"), stored);
 
     EXPECT_FALSE(parseUsageArguments({"--now", "yesterday"}, error));
     EXPECT_FALSE(parseUsageArguments({"--bogus"}, error));
