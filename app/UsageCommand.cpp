@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "ProcProcessTable.h"
 #include "agents/UsageReport.h"
 #include "platform/Environment.h"
 
@@ -16,7 +17,8 @@ int runUsageCommand(int argc, char** argv) {
                      error.c_str());
         return 2;
     }
-    const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared());
+    vantrelle::ProcProcessTable processes;
+    const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared(), &processes);
     std::fwrite(report.data(), 1, report.size(), stdout);
     return 0;
 }

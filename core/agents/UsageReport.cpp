@@ -106,10 +106,11 @@ std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::str
     return options;
 }
 
-std::string usageReport(const UsageReportOptions& options, const Environment& environment) {
+std::string usageReport(const UsageReportOptions& options, const Environment& environment, ProcessTable* running) {
     VirtualScheduler clock(options.now.value_or(SystemClock::shared().now()));
     InlineQueueFactory queues;
-    NoProcesses processes;
+    NoProcesses none;
+    ProcessTable& processes = running ? *running : none;
     // The user's own settings, the window budget among them: read, never written.
     MemoryDefaultsStore defaults;
     if (auto text = readWholeFile(AppPaths::fromEnvironment(environment).defaultsFile())) {
@@ -125,6 +126,7 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
     AIUsageModel model({env, environment.get("HOME").value_or("."), clock, clock, queues, processes, settings,
                         liveActivities, nullptr, false});
     model.rescan();
+    model.pollProcesses();  // which agents run now decides running, waiting and done
     clock.runUntilIdle();
 
     const Date now = clock.now();

@@ -7,6 +7,7 @@
 
 #include "platform/Date.h"
 #include "platform/Environment.h"
+#include "platform/ProcessTable.h"
 
 namespace vantrelle {
 
@@ -21,7 +22,9 @@ struct UsageReportOptions {
 [[nodiscard]] std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
                                                                     std::string& error);
 
-// The report. The user's home comes from `environment` ("HOME") unless the options name one.
-[[nodiscard]] std::string usageReport(const UsageReportOptions& options, const Environment& environment);
+// The report. The user's home comes from `environment` ("HOME") unless the options name one. Without a
+// process table no agent counts as running, and every session reads as done.
+[[nodiscard]] std::string usageReport(const UsageReportOptions& options, const Environment& environment,
+                                      ProcessTable* running = nullptr);
 
 }  // namespace vantrelle
