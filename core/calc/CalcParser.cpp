@@ -136,15 +136,7 @@ CalcValue CalcParser::parsePrimary() {
         case Type::number:
             ++m_at;
             return CalcValue{token->number, false};
-        case Type::lparen: {
-            ++m_at;
-            const CalcValue inner = parseExpression();
-            const CalcToken* close = peek();
-            if (!close) throw CalcError::unbalancedParentheses();
-            if (close->type != Type::rparen) failAtCurrent();
-            ++m_at;
-            return inner;
-        }
+        case Type::lparen: return parseParenthesized();
         case Type::ident: {
             const std::string& name = token->text;
             ++m_at;
@@ -166,17 +158,19 @@ CalcValue CalcParser::parsePrimary() {
     failAtCurrent();
 }
 
+CalcValue CalcParser::parseParenthesized() {
+    ++m_at;  // the "("
+    const CalcValue inner = parseExpression();
+    const CalcToken* close = peek();
+    if (!close) throw CalcError::unbalancedParentheses();
+    if (close->type != Type::rparen) failAtCurrent();
+    ++m_at;
+    return inner;
+}
+
 CalcValue CalcParser::parseFunctionArgument() {
     const CalcToken* token = peek();
-    if (token && token->type == Type::lparen) {
-        ++m_at;
-        const CalcValue inner = parseExpression();
-        const CalcToken* close = peek();
-        if (!close) throw CalcError::unbalancedParentheses();
-        if (close->type != Type::rparen) failAtCurrent();
-        ++m_at;
-        return inner;
-    }
+    if (token && token->type == Type::lparen) return parseParenthesized();
     return parseUnary();
 }
 

@@ -50,6 +50,8 @@ private:
     CalcValue parsePostfix();
     CalcValue parsePrimary();
     CalcValue parseFunctionArgument();
+    // At a "(": the expression inside and its closing ")".
+    CalcValue parseParenthesized();
 
     [[nodiscard]] const CalcToken* peek(std::size_t ahead = 0) const;
     [[nodiscard]] bool nextIsOp(char c) const;
