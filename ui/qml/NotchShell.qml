@@ -10,6 +10,21 @@ Item {
     property bool light: false
     default property alias content: body.data
 
+    // The soft shadow of the open panel, 14 points down, fading over 28: layered rings of black.
+    // Without a compositor the window is cut to the shell, so it simply never shows.
+    Repeater {
+        model: shell.elevated ? 7 : 0
+        Rectangle {
+            readonly property real spread: (index + 1) * 4
+            x: -spread
+            y: 14 - spread
+            width: shell.width + 2 * spread
+            height: shell.height + 2 * spread
+            radius: shell.cornerRadius + spread
+            color: "black"
+            opacity: 0.55 / 7
+        }
+    }
     Rectangle {
         id: fill
         anchors.fill: parent
