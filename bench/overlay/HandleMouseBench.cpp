@@ -34,47 +34,26 @@ struct Rig {
         services, QuietMonitor::Probes{}, camera}};
 };
 
-void reportAllocations(benchmark::State& state, std::size_t before) {
+// Sends `type` events along a horizontal line from `fromX` to `toX` at height `y`, over and over, and
+// reports the allocations per event beside the time.
+void sweep(benchmark::State& state, NotchOverlayController::MouseEvent type, double fromX, double toX, double y,
+           bool expanded) {
+    Rig rig;
+    if (expanded) rig.controller.setExpanded(true, "bench");
+    double x = fromX;
+    const auto before = testing::allocationCount();
+    for (auto _ : state) {
+        rig.controller.handleMouse(type, Point{x, y});
+        x = x > toX ? fromX : x + 1;
+    }
     state.counters["allocs/event"] = benchmark::Counter(
         static_cast<double>(testing::allocationCount() - before) / static_cast<double>(state.iterations()));
 }
 
-void BM_MoveFarFromTheNotch(benchmark::State& state) {
-    Rig rig;
-    double x = 0;
-    const auto before = testing::allocationCount();
-    for (auto _ : state) {
-        rig.controller.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{x, 200});
-        x = x > 1400 ? 0 : x + 1;
-    }
-    reportAllocations(state, before);
-}
-BENCHMARK(BM_MoveFarFromTheNotch);
-
-void BM_MoveInsideTheOpenPanel(benchmark::State& state) {
-    Rig rig;
-    rig.controller.setExpanded(true, "bench");
-    double x = 400;
-    const auto before = testing::allocationCount();
-    for (auto _ : state) {
-        rig.controller.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{x, 800});
-        x = x > 1000 ? 400 : x + 1;
-    }
-    reportAllocations(state, before);
-}
-BENCHMARK(BM_MoveInsideTheOpenPanel);
-
-void BM_DragAcrossTheScreen(benchmark::State& state) {
-    Rig rig;
-    double x = 0;
-    const auto before = testing::allocationCount();
-    for (auto _ : state) {
-        rig.controller.handleMouse(NotchOverlayController::MouseEvent::leftMouseDragged, Point{x, 300});
-        x = x > 1400 ? 0 : x + 1;
-    }
-    reportAllocations(state, before);
-}
-BENCHMARK(BM_DragAcrossTheScreen);
+using Event = NotchOverlayController::MouseEvent;
+BENCHMARK_CAPTURE(sweep, MoveFarFromTheNotch, Event::mouseMoved, 0, 1400, 200, false);
+BENCHMARK_CAPTURE(sweep, MoveInsideTheOpenPanel, Event::mouseMoved, 400, 1000, 800, true);
+BENCHMARK_CAPTURE(sweep, DragAcrossTheScreen, Event::leftMouseDragged, 0, 1400, 300, false);
 
 }  // namespace
 }  // namespace vantrelle
