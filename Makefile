@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: deps configure build run test test-asan bench fuzz format clean
+.PHONY: deps configure build run test test-asan bench fuzz format format-check clean
 
 deps:
 	@scripts/install-deps
@@ -39,8 +39,13 @@ fuzz:
 	cmake --build build-fuzz -j $(JOBS)
 	@for f in $$(find build-fuzz/fuzz -type f -executable -name 'fuzz_*'); do echo "== $$f"; $$f -max_total_time=$(FUZZ_SECONDS) -rss_limit_mb=1024 || exit 1; done
 
-format:
-	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+# Debian 12's clang-format; another version formats some constructs differently.
+CLANG_FORMAT ?= clang-format-14
+format: deps
+	@git ls-files '*.cpp' '*.h' | xargs $(CLANG_FORMAT) -i
+
+format-check: deps
+	@git ls-files '*.cpp' '*.h' | xargs $(CLANG_FORMAT) --dry-run --Werror
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

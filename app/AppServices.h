@@ -33,5 +33,4 @@ private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;
 };
 
-
 }  // namespace vantrelle

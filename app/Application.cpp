@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
-#include <QQmlContext>
 #include <QGuiApplication>
+#include <QQmlContext>
 #include <QScreen>
 #include <QUrl>
 
@@ -21,22 +21,31 @@ Application::Application(const Environment& environment)
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
       m_claudeHooks(m_paths, environment),
-      m_claudeAlerts(ClaudeAlertCenter::Dependencies{m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(),
-                                                     m_activities, NotificationCenter::shared(), m_settings, m_sounds,
-                                                     m_fileWatcher, [this] { return m_claudeHooks.isInstalled(); },
-                                                     DemoMode::isOn()}),
+      m_claudeAlerts(ClaudeAlertCenter::Dependencies{
+          m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(), m_activities,
+          NotificationCenter::shared(), m_settings, m_sounds, m_fileWatcher,
+          [this] { return m_claudeHooks.isInstalled(); }, DemoMode::isOn()}),
       m_rates(m_http, m_defaults, SystemClock::shared(), environment),
       m_calc(m_rates, DemoMode::isOn()),
-      m_wrappedHistory(WrappedHistory::defaultFile(m_paths.dataRoot()), SystemClock::shared(), DemoMode::isOn()),
-      m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler, m_queues,
-                                           m_processes, m_settings, m_activities, &m_wrappedHistory, DemoMode::isOn()}),
+      m_wrappedHistory(WrappedHistory::defaultFile(m_paths.dataRoot()), SystemClock::shared(),
+                       DemoMode::isOn()),
+      m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler,
+                                           m_queues, m_processes, m_settings, m_activities, &m_wrappedHistory,
+                                           DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
-      m_delegate(AppDelegate::Dependencies{
-          m_paths, SystemClock::shared(), environment, m_scheduler, m_hooks, [this] { return makeOverlay(); },
-          {},  // no task bar entry: the overlay windows bypass the window manager
-          {},  // notification categories arrive with the focus timer
-          [] { return PermissionStatus{3, 3, 3}; }}) {
+      m_delegate(
+          AppDelegate::Dependencies{m_paths,
+                                    SystemClock::shared(),
+                                    environment,
+                                    m_scheduler,
+                                    m_hooks,
+                                    [this] { return makeOverlay(); },
+                                    {},  // no task bar entry: the overlay windows bypass the window manager
+                                    {},  // notification categories arrive with the focus timer
+                                    [] {
+                                        return PermissionStatus{3, 3, 3};
+                                    }}) {
     SharedInstance<AppSettings>::install(&m_settings);
     SharedInstance<LiveActivityCenter>::install(&m_activities);
     SharedInstance<ClaudeAlertCenter>::install(&m_claudeAlerts);
@@ -68,12 +77,14 @@ std::optional<Rect> Application::declaredNotch() const {
 std::unique_ptr<NotchOverlayController> Application::makeOverlay() {
     QuietMonitor::Probes probes{
         [this](const std::optional<ScreenInfo>& screen) {
-            return screen && m_desktop.activeWindowIsFullScreen(DesktopCoordinates::current().toDesktop(screen->frame));
+            return screen &&
+                   m_desktop.activeWindowIsFullScreen(DesktopCoordinates::current().toDesktop(screen->frame));
         },
         [this] { return m_cameraProbe.anyCameraRunning(); }};
     auto overlay = std::make_unique<NotchOverlayController>(NotchOverlayController::Dependencies{
-        m_settings, m_activities, NotificationCenter::shared(), m_scheduler, SystemClock::shared(), m_environment,
-        m_windows, m_screens, m_pasteboard, m_sounds, m_services, std::move(probes), m_cameraUse});
+        m_settings, m_activities, NotificationCenter::shared(), m_scheduler, SystemClock::shared(),
+        m_environment, m_windows, m_screens, m_pasteboard, m_sounds, m_services, std::move(probes),
+        m_cameraUse});
     wirePlatform(*overlay);
     return overlay;
 }
@@ -92,9 +103,10 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("qrc:/qml/tools/AIUsageView.qml"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("qrc:/qml/tools/DashboardView.qml"));
 
-    m_pointer = std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
-        overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
-    });
+    m_pointer =
+        std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+            overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
+        });
 
     auto* app = qGuiApp;
     auto rebuild = [&overlay] { overlay.rebuild(); };
@@ -111,7 +123,8 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     StatusMenuCommands commands;
     commands.openNotch = [&overlay] { overlay.setExpanded(true, "unspecified"); };
     commands.emailSupport = [] {
-        QDesktopServices::openUrl(QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
+        QDesktopServices::openUrl(
+            QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
     };
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));

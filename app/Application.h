@@ -1,12 +1,11 @@
 #pragma once
 
 #include <QQmlEngine>
-
 #include <memory>
 #include <optional>
 
-#include "AppServices.h"
 #include "AIUsageViewModel.h"
+#include "AppServices.h"
 #include "CalcViewModel.h"
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
@@ -20,12 +19,12 @@
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
+#include "agents/AIUsageModel.h"
 #include "agents/ClaudeAlertCenter.h"
 #include "agents/ClaudeHooks.h"
+#include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
-#include "agents/AIUsageModel.h"
-#include "app/AppDelegate.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"

@@ -13,12 +13,15 @@ int runUsageCommand(int argc, char** argv) {
     std::string error;
     const auto options = vantrelle::parseUsageArguments(arguments, error);
     if (!options) {
-        std::fprintf(stderr, "vantrelle usage: %s\nusage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n",
-                     error.c_str());
+        std::fprintf(
+            stderr,
+            "vantrelle usage: %s\nusage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n",
+            error.c_str());
         return 2;
     }
     vantrelle::ProcProcessTable processes;
-    const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared(), &processes);
+    const std::string report =
+        vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared(), &processes);
     std::fwrite(report.data(), 1, report.size(), stdout);
     return 0;
 }

@@ -1,5 +1,4 @@
 #include <QApplication>
-
 #include <cstring>
 
 #include "Application.h"

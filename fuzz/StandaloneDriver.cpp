@@ -15,7 +15,9 @@ namespace {
 
 using Input = std::vector<std::uint8_t>;
 
-void run(const Input& input) { LLVMFuzzerTestOneInput(input.data(), input.size()); }
+void run(const Input& input) {
+    LLVMFuzzerTestOneInput(input.data(), input.size());
+}
 
 std::vector<Input> readCorpus(const std::filesystem::path& folder) {
     std::vector<Input> seeds;
@@ -37,7 +39,8 @@ int main(int argc, char** argv) {
         auto more = readCorpus(argv[i]);
         seeds.insert(seeds.end(), more.begin(), more.end());
     }
-    const int mutationsPerSeed = std::getenv("FUZZ_MUTATIONS") ? std::atoi(std::getenv("FUZZ_MUTATIONS")) : 300;
+    const int mutationsPerSeed =
+        std::getenv("FUZZ_MUTATIONS") ? std::atoi(std::getenv("FUZZ_MUTATIONS")) : 300;
 
     for (const auto& seed : seeds) {
         run(seed);
@@ -48,12 +51,20 @@ int main(int argc, char** argv) {
             for (int e = 0; e < edits; ++e) {
                 const std::size_t at = random() % input.size();
                 switch (random() % 4) {
-                    case 0: input[at] = static_cast<std::uint8_t>(random()); break;
-                    case 1: input.erase(input.begin() + static_cast<std::ptrdiff_t>(at)); break;
-                    case 2: input.insert(input.begin() + static_cast<std::ptrdiff_t>(at), seed.begin(),
-                                         seed.begin() + static_cast<std::ptrdiff_t>(random() % (seed.size() + 1)));
-                            break;
-                    default: input.resize(at); break;
+                    case 0:
+                        input[at] = static_cast<std::uint8_t>(random());
+                        break;
+                    case 1:
+                        input.erase(input.begin() + static_cast<std::ptrdiff_t>(at));
+                        break;
+                    case 2:
+                        input.insert(
+                            input.begin() + static_cast<std::ptrdiff_t>(at), seed.begin(),
+                            seed.begin() + static_cast<std::ptrdiff_t>(random() % (seed.size() + 1)));
+                        break;
+                    default:
+                        input.resize(at);
+                        break;
                 }
                 if (input.empty()) input.push_back(static_cast<std::uint8_t>(random()));
             }

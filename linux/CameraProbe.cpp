@@ -22,7 +22,8 @@ bool CameraProbe::anyCameraRunning() const {
     // Most of the time there is no camera at all; then no process needs a look.
     bool anyDevice = false;
     std::error_code devError;
-    for (fs::directory_iterator dev(m_devRoot, devError), devEnd; !devError && dev != devEnd; dev.increment(devError)) {
+    for (fs::directory_iterator dev(m_devRoot, devError), devEnd; !devError && dev != devEnd;
+         dev.increment(devError)) {
         if (dev->path().filename().string().starts_with("video")) {
             anyDevice = true;
             break;
@@ -32,7 +33,8 @@ bool CameraProbe::anyCameraRunning() const {
 
     const long self = static_cast<long>(::getpid());
     std::error_code error;
-    for (fs::directory_iterator process(m_procRoot, error), end; !error && process != end; process.increment(error)) {
+    for (fs::directory_iterator process(m_procRoot, error), end; !error && process != end;
+         process.increment(error)) {
         long pid = 0;
         if (!isProcessFolder(process->path().filename().string(), &pid) || pid == self) continue;
         std::error_code fdError;

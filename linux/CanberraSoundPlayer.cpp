@@ -25,8 +25,8 @@ const char* CanberraSoundPlayer::themeSound(std::string_view name) {
 
 void CanberraSoundPlayer::play(std::string_view name) {
     if (!m_context) return;
-    const int result = ca_context_play(m_context, 0, CA_PROP_EVENT_ID, themeSound(name), CA_PROP_EVENT_DESCRIPTION,
-                                       std::string(name).c_str(), nullptr);
+    const int result = ca_context_play(m_context, 0, CA_PROP_EVENT_ID, themeSound(name),
+                                       CA_PROP_EVENT_DESCRIPTION, std::string(name).c_str(), nullptr);
     if (result != CA_SUCCESS) {
         DebugLog::write([&] { return "sound: " + std::string(name) + " failed: " + ca_strerror(result); });
     }

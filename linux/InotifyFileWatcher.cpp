@@ -1,10 +1,9 @@
 #include "InotifyFileWatcher.h"
 
-#include <QSocketNotifier>
-
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <QSocketNotifier>
 #include <array>
 #include <cerrno>
 #include <vector>

@@ -7,7 +7,6 @@
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
-
 #include <cmath>
 #include <memory>
 
@@ -23,7 +22,8 @@ QtHttpClient::~QtHttpClient() {
     }
 }
 
-void QtHttpClient::get(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion) {
+void QtHttpClient::get(const std::string& url, double timeoutSeconds,
+                       std::function<void(HttpResponse)> completion) {
     if (QThread::currentThread() == m_context.thread()) {
         start(url, timeoutSeconds, std::move(completion));
         return;
@@ -36,7 +36,8 @@ void QtHttpClient::get(const std::string& url, double timeoutSeconds, std::funct
         Qt::QueuedConnection);
 }
 
-void QtHttpClient::start(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion) {
+void QtHttpClient::start(const std::string& url, double timeoutSeconds,
+                         std::function<void(HttpResponse)> completion) {
     QNetworkRequest request(QUrl(QString::fromStdString(url)));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     QNetworkReply* reply = m_manager.get(request);

@@ -18,7 +18,8 @@ public:
     QtHttpClient(const QtHttpClient&) = delete;
     QtHttpClient& operator=(const QtHttpClient&) = delete;
 
-    void get(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion) override;
+    void get(const std::string& url, double timeoutSeconds,
+             std::function<void(HttpResponse)> completion) override;
 
 private:
     void start(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion);

@@ -3,7 +3,6 @@
 #include <QMetaObject>
 #include <QPointer>
 #include <QTimer>
-
 #include <cmath>
 
 namespace vantrelle {

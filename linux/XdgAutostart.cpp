@@ -27,7 +27,9 @@ bool XdgAutostart::setEnabled(bool enabled) {
         "Type=Application\n"
         "Name=Vantrelle\n"
         "Comment=A notch dashboard for people who work with AI coding agents\n"
-        "Exec=" + exec + "\n"
+        "Exec=" +
+        exec +
+        "\n"
         "Icon=vantrelle\n"
         "Terminal=false\n"
         "NoDisplay=true\n"

@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QLocale>
-
 #include <algorithm>
 #include <cmath>
 
@@ -12,15 +11,22 @@ namespace vantrelle {
 
 namespace {
 
-QString text(const std::string& s) { return QString::fromStdString(s); }
-QDateTime local(Date date) { return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(date.seconds * 1000)); }
+QString text(const std::string& s) {
+    return QString::fromStdString(s);
+}
+QDateTime local(Date date) {
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(date.seconds * 1000));
+}
 constexpr double kWindow = 5 * 3600;
 
 QString toolName(AgentTool tool) {
     switch (tool) {
-        case AgentTool::claudeCode: return QStringLiteral("Claude Code");
-        case AgentTool::codex: return QStringLiteral("Codex");
-        case AgentTool::gemini: return QStringLiteral("Gemini CLI");
+        case AgentTool::claudeCode:
+            return QStringLiteral("Claude Code");
+        case AgentTool::codex:
+            return QStringLiteral("Codex");
+        case AgentTool::gemini:
+            return QStringLiteral("Gemini CLI");
     }
     return {};
 }
@@ -58,7 +64,8 @@ QVariantList AIUsageViewModel::days() const {
     for (std::size_t i = 0; i < days.size(); ++i) {
         const auto& day = days[i];
         list.push_back(QVariantMap{
-            {QStringLiteral("label"), QLocale(QLocale::English).toString(local(day.date).date(), QStringLiteral("ddd"))},
+            {QStringLiteral("label"),
+             QLocale(QLocale::English).toString(local(day.date).date(), QStringLiteral("ddd"))},
             {QStringLiteral("tokens"), text(AIFormat::tokens(day.tokens))},
             {QStringLiteral("cost"), cost(day.cost)},
             {QStringLiteral("fraction"), static_cast<double>(day.tokens) / static_cast<double>(most)},
@@ -72,14 +79,17 @@ QVariantMap AIUsageViewModel::block() const {
     if (!block) return {};
     const double left = std::max(0.0, (block->start + kWindow) - m_clock.now());
     // The gauge fills against the budget; without one, against where the window is heading.
-    const double scale = static_cast<double>(block->budget > 0 ? block->budget : std::max(block->projectedTokens, block->tokens));
+    const double scale = static_cast<double>(
+        block->budget > 0 ? block->budget : std::max(block->projectedTokens, block->tokens));
     return {{QStringLiteral("tokens"), text(AIFormat::tokens(block->tokens))},
             {QStringLiteral("cost"), cost(block->cost)},
-            {QStringLiteral("progress"), scale > 0 ? std::min(1.0, static_cast<double>(block->tokens) / scale) : 0.0},
+            {QStringLiteral("progress"),
+             scale > 0 ? std::min(1.0, static_cast<double>(block->tokens) / scale) : 0.0},
             {QStringLiteral("budget"), block->budget > 0 ? text(AIFormat::tokens(block->budget)) : QString()},
             {QStringLiteral("overBudget"), block->budget > 0 && block->projectedTokens > block->budget},
-            {QStringLiteral("burn"), text(AIFormat::tokens(static_cast<std::int64_t>(std::lround(block->burnTokensPerMinute)))) +
-                                         QStringLiteral("/min")},
+            {QStringLiteral("burn"),
+             text(AIFormat::tokens(static_cast<std::int64_t>(std::lround(block->burnTokensPerMinute)))) +
+                 QStringLiteral("/min")},
             {QStringLiteral("projected"), text(AIFormat::tokens(block->projectedTokens))},
             {QStringLiteral("timeLeft"), text(AIFormat::remaining(left))},
             {QStringLiteral("started"), local(block->start).toString(QStringLiteral("HH:mm"))}};
@@ -88,16 +98,17 @@ QVariantMap AIUsageViewModel::block() const {
 QVariantList AIUsageViewModel::sessions() const {
     QVariantList list;
     for (const auto& s : m_model.sessions()) {
-        list.push_back(QVariantMap{{QStringLiteral("state"), QString::fromUtf8(rawValue(s.state).data())},
-                                   {QStringLiteral("tool"), toolName(s.tool)},
-                                   {QStringLiteral("project"), text(s.projectName)},
-                                   {QStringLiteral("title"), text(s.title)},
-                                   {QStringLiteral("branch"), s.branch ? text(*s.branch) : QString()},
-                                   {QStringLiteral("model"), text(s.modelFamily)},
-                                   {QStringLiteral("tokens"), text(AIFormat::tokens(s.tokens))},
-                                   {QStringLiteral("cost"), cost(s.cost)},
-                                   {QStringLiteral("active"), text(AIFormat::duration(s.activeSeconds))},
-                                   {QStringLiteral("lastPrompt"), s.lastPrompt ? text(*s.lastPrompt) : QString()}});
+        list.push_back(
+            QVariantMap{{QStringLiteral("state"), QString::fromUtf8(rawValue(s.state).data())},
+                        {QStringLiteral("tool"), toolName(s.tool)},
+                        {QStringLiteral("project"), text(s.projectName)},
+                        {QStringLiteral("title"), text(s.title)},
+                        {QStringLiteral("branch"), s.branch ? text(*s.branch) : QString()},
+                        {QStringLiteral("model"), text(s.modelFamily)},
+                        {QStringLiteral("tokens"), text(AIFormat::tokens(s.tokens))},
+                        {QStringLiteral("cost"), cost(s.cost)},
+                        {QStringLiteral("active"), text(AIFormat::duration(s.activeSeconds))},
+                        {QStringLiteral("lastPrompt"), s.lastPrompt ? text(*s.lastPrompt) : QString()}});
     }
     return list;
 }

@@ -2,7 +2,6 @@
 
 #include <QQuickView>
 #include <QRegion>
-
 #include <cmath>
 
 #include "support/DebugLog.h"
@@ -13,7 +12,8 @@ namespace vantrelle {
 namespace {
 
 constexpr Qt::WindowFlags kOverlayFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                                          Qt::X11BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus | Qt::Tool;
+                                          Qt::X11BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus |
+                                          Qt::Tool;
 
 // How far a row `dy` pixels into a corner of radius r stays clear of the curve.
 int cornerInset(int r, double dy) {

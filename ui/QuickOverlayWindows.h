@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QRectF>
-
 #include <memory>
 
 #include "DesktopCoordinates.h"

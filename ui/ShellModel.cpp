@@ -6,7 +6,9 @@ namespace vantrelle {
 
 namespace {
 
-QColor toQColor(Color c) { return QColor(c.red, c.green, c.blue); }
+QColor toQColor(Color c) {
+    return QColor(c.red, c.green, c.blue);
+}
 
 }  // namespace
 
@@ -19,7 +21,8 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
 
     m_stateConnection = m_overlay.state().changed.connect([this](NotchState::Field field) {
         // The panel checks its tool each time it comes up.
-        if (field == NotchState::Field::isExpanded && m_overlay.state().isExpanded()) vantrelle::ensureValidTab(m_overlay.state(), m_settings);
+        if (field == NotchState::Field::isExpanded && m_overlay.state().isExpanded())
+            vantrelle::ensureValidTab(m_overlay.state(), m_settings);
         Q_EMIT stateChanged();
     });
     m_settingsConnection = m_settings.changed.connect([this](std::string_view property) {
@@ -32,7 +35,8 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
 
 void ShellModel::refreshCells() {
     const auto& current = m_activities.current();
-    CollapsedCells next = current ? collapsedCells(*current, m_clock.now(), timerReadings()) : CollapsedCells{};
+    CollapsedCells next =
+        current ? collapsedCells(*current, m_clock.now(), timerReadings()) : CollapsedCells{};
     if (next.ticksEverySecond != m_tick.isActive()) {
         if (next.ticksEverySecond) {
             m_tick.start();
@@ -47,11 +51,21 @@ void ShellModel::refreshCells() {
     Q_EMIT activityChanged();
 }
 
-QString ShellModel::tab() const { return QString::fromUtf8(rawValue(m_overlay.state().tab()).data()); }
-QString ShellModel::tabTitle() const { return QString::fromUtf8(info(m_overlay.state().tab()).title.data()); }
-QString ShellModel::tabBlurb() const { return QString::fromUtf8(info(m_overlay.state().tab()).blurb.data()); }
-QString ShellModel::tabIcon() const { return glyph(std::string(info(m_overlay.state().tab()).icon)); }
-QColor ShellModel::tabTint() const { return toQColor(info(m_overlay.state().tab()).tint); }
+QString ShellModel::tab() const {
+    return QString::fromUtf8(rawValue(m_overlay.state().tab()).data());
+}
+QString ShellModel::tabTitle() const {
+    return QString::fromUtf8(info(m_overlay.state().tab()).title.data());
+}
+QString ShellModel::tabBlurb() const {
+    return QString::fromUtf8(info(m_overlay.state().tab()).blurb.data());
+}
+QString ShellModel::tabIcon() const {
+    return glyph(std::string(info(m_overlay.state().tab()).icon));
+}
+QColor ShellModel::tabTint() const {
+    return toQColor(info(m_overlay.state().tab()).tint);
+}
 
 QString ShellModel::headerSubtitle() const {
     const auto& subtitle = m_overlay.state().headerSubtitle();
@@ -76,12 +90,13 @@ QVariantList ShellModel::dashboardTiles() const {
         const auto& i = info(tile);
         const auto tool = toolForTile(tile);
         const bool opens = tool && m_settings.isEnabled(*tool);
-        list.push_back(QVariantMap{{QStringLiteral("raw"), QString::fromUtf8(i.raw.data())},
-                                   {QStringLiteral("title"), QString::fromUtf8(i.title.data())},
-                                   {QStringLiteral("icon"), glyph(std::string(i.icon))},
-                                   {QStringLiteral("subtitle"), QString::fromUtf8(i.subtitle.data())},
-                                   {QStringLiteral("tool"), opens ? QString::fromUtf8(rawValue(*tool).data()) : QString()},
-                                   {QStringLiteral("tint"), tool ? toQColor(info(*tool).tint) : toQColor(NotchTheme::label)}});
+        list.push_back(QVariantMap{
+            {QStringLiteral("raw"), QString::fromUtf8(i.raw.data())},
+            {QStringLiteral("title"), QString::fromUtf8(i.title.data())},
+            {QStringLiteral("icon"), glyph(std::string(i.icon))},
+            {QStringLiteral("subtitle"), QString::fromUtf8(i.subtitle.data())},
+            {QStringLiteral("tool"), opens ? QString::fromUtf8(rawValue(*tool).data()) : QString()},
+            {QStringLiteral("tint"), tool ? toQColor(info(*tool).tint) : toQColor(NotchTheme::label)}});
     }
     return list;
 }
@@ -96,7 +111,9 @@ QString ShellModel::activityKind() const {
     return current ? QString::fromUtf8(current->kindKey().data()) : QString();
 }
 
-QString ShellModel::glyph(const QString& symbol) { return glyph(symbol.toStdString()); }
+QString ShellModel::glyph(const QString& symbol) {
+    return glyph(symbol.toStdString());
+}
 
 QString ShellModel::glyph(const std::string& symbol) {
     if (symbol.empty()) return {};
@@ -108,9 +125,13 @@ void ShellModel::selectTab(const QString& raw) {
     if (auto t = notchTabFromRaw(raw.toStdString())) m_overlay.state().setTab(*t);
 }
 
-void ShellModel::collapse() { m_overlay.state().collapse(); }
+void ShellModel::collapse() {
+    m_overlay.state().collapse();
+}
 
-void ShellModel::escapePressed() { m_overlay.handleEscape(); }
+void ShellModel::escapePressed() {
+    m_overlay.handleEscape();
+}
 
 void ShellModel::openSettings() {
     if (onOpenSettings) onOpenSettings();

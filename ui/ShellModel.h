@@ -7,7 +7,6 @@
 #include <QString>
 #include <QTimer>
 #include <QVariantList>
-
 #include <functional>
 
 #include "overlay/CollapsedPresentation.h"

@@ -3,7 +3,6 @@
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
-
 #include <vector>
 
 #include "app/StatusMenu.h"

@@ -28,8 +28,8 @@ fs::path generatedHome(const std::string& name, const std::string& arguments) {
     const fs::path home = fs::temp_directory_path() / name;
     if (!fs::exists(home / ".done")) {
         fs::remove_all(home);
-        const std::string command = std::string(VANTRELLE_GENERATOR) + " --out " + home.string() + " " + arguments +
-                                    " > /dev/null";
+        const std::string command =
+            std::string(VANTRELLE_GENERATOR) + " --out " + home.string() + " " + arguments + " > /dev/null";
         if (std::system(command.c_str()) != 0) std::abort();
         std::ofstream(home / ".done") << "ok";
     }
@@ -41,7 +41,9 @@ fs::path benchHome() {
     return generatedHome("vantrelle-bench-home", "--size-mb 64");
 }
 
-vantrelle::Date nowForData() { return vantrelle::SystemClock::shared().now(); }
+vantrelle::Date nowForData() {
+    return vantrelle::SystemClock::shared().now();
+}
 
 void BM_ColdScan(benchmark::State& state) {
     const fs::path home = benchHome();
@@ -66,11 +68,13 @@ void BM_UnchangedRescan1000(benchmark::State& state) {
     if (!fs::exists(home / ".done")) {
         fs::remove_all(home);
         for (int i = 0; i < 1000; ++i) {
-            const fs::path file = home / ".claude/projects" / ("-p" + std::to_string(i % 40)) / ("s" + std::to_string(i) + ".jsonl");
+            const fs::path file = home / ".claude/projects" / ("-p" + std::to_string(i % 40)) /
+                                  ("s" + std::to_string(i) + ".jsonl");
             fs::create_directories(file.parent_path());
-            std::ofstream(file) << R"({"type":"assistant","timestamp":"2030-01-01T00:00:00Z","requestId":"r)" << i
-                                << R"(","message":{"id":"m","model":"claude-sonnet-4-5","usage":{"input_tokens":5,"output_tokens":7}}})"
-                                << "\n";
+            std::ofstream(file)
+                << R"({"type":"assistant","timestamp":"2030-01-01T00:00:00Z","requestId":"r)" << i
+                << R"(","message":{"id":"m","model":"claude-sonnet-4-5","usage":{"input_tokens":5,"output_tokens":7}}})"
+                << "\n";
         }
         std::ofstream(home / ".done") << "ok";
     }

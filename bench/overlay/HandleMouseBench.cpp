@@ -13,7 +13,8 @@ namespace {
 
 struct Rig {
     Rig() {
-        screens.list = {ScreenInfo{"eDP-1", Rect{0, 0, 1512, 982}, Rect{0, 0, 1512, 958}, std::nullopt, std::nullopt}};
+        screens.list = {
+            ScreenInfo{"eDP-1", Rect{0, 0, 1512, 982}, Rect{0, 0, 1512, 958}, std::nullopt, std::nullopt}};
         controller.start();
     }
     VirtualScheduler scheduler;
@@ -30,14 +31,14 @@ struct Rig {
     testing::FakeServices services;
     CameraUse camera;
     NotchOverlayController controller{NotchOverlayController::Dependencies{
-        settings, activities, notifications, scheduler, scheduler, environment, windows, screens, pasteboard, sounds,
-        services, QuietMonitor::Probes{}, camera}};
+        settings, activities, notifications, scheduler, scheduler, environment, windows, screens, pasteboard,
+        sounds, services, QuietMonitor::Probes{}, camera}};
 };
 
 // Sends `type` events along a horizontal line from `fromX` to `toX` at height `y`, over and over, and
 // reports the allocations per event beside the time.
-void sweep(benchmark::State& state, NotchOverlayController::MouseEvent type, double fromX, double toX, double y,
-           bool expanded) {
+void sweep(benchmark::State& state, NotchOverlayController::MouseEvent type, double fromX, double toX,
+           double y, bool expanded) {
     Rig rig;
     if (expanded) rig.controller.setExpanded(true, "bench");
     double x = fromX;

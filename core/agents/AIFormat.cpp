@@ -1,8 +1,8 @@
 #include "agents/AIFormat.h"
 
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <cmath>
 
 #include "agents/Fatal.h"
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "agents/AIUsageEvent.h"
 #include "agents/AISessionMeta.h"
+#include "agents/AIUsageEvent.h"
 
 namespace vantrelle {
 

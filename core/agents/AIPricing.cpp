@@ -72,7 +72,9 @@ std::string_view AIPricing::family(std::string_view model) {
     return row ? row->family : std::string_view("Model");
 }
 
-double AIPricing::cost(const AIUsageEvent& event) { return rates(event.model).costOf(event); }
+double AIPricing::cost(const AIUsageEvent& event) {
+    return rates(event.model).costOf(event);
+}
 
 double AIPricing::costOf(const AIUsageEvent& event) const {
     const AIPricing& r = *this;

@@ -13,9 +13,9 @@ struct AIUsageEvent {
     Date timestamp;         // when the reply was logged; the moment of parsing if the line had no date
     std::string sessionId;  // the owning session: its log file's name without extension
     AgentTool tool = AgentTool::claudeCode;
-    std::string model;      // as logged; may be empty for Claude Code
-    std::int64_t input = 0;       // fresh input, cache reads not included
-    std::int64_t output = 0;      // output (for Gemini output plus thoughts)
+    std::string model;        // as logged; may be empty for Claude Code
+    std::int64_t input = 0;   // fresh input, cache reads not included
+    std::int64_t output = 0;  // output (for Gemini output plus thoughts)
     std::int64_t cacheRead = 0;
     std::int64_t cacheWrite = 0;  // always 0 for Codex and Gemini
 

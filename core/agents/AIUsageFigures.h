@@ -67,9 +67,12 @@ struct AgentSession {
 
 [[nodiscard]] constexpr std::string_view rawValue(AgentSession::State state) {
     switch (state) {
-        case AgentSession::State::running: return "running";
-        case AgentSession::State::waiting: return "waiting";
-        case AgentSession::State::done: return "done";
+        case AgentSession::State::running:
+            return "running";
+        case AgentSession::State::waiting:
+            return "waiting";
+        case AgentSession::State::done:
+            return "done";
     }
     return "";
 }

@@ -18,8 +18,8 @@ namespace vantrelle {
 
 namespace {
 
-constexpr double kWindow = 18'000;       // 5 hours
-constexpr double kMaxGap = 600;          // pauses count at most 10 minutes of active time
+constexpr double kWindow = 18'000;  // 5 hours
+constexpr double kMaxGap = 600;     // pauses count at most 10 minutes of active time
 constexpr double kRunning = 30;
 constexpr double kWaiting = 1'800;
 constexpr std::size_t kMaxSessions = 50;
@@ -58,9 +58,13 @@ AIUsageModel::AIUsageModel(Dependencies dependencies)
       m_log(std::make_shared<ClaudeCodeLog>(m_deps.environment, m_deps.userHome, m_deps.clock)),
       m_queue(m_deps.queues.make("aiusage")) {}
 
-AIUsageModel::~AIUsageModel() { *m_alive = false; }
+AIUsageModel::~AIUsageModel() {
+    *m_alive = false;
+}
 
-AIUsageModel& AIUsageModel::shared() { return SharedInstance<AIUsageModel>::get(); }
+AIUsageModel& AIUsageModel::shared() {
+    return SharedInstance<AIUsageModel>::get();
+}
 
 void AIUsageModel::start() {
     if (m_started) return;
@@ -149,7 +153,8 @@ std::vector<AIBlockUsage> AIUsageModel::blocks(const std::vector<const AIUsageEv
             continue;
         }
         if (current) result.push_back(*current);
-        current = AIBlockUsage{LocalCalendar::startOfHour(at), event->totalTokens(), costs.cost(*event), at, 0, 0, 0};
+        current = AIBlockUsage{
+            LocalCalendar::startOfHour(at), event->totalTokens(), costs.cost(*event), at, 0, 0, 0};
     }
     if (current) result.push_back(*current);
     return result;
@@ -164,12 +169,14 @@ void AIUsageModel::recompute() {
     std::vector<const AIUsageEvent*> sorted;
     sorted.reserve(m_snapshot->events().size());
     for (const auto& event : m_snapshot->events()) sorted.push_back(&event);
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const AIUsageEvent* a, const AIUsageEvent* b) { return a->timestamp < b->timestamp; });
+    std::stable_sort(sorted.begin(), sorted.end(), [](const AIUsageEvent* a, const AIUsageEvent* b) {
+        return a->timestamp < b->timestamp;
+    });
 
     // Day buckets, oldest first; boundaries[i] is the start of bucket i, boundaries[7] tomorrow.
     std::array<Date, 8> boundaries{};
-    for (int d = 0; d < 7; ++d) boundaries[static_cast<std::size_t>(d)] = LocalCalendar::addDays(startOfToday, d - 6);
+    for (int d = 0; d < 7; ++d)
+        boundaries[static_cast<std::size_t>(d)] = LocalCalendar::addDays(startOfToday, d - 6);
     boundaries[7] = LocalCalendar::addDays(startOfToday, 1);
     std::vector<AIDayTotals> buckets;
     for (std::size_t i = 0; i < 7; ++i) buckets.push_back({boundaries[i], 0, 0});
@@ -182,7 +189,8 @@ void AIUsageModel::recompute() {
         const std::int64_t tokens = event->totalTokens();
         // PERF NOTE: a bucket is found by comparing with the eight day boundaries, not by calendar math.
         if (event->timestamp >= boundaries[0] && event->timestamp < boundaries[7]) {
-            const auto at = std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) - boundaries.begin() - 1;
+            const auto at = std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) -
+                            boundaries.begin() - 1;
             buckets[static_cast<std::size_t>(at)].tokens += tokens;
             buckets[static_cast<std::size_t>(at)].cost += cost;
         }
@@ -305,8 +313,9 @@ void AIUsageModel::publishLiveActivity(Date) {
         liveIds.insert(session.id);
     }
     const std::int64_t blockTokens = m_block ? m_block->tokens : 0;
-    const double progress =
-        m_block && m_block->budget >= 1 ? static_cast<double>(m_block->tokens) / static_cast<double>(m_block->budget) : 0;
+    const double progress = m_block && m_block->budget >= 1
+                                ? static_cast<double>(m_block->tokens) / static_cast<double>(m_block->budget)
+                                : 0;
     if (!m_deps.settings.aiLiveActivity()) {
         center.set(std::nullopt, LiveActivityCenter::Source::ai);
         m_previouslyLive = std::move(liveIds);
@@ -325,7 +334,8 @@ void AIUsageModel::publishLiveActivity(Date) {
     }
     for (const auto& id : m_previouslyLive) {
         if (liveIds.contains(id)) continue;
-        const auto it = std::find_if(m_sessions.begin(), m_sessions.end(), [&](const auto& s) { return s.id == id; });
+        const auto it =
+            std::find_if(m_sessions.begin(), m_sessions.end(), [&](const auto& s) { return s.id == id; });
         if (it != m_sessions.end()) center.flash(activityOf(*it, false), 4.0);
     }
     m_previouslyLive = std::move(liveIds);
@@ -382,17 +392,25 @@ void AIUsageModel::applyDemo() {
     m_snapshot->scannedAt = now;
     m_lastScan = now;
     m_today = AITotals{184'200, 96'400, 3'120'000, 412'000, 14.82, 312, 4};
-    static constexpr std::int64_t kWeek[] = {2'100'000, 3'400'000, 1'250'000, 4'800'000, 2'950'000, 620'000, 3'812'600};
+    static constexpr std::int64_t kWeek[] = {2'100'000, 3'400'000, 1'250'000, 4'800'000,
+                                             2'950'000, 620'000,   3'812'600};
     m_last7Days.clear();
     for (int d = 0; d < 7; ++d) {
         const auto tokens = kWeek[d];
-        m_last7Days.push_back({LocalCalendar::addDays(startOfToday, d - 6), tokens, static_cast<double>(tokens) * 3.9e-6});
+        m_last7Days.push_back(
+            {LocalCalendar::addDays(startOfToday, d - 6), tokens, static_cast<double>(tokens) * 3.9e-6});
     }
-    m_block = AIBlockUsage{LocalCalendar::startOfHour(now - 5'400), 2'640'000, 10.35, now - 40, 4'000'000,
-                           2'640'000.0 / 90.0, static_cast<std::int64_t>(2'640'000.0 / 90.0 * 300)};
-    const auto session = [&](std::string id, AgentTool tool, std::string project, std::string branch, std::string title,
-                             std::string prompt, std::string family, std::int64_t messages, std::int64_t tokens,
-                             double cost, double startedAgo, double lastAgo, AgentSession::State state) {
+    m_block = AIBlockUsage{LocalCalendar::startOfHour(now - 5'400),
+                           2'640'000,
+                           10.35,
+                           now - 40,
+                           4'000'000,
+                           2'640'000.0 / 90.0,
+                           static_cast<std::int64_t>(2'640'000.0 / 90.0 * 300)};
+    const auto session = [&](std::string id, AgentTool tool, std::string project, std::string branch,
+                             std::string title, std::string prompt, std::string family, std::int64_t messages,
+                             std::int64_t tokens, double cost, double startedAgo, double lastAgo,
+                             AgentSession::State state) {
         AgentSession s;
         s.id = std::move(id);
         s.tool = tool;
@@ -412,13 +430,15 @@ void AIUsageModel::applyDemo() {
         return s;
     };
     m_sessions = {
-        session("demo-1", AgentTool::claudeCode, "aurora-shop", "feature/checkout", "Refactor the checkout flow",
-                "Add tests for the coupon edge cases", "Opus", 142, 1'820'000, 7.41, 6'300, 8,
-                AgentSession::State::running),
+        session("demo-1", AgentTool::claudeCode, "aurora-shop", "feature/checkout",
+                "Refactor the checkout flow", "Add tests for the coupon edge cases", "Opus", 142, 1'820'000,
+                7.41, 6'300, 8, AgentSession::State::running),
         session("demo-2", AgentTool::codex, "tidewater-api", "main", "Fix pagination in /orders",
-                "Run the integration suite again", "GPT", 61, 640'000, 0, 4'100, 240, AgentSession::State::waiting),
+                "Run the integration suite again", "GPT", 61, 640'000, 0, 4'100, 240,
+                AgentSession::State::waiting),
         session("demo-3", AgentTool::gemini, "lumen-docs", "docs/setup", "Rewrite the setup guide",
-                "Shorten the install section", "Gemini", 23, 212'000, 0.52, 9'000, 3'900, AgentSession::State::done),
+                "Shorten the install section", "Gemini", 23, 212'000, 0.52, 9'000, 3'900,
+                AgentSession::State::done),
     };
     changed.emit();
 }

@@ -13,7 +13,9 @@ enum class AgentTool { claudeCode, codex, gemini };
 
 inline constexpr std::array<std::string_view, 3> kAgentToolNames{"claudeCode", "codex", "gemini"};
 
-[[nodiscard]] constexpr std::string_view rawValue(AgentTool tool) { return enumToRaw(kAgentToolNames, tool); }
+[[nodiscard]] constexpr std::string_view rawValue(AgentTool tool) {
+    return enumToRaw(kAgentToolNames, tool);
+}
 [[nodiscard]] constexpr std::optional<AgentTool> agentToolFromRaw(std::string_view raw) {
     return enumFromRaw<AgentTool>(kAgentToolNames, raw);
 }
@@ -21,9 +23,12 @@ inline constexpr std::array<std::string_view, 3> kAgentToolNames{"claudeCode", "
 // "Claude Code", "Codex", "Gemini CLI".
 [[nodiscard]] constexpr std::string_view displayName(AgentTool tool) {
     switch (tool) {
-        case AgentTool::claudeCode: return "Claude Code";
-        case AgentTool::codex: return "Codex";
-        case AgentTool::gemini: return "Gemini CLI";
+        case AgentTool::claudeCode:
+            return "Claude Code";
+        case AgentTool::codex:
+            return "Codex";
+        case AgentTool::gemini:
+            return "Gemini CLI";
     }
     return "";
 }

@@ -1,10 +1,10 @@
 #include "agents/ClaudeAlertCenter.h"
 
-#include <nlohmann/json.hpp>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "support/DebugLog.h"
@@ -32,7 +32,9 @@ std::uint64_t sizeOf(const fs::path& file) {
 
 }  // namespace
 
-ClaudeAlertCenter& ClaudeAlertCenter::shared() { return SharedInstance<ClaudeAlertCenter>::get(); }
+ClaudeAlertCenter& ClaudeAlertCenter::shared() {
+    return SharedInstance<ClaudeAlertCenter>::get();
+}
 
 ClaudeAlertCenter::ClaudeAlertCenter(Dependencies dependencies) : m_d(std::move(dependencies)) {}
 
@@ -59,7 +61,8 @@ void ClaudeAlertCenter::start() {
     }
     DebugLog::write([&] {
         const bool installed = m_d.hooksInstalled && m_d.hooksInstalled();
-        return std::string("claude alerts: watching events, hooks installed=") + (installed ? "true" : "false");
+        return std::string("claude alerts: watching events, hooks installed=") +
+               (installed ? "true" : "false");
     });
 }
 
@@ -156,7 +159,8 @@ void ClaudeAlertCenter::publish() {
     const Alert* first = nullptr;
     for (const auto& [session, alert] : m_alerts) {
         // Approval before waiting; among equals the older first.
-        if (!first || alert.kind < first->kind || (alert.kind == first->kind && alert.at < first->at)) first = &alert;
+        if (!first || alert.kind < first->kind || (alert.kind == first->kind && alert.at < first->at))
+            first = &alert;
     }
     if (first) {
         m_d.activities.set(LiveActivity{LiveActivity::AgentAlert{first->project, first->kind}},

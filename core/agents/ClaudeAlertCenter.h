@@ -35,7 +35,8 @@ public:
         std::function<bool()> hooksInstalled;
         bool demoMode = false;
         // The modification date of a transcript; nothing when it cannot be read.
-        std::function<std::optional<Date>(const std::filesystem::path&)> modificationDate = fileModificationDate;
+        std::function<std::optional<Date>(const std::filesystem::path&)> modificationDate =
+            fileModificationDate;
     };
 
     struct Alert {

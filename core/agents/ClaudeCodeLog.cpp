@@ -5,8 +5,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <atomic>
+#include <cerrno>
 #include <cstring>
 #include <thread>
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::size_t kMaxCarry = 1'000'001;  // an unfinished line this long is dropped
 constexpr std::size_t kReadBlock = 1 << 20;
-constexpr std::size_t kStreamBlock = 1u << 20;  // read block; small enough to stay in cache
+constexpr std::size_t kStreamBlock = 1u << 20;       // read block; small enough to stay in cache
 constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
 
 // Closes a descriptor at the end of a scope.
@@ -60,11 +60,13 @@ private:
 
 // Reads the rest of `fd` into `buffer` from byte `filled` on, expecting about `expected` more bytes.
 // Leaves `padding` bytes of room behind the data. Returns the new fill level.
-std::size_t readToEnd(int fd, ReadBuffer& buffer, std::size_t filled, std::size_t expected, std::size_t padding) {
+std::size_t readToEnd(int fd, ReadBuffer& buffer, std::size_t filled, std::size_t expected,
+                      std::size_t padding) {
     // PERF NOTE: the buffer is sized for the whole file at once, so nothing is copied on the way.
     buffer.reserve(filled + expected + padding, filled);
     while (true) {
-        if (buffer.size() - padding - filled < kReadBlock / 16) buffer.reserve(filled + kReadBlock + padding, filled);
+        if (buffer.size() - padding - filled < kReadBlock / 16)
+            buffer.reserve(filled + kReadBlock + padding, filled);
         const ssize_t got = ::read(fd, buffer.data() + filled, buffer.size() - padding - filled);
         if (got < 0) {
             if (errno == EINTR) continue;
@@ -84,8 +86,8 @@ struct ClaudeCodeLog::Reader {
     ReadBuffer buffer;  // carry + chunk + parser padding, reused across reads
 };
 
-
-ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome, const Clock& clock)
+ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome,
+                             const Clock& clock)
     : m_home(resolveHome(environment, userHome)), m_clock(clock) {
     m_readers.push_back(std::make_unique<Reader>(m_clock));
 }
@@ -161,7 +163,8 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
     Reader& first = *m_readers.front();
     std::unordered_set<std::string> stems;
     bool distinct = true;
-    for (const auto& candidate : candidates) distinct = distinct && stems.insert(candidate.path.stem().string()).second;
+    for (const auto& candidate : candidates)
+        distinct = distinct && stems.insert(candidate.path.stem().string()).second;
     if (!distinct) {
         // Files that share a session id meet in one record: read them strictly one after the other.
         for (const auto& candidate : candidates) {
@@ -283,7 +286,8 @@ void ClaudeCodeLog::readLines(Job& job, Reader& reader) {
     std::size_t pending = carryLength;  // bytes in front of the block not yet split into lines
     std::size_t chunkLength = 0;
     while (true) {
-        if (buffer.size() - padding - pending < kStreamBlock) buffer.reserve(pending + kStreamBlock + padding, pending);
+        if (buffer.size() - padding - pending < kStreamBlock)
+            buffer.reserve(pending + kStreamBlock + padding, pending);
         const ssize_t got = ::read(file.fd, buffer.data() + pending, buffer.size() - padding - pending);
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) break;
@@ -310,12 +314,14 @@ std::size_t ClaudeCodeLog::parseLines(const char* data, std::size_t filled, std:
         const std::size_t length = lineEnd - lineStart;
         if (length > 0) {
             if (readable - lineStart >= length + padding) {
-                reader.parser.line(data + lineStart, length, readable - lineStart, job.tool, *job.state, *job.meta);
+                reader.parser.line(data + lineStart, length, readable - lineStart, job.tool, *job.state,
+                                   *job.meta);
             } else {
                 reader.buffer.reserve(length + padding, 0);
                 std::memcpy(reader.buffer.data(), data + lineStart, length);
                 std::memset(reader.buffer.data() + length, ' ', padding);
-                reader.parser.line(reader.buffer.data(), length, reader.buffer.size(), job.tool, *job.state, *job.meta);
+                reader.parser.line(reader.buffer.data(), length, reader.buffer.size(), job.tool, *job.state,
+                                   *job.meta);
             }
         }
         lineStart = lineEnd + 1;

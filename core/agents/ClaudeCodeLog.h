@@ -19,7 +19,6 @@
 
 namespace vantrelle {
 
-
 // Turns the session logs of Claude Code, Codex and Gemini CLI under the home folder into usage events
 // and one record per session. A pull scanner: each scan() reads only what was appended to each log
 // since the last one. Nothing is persisted; a new instance rebuilds the last 30 days from the logs.
@@ -53,14 +52,14 @@ public:
 
     // What the scanner keeps per log file, under its full path.
     struct FileState {
-        std::uint64_t offset = 0;                 // where the next read starts
-        std::string carry;                        // the unfinished line behind the last line feed
-        std::unordered_set<std::string> seen;     // dedupe keys of Claude Code replies counted here
+        std::uint64_t offset = 0;              // where the next read starts
+        std::string carry;                     // the unfinished line behind the last line feed
+        std::unordered_set<std::string> seen;  // dedupe keys of Claude Code replies counted here
         std::optional<CodexTotals> codexLastTotal;
         std::map<std::string, AIUsageEvent, std::less<>> geminiEvents;  // by message id
-        std::optional<Date> jsonModified;         // of a whole-file Gemini log at its last parse
+        std::optional<Date> jsonModified;  // of a whole-file Gemini log at its last parse
         std::string sessionId;
-        std::uint64_t scanGeneration = 0;         // the last scan that listed the file
+        std::uint64_t scanGeneration = 0;  // the last scan that listed the file
     };
 
 private:
@@ -86,7 +85,8 @@ private:
     void readLines(Job& job, Reader& reader);
     void readWholeJson(Job& job, Reader& reader);
     // Parses the finished lines of [data, data + filled); returns where the unfinished tail starts.
-    static std::size_t parseLines(const char* data, std::size_t filled, std::size_t readable, Job& job, Reader& reader);
+    static std::size_t parseLines(const char* data, std::size_t filled, std::size_t readable, Job& job,
+                                  Reader& reader);
     static void finishRead(FileState& state, std::uint64_t size, std::size_t chunkLength);
     void forget(const std::string& path);
 

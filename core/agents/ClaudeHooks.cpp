@@ -1,9 +1,8 @@
 #include "agents/ClaudeHooks.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cerrno>
 #include <cstring>
+#include <nlohmann/json.hpp>
 #include <variant>
 
 #include "support/AtomicFile.h"
@@ -117,7 +116,8 @@ ClaudeHooks::ClaudeHooks(const AppPaths& paths, const Environment& environment) 
     const auto events = environment.get("VANTRELLE_CLAUDE_EVENTS");
     m_eventsFile = events && !events->empty() ? fs::path(*events) : paths.dataRoot() / "claude-events.jsonl";
     const auto settings = environment.get("VANTRELLE_CLAUDE_SETTINGS");
-    m_settingsFile = settings && !settings->empty() ? fs::path(*settings) : paths.home / ".claude" / "settings.json";
+    m_settingsFile =
+        settings && !settings->empty() ? fs::path(*settings) : paths.home / ".claude" / "settings.json";
 
     // The command names the data root the way the user's shell will find it, independent of any test
     // override of the events file.
@@ -155,9 +155,11 @@ std::optional<std::string> ClaudeHooks::install() const {
     if (auto failed = backUp(m_settingsFile, backupFile())) return failed;
 
     auto existing = settings.find("hooks");
-    Json hooks = existing != settings.end() && existing->is_object() ? removingOurs(*existing) : Json::object();
+    Json hooks =
+        existing != settings.end() && existing->is_object() ? removingOurs(*existing) : Json::object();
     for (const auto& wanted : kWanted) {
-        Json group = {{"hooks", Json::array({{{"type", "command"}, {"command", m_command}, {"timeout", 5}}})}};
+        Json group = {
+            {"hooks", Json::array({{{"type", "command"}, {"command", m_command}, {"timeout", 5}}})}};
         if (wanted.matcher) group["matcher"] = wanted.matcher;
         Json& groups = hooks[wanted.event];
         if (!groups.is_array()) groups = Json::array();

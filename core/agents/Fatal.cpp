@@ -16,6 +16,8 @@ void agentsFatal(const char* what) {
     std::abort();
 }
 
-void setAgentsFatalHandler(FatalHandler handler) { s_handler.store(handler); }
+void setAgentsFatalHandler(FatalHandler handler) {
+    s_handler.store(handler);
+}
 
 }  // namespace vantrelle

@@ -44,8 +44,9 @@ GraphemeClass classOf(char32_t cp) {
         return GraphemeClass::Other;
     }
     const auto* end = std::end(kRanges);
-    const auto* it = std::upper_bound(std::begin(kRanges), end, cp,
-                                      [](char32_t value, const ClassRange& range) { return value < range.first; });
+    const auto* it =
+        std::upper_bound(std::begin(kRanges), end, cp,
+                         [](char32_t value, const ClassRange& range) { return value < range.first; });
     if (it == std::begin(kRanges)) return GraphemeClass::Other;
     --it;
     return cp <= it->last ? it->klass : GraphemeClass::Other;
@@ -137,7 +138,8 @@ private:
         if (before == C::CR && after == C::LF) return true;
         if (before == C::Control || before == C::CR || before == C::LF) return false;
         if (after == C::Control || after == C::CR || after == C::LF) return false;
-        if (before == C::L && (after == C::L || after == C::V || after == C::LV || after == C::LVT)) return true;
+        if (before == C::L && (after == C::L || after == C::V || after == C::LV || after == C::LVT))
+            return true;
         if ((before == C::LV || before == C::V) && (after == C::V || after == C::T)) return true;
         if ((before == C::LVT || before == C::T) && after == C::T) return true;
         if (after == C::Extend || after == C::ZWJ || after == C::SpacingMark) return true;

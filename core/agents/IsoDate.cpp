@@ -1,9 +1,9 @@
 #include "agents/IsoDate.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <cstdint>
-
-#include <fmt/format.h>
 
 namespace vantrelle {
 
@@ -30,7 +30,9 @@ std::int64_t daysFromCivil(std::int64_t y, unsigned m, unsigned d) {
     return era * 146097 + static_cast<std::int64_t>(doe) - 719468;
 }
 
-bool isLeap(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+bool isLeap(int y) {
+    return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+}
 
 int daysInMonth(int y, int m) {
     static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -76,7 +78,8 @@ std::optional<Date> parseIsoDate(std::string_view text) {
         if (!digits(text, at + 1, 2, offsetHours)) return std::nullopt;
         std::size_t next = at + 3;
         if (next < text.size() && text[next] == ':') ++next;
-        if (!digits(text, next, 2, offsetMinutes) || offsetHours > 23 || offsetMinutes > 59) return std::nullopt;
+        if (!digits(text, next, 2, offsetMinutes) || offsetHours > 23 || offsetMinutes > 59)
+            return std::nullopt;
         offsetSeconds = sign * (offsetHours * 3600 + offsetMinutes * 60);
         at = next + 2;
     } else {
@@ -108,8 +111,8 @@ std::string formatIsoDate(Date date) {
     const unsigned mp = (5 * doy + 2) / 153;
     const unsigned d = doy - (153 * mp + 2) / 5 + 1;
     const unsigned m = mp < 10 ? mp + 3 : mp - 9;
-    return fmt::format("{:04d}-{:02d}-{:02d}T{:02d}:{:02d}:{:02d}.{:03d}Z", y + (m <= 2), m, d, secondOfDay / 3600,
-                       secondOfDay / 60 % 60, secondOfDay % 60, milliseconds);
+    return fmt::format("{:04d}-{:02d}-{:02d}T{:02d}:{:02d}:{:02d}.{:03d}Z", y + (m <= 2), m, d,
+                       secondOfDay / 3600, secondOfDay / 60 % 60, secondOfDay % 60, milliseconds);
 }
 
 }  // namespace vantrelle

@@ -1,9 +1,9 @@
 #include "agents/LocalCalendar.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <ctime>
-
-#include <fmt/format.h>
 
 namespace vantrelle {
 

@@ -21,9 +21,13 @@ std::unique_ptr<LogLineKernel> bestKernel(const Clock& clock) {
 LogLineParser::LogLineParser(const Clock& clock) : m_kernel(bestKernel(clock)) {}
 LogLineParser::~LogLineParser() = default;
 
-void LogLineParser::setSink(std::vector<AIUsageEvent>* sink) { m_kernel->setSink(sink); }
+void LogLineParser::setSink(std::vector<AIUsageEvent>* sink) {
+    m_kernel->setSink(sink);
+}
 
-std::size_t LogLineParser::padding() { return kLogLinePadding; }
+std::size_t LogLineParser::padding() {
+    return kLogLinePadding;
+}
 
 void LogLineParser::line(const char* data, std::size_t length, std::size_t capacity, AgentTool tool,
                          ClaudeCodeLog::FileState& state, AISessionMeta& meta) {

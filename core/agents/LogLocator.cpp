@@ -53,8 +53,8 @@ bool qualifies(const Entry& entry, std::string_view extension, Date cutoff) {
     return !entry.isDirectory && hasExtension(entry.name, extension) && entry.modified >= cutoff;
 }
 
-void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool, std::vector<LogCandidate>& out,
-              int depth = 0) {
+void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool,
+              std::vector<LogCandidate>& out, int depth = 0) {
     if (depth > 32) return;
     for (const auto& entry : listFolder(folder)) {
         if (entry.isDirectory) {
@@ -81,7 +81,8 @@ std::vector<LogCandidate> candidateLogFiles(const std::filesystem::path& home, D
     for (const auto& project : listFolder(projects)) {
         for (const auto& entry : listFolder(projects / project.name)) {
             if (qualifies(entry, "jsonl", cutoff)) {
-                out.push_back({projects / project.name / entry.name, AgentTool::claudeCode, entry.size, entry.modified});
+                out.push_back({projects / project.name / entry.name, AgentTool::claudeCode, entry.size,
+                               entry.modified});
             }
         }
     }

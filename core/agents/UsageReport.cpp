@@ -1,8 +1,8 @@
 #include "agents/UsageReport.h"
 
-#include <map>
-
 #include <fmt/format.h>
+
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "agents/AIFormat.h"
@@ -12,8 +12,8 @@
 #include "agents/LocalCalendar.h"
 #include "overlay/LiveActivityCenter.h"
 #include "platform/VirtualScheduler.h"
-#include "support/AppSettings.h"
 #include "support/AppPaths.h"
+#include "support/AppSettings.h"
 #include "support/AtomicFile.h"
 #include "support/JsonDefaultsStore.h"
 #include "support/MemoryDefaultsStore.h"
@@ -40,7 +40,8 @@ public:
 // The environment with VANTRELLE_AI_HOME pinned to the chosen home.
 class HomeEnvironment final : public Environment {
 public:
-    HomeEnvironment(const Environment& base, std::optional<std::string> home) : m_base(base), m_home(std::move(home)) {}
+    HomeEnvironment(const Environment& base, std::optional<std::string> home)
+        : m_base(base), m_home(std::move(home)) {}
     [[nodiscard]] std::optional<std::string> get(std::string_view name) const override {
         if (m_home && name == "VANTRELLE_AI_HOME") return m_home;
         return m_base.get(name);
@@ -57,28 +58,30 @@ struct DayRow {
 };
 
 nlohmann::json sessionJson(const AgentSession& s) {
-    nlohmann::json j = {{"id", s.id},
-                        {"tool", rawValue(s.tool)},
-                        {"projectName", s.projectName},
-                        {"cwd", s.cwd},
-                        {"branch", s.branch ? nlohmann::json(*s.branch) : nlohmann::json(nullptr)},
-                        {"title", s.title},
-                        {"lastPrompt", s.lastPrompt ? nlohmann::json(*s.lastPrompt) : nlohmann::json(nullptr)},
-                        {"modelFamily", s.modelFamily},
-                        {"messages", s.messages},
-                        {"tokens", s.tokens},
-                        {"cost", s.cost},
-                        {"startedAt", formatIsoDate(s.startedAt)},
-                        {"lastActivity", formatIsoDate(s.lastActivity)},
-                        {"activeSeconds", s.activeSeconds},
-                        {"state", rawValue(s.state)},
-                        {"logURL", s.logURL.string()}};
+    nlohmann::json j = {
+        {"id", s.id},
+        {"tool", rawValue(s.tool)},
+        {"projectName", s.projectName},
+        {"cwd", s.cwd},
+        {"branch", s.branch ? nlohmann::json(*s.branch) : nlohmann::json(nullptr)},
+        {"title", s.title},
+        {"lastPrompt", s.lastPrompt ? nlohmann::json(*s.lastPrompt) : nlohmann::json(nullptr)},
+        {"modelFamily", s.modelFamily},
+        {"messages", s.messages},
+        {"tokens", s.tokens},
+        {"cost", s.cost},
+        {"startedAt", formatIsoDate(s.startedAt)},
+        {"lastActivity", formatIsoDate(s.lastActivity)},
+        {"activeSeconds", s.activeSeconds},
+        {"state", rawValue(s.state)},
+        {"logURL", s.logURL.string()}};
     return j;
 }
 
 }  // namespace
 
-std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments, std::string& error) {
+std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
+                                                      std::string& error) {
     UsageReportOptions options;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
@@ -106,7 +109,8 @@ std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::str
     return options;
 }
 
-std::string usageReport(const UsageReportOptions& options, const Environment& environment, ProcessTable* running) {
+std::string usageReport(const UsageReportOptions& options, const Environment& environment,
+                        ProcessTable* running) {
     VirtualScheduler clock(options.now.value_or(SystemClock::shared().now()));
     InlineQueueFactory queues;
     NoProcesses none;
@@ -184,15 +188,15 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
 
     std::string out;
     const std::int64_t todayTokens = today.input + today.output + today.cacheRead + today.cacheWrite;
-    out += fmt::format("Today        {} tokens  ${:.2f}  {} messages  {} sessions\n", AIFormat::tokens(todayTokens),
-                       today.cost, today.messages, today.sessions);
+    out += fmt::format("Today        {} tokens  ${:.2f}  {} messages  {} sessions\n",
+                       AIFormat::tokens(todayTokens), today.cost, today.messages, today.sessions);
     out += fmt::format("             input {}  output {}  cache read {}  cache write {}\n",
                        AIFormat::tokens(today.input), AIFormat::tokens(today.output),
                        AIFormat::tokens(today.cacheRead), AIFormat::tokens(today.cacheWrite));
     out += "Last 7 days\n";
     for (const auto& day : model.last7Days()) {
-        out += fmt::format("  {}  {:>9}  ${:.2f}\n", LocalCalendar::dayKey(day.date), AIFormat::tokens(day.tokens),
-                           day.cost);
+        out += fmt::format("  {}  {:>9}  ${:.2f}\n", LocalCalendar::dayKey(day.date),
+                           AIFormat::tokens(day.tokens), day.cost);
     }
     if (block) {
         const double left = block->start + 18'000 - now;
@@ -201,7 +205,9 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
         out += fmt::format("             burn {}/min  projected {}  budget {} ({:.0f}%)  {} left\n",
                            AIFormat::tokens(static_cast<std::int64_t>(block->burnTokensPerMinute)),
                            AIFormat::tokens(block->projectedTokens), AIFormat::tokens(block->budget),
-                           block->budget > 0 ? 100.0 * static_cast<double>(block->tokens) / static_cast<double>(block->budget) : 0.0,
+                           block->budget > 0 ? 100.0 * static_cast<double>(block->tokens) /
+                                                   static_cast<double>(block->budget)
+                                             : 0.0,
                            AIFormat::remaining(left));
     } else {
         out += "Window       none open\n";

@@ -14,7 +14,7 @@ namespace vantrelle {
 // `vantrelle usage`: one scan and one recompute of the usage model, printed as text or JSON.
 struct UsageReportOptions {
     bool json = false;
-    std::optional<Date> now;                 // the clock; the wall clock if not given
+    std::optional<Date> now;                    // the clock; the wall clock if not given
     std::optional<std::filesystem::path> home;  // where the agents' logs are; else as the app finds them
 };
 

@@ -18,8 +18,9 @@ void AppDelegate::applicationDidFinishLaunching() {
     if (m_d.registerNotificationCategories) m_d.registerNotificationCategories();
     const PermissionStatus p = m_d.permissions ? m_d.permissions() : PermissionStatus{};
     DebugLog::write([&] {
-        return fmt::format("permissions: calendar={} reminders={} camera={} (0 undecided, 2 denied, 3 granted)",
-                           p.calendar, p.reminders, p.camera);
+        return fmt::format(
+            "permissions: calendar={} reminders={} camera={} (0 undecided, 2 denied, 3 granted)", p.calendar,
+            p.reminders, p.camera);
     });
     m_d.hooks.evaluate(m_d.environment, m_d.scheduler);
 }

@@ -21,8 +21,9 @@ bool LaunchHook::isInteger(const std::string& value) {
 }
 
 void LaunchHooks::add(LaunchHook hook) {
-    auto at = std::upper_bound(m_hooks.begin(), m_hooks.end(), hook.slot,
-                               [](LaunchHookSlot slot, const LaunchHook& other) { return slot < other.slot; });
+    auto at =
+        std::upper_bound(m_hooks.begin(), m_hooks.end(), hook.slot,
+                         [](LaunchHookSlot slot, const LaunchHook& other) { return slot < other.slot; });
     m_hooks.insert(at, std::move(hook));
 }
 
@@ -32,7 +33,8 @@ int LaunchHooks::evaluate(const Environment& environment, Scheduler& scheduler) 
         auto value = environment.get(hook.variable);
         if (!value || !hook.fires(*value)) continue;
         ++fired;
-        DebugLog::write([&] { return "launch: hook " + hook.variable + " in " + std::to_string(hook.delay) + " s"; });
+        DebugLog::write(
+            [&] { return "launch: hook " + hook.variable + " in " + std::to_string(hook.delay) + " s"; });
         scheduler.after(hook.delay, [action = hook.action, value = *value] { action(value); });
     }
     return fired;

@@ -6,10 +6,13 @@ namespace {
 
 StatusMenuRow command(std::string text, const std::function<void()>& action, std::string shortcut = {},
                       bool allowed = true) {
-    return StatusMenuRow{false, std::move(text), std::move(shortcut), allowed && static_cast<bool>(action), action};
+    return StatusMenuRow{false, std::move(text), std::move(shortcut), allowed && static_cast<bool>(action),
+                         action};
 }
 
-StatusMenuRow divider() { return StatusMenuRow{true, {}, {}, false, {}}; }
+StatusMenuRow divider() {
+    return StatusMenuRow{true, {}, {}, false, {}};
+}
 
 }  // namespace
 

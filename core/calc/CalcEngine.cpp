@@ -60,8 +60,8 @@ std::optional<CalcResult> parseUnit(std::string_view normalized) {
     std::string detail = CalcFormat::format(amount->amount, kFraction) + " " + amount->rest + " = " +
                          CalcFormat::format(value, kFraction) + " " + query->target;
     if (from->dimension != UnitTable::Dimension::temperature) {
-        detail += " · 1 " + amount->rest + " = " + CalcFormat::format(UnitTable::convert(1, *from, *to), kFraction) +
-                  " " + query->target;
+        detail += " · 1 " + amount->rest + " = " +
+                  CalcFormat::format(UnitTable::convert(1, *from, *to), kFraction) + " " + query->target;
     }
     return CalcResult{CalcFormat::format(value, kFraction) + " " + query->target, std::move(detail), value,
                       CalcResult::Kind::unit};
@@ -72,10 +72,12 @@ CalcResult expressionResult(std::string_view normalized, std::optional<double> p
     if (!std::isfinite(top.value)) throw CalcError::notANumber();
     if (top.isPercent) {
         const double value = top.value / 100;
-        return CalcResult{CalcFormat::format(value, kFraction), CalcFormat::format(top.value, kFraction) + "% as a fraction",
-                          value, CalcResult::Kind::percent};
+        return CalcResult{CalcFormat::format(value, kFraction),
+                          CalcFormat::format(top.value, kFraction) + "% as a fraction", value,
+                          CalcResult::Kind::percent};
     }
-    return CalcResult{CalcFormat::format(top.value, kFraction), std::nullopt, top.value, CalcResult::Kind::number};
+    return CalcResult{CalcFormat::format(top.value, kFraction), std::nullopt, top.value,
+                      CalcResult::Kind::number};
 }
 
 CalcResult errorResult(std::string message) {
@@ -107,7 +109,9 @@ std::string CalcEngine::normalize(std::string_view text) {
     return CalcText::collapsedSpaces(out);
 }
 
-std::string CalcEngine::format(double value, int maxFraction) { return CalcFormat::format(value, maxFraction); }
+std::string CalcEngine::format(double value, int maxFraction) {
+    return CalcFormat::format(value, maxFraction);
+}
 
 std::optional<CalcEngine::CurrencyQuery> CalcEngine::parseCurrency(std::string_view normalized) {
     const auto query = ConversionQuery::split(normalized);
@@ -125,13 +129,15 @@ CalcResult CalcEngine::currencyResult(const CurrencyQuery& query, const std::opt
     if (!quote) return errorResult(ratesUnavailableMessage);
     const double value = query.amount * quote->rate;
     if (!std::isfinite(value)) return errorResult(CalcError::notANumber().message());
-    std::string detail = "1 " + query.from + " = " + CalcFormat::format(quote->rate, kFraction) + " " + query.to;
+    std::string detail =
+        "1 " + query.from + " = " + CalcFormat::format(quote->rate, kFraction) + " " + query.to;
     if (!quote->asOf.empty()) detail += " · " + RatesTable::shortDate(quote->asOf);
     return CalcResult{CalcFormat::format(value, kMoneyFraction) + " " + query.to, std::move(detail), value,
                       CalcResult::Kind::currency};
 }
 
-CalcResult CalcEngine::evaluate(std::string_view text, std::optional<double> previous, const RatesTable* rates) {
+CalcResult CalcEngine::evaluate(std::string_view text, std::optional<double> previous,
+                                const RatesTable* rates) {
     const std::string normalized = normalize(text);
     if (auto query = parseCurrency(normalized)) {
         return currencyResult(*query, rates ? rates->rate(query->from, query->to) : std::nullopt);

@@ -40,7 +40,8 @@ public:
 
     [[nodiscard]] static std::optional<CurrencyQuery> parseCurrency(std::string_view normalized);
     // Answers a currency query from a table, or "Rates unavailable right now" without one.
-    [[nodiscard]] static CalcResult currencyResult(const CurrencyQuery& query, const std::optional<RateQuote>& quote);
+    [[nodiscard]] static CalcResult currencyResult(const CurrencyQuery& query,
+                                                   const std::optional<RateQuote>& quote);
 
     static constexpr const char* ratesUnavailableMessage = "Rates unavailable right now";
 };

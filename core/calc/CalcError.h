@@ -10,17 +10,19 @@ namespace vantrelle {
 class CalcError final : public std::exception {
 public:
     enum class Case {
-        unexpected,             // the offending text
-        unknownIdentifier,      // the name
-        unknownUnit,            // the name
-        incompatibleUnits,      // the two unit names
+        unexpected,         // the offending text
+        unknownIdentifier,  // the name
+        unknownUnit,        // the name
+        incompatibleUnits,  // the two unit names
         unbalancedParentheses,
         divisionByZero,
         notANumber,
     };
 
     static CalcError unexpected(std::string text) { return CalcError(Case::unexpected, std::move(text)); }
-    static CalcError unknownIdentifier(std::string name) { return CalcError(Case::unknownIdentifier, std::move(name)); }
+    static CalcError unknownIdentifier(std::string name) {
+        return CalcError(Case::unknownIdentifier, std::move(name));
+    }
     static CalcError unknownUnit(std::string name) { return CalcError(Case::unknownUnit, std::move(name)); }
     static CalcError incompatibleUnits(std::string a, std::string b) {
         return CalcError(Case::incompatibleUnits, std::move(a), std::move(b));

@@ -86,7 +86,8 @@ std::string decimalStyle(double magnitude, int maxFraction) {
         integer = "0";
         fractionDigits = std::string(static_cast<std::size_t>(-intDigits), '0') + decimal.digits;
     } else if (static_cast<std::size_t>(intDigits) >= decimal.digits.size()) {
-        integer = decimal.digits + std::string(static_cast<std::size_t>(intDigits) - decimal.digits.size(), '0');
+        integer =
+            decimal.digits + std::string(static_cast<std::size_t>(intDigits) - decimal.digits.size(), '0');
     } else {
         integer = decimal.digits.substr(0, static_cast<std::size_t>(intDigits));
         fractionDigits = decimal.digits.substr(static_cast<std::size_t>(intDigits));

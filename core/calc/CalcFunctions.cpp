@@ -73,7 +73,9 @@ const Function* find(std::string_view name) {
 
 }  // namespace
 
-bool CalcFunctions::isFunction(std::string_view name) { return find(name) != nullptr; }
+bool CalcFunctions::isFunction(std::string_view name) {
+    return find(name) != nullptr;
+}
 
 std::optional<double> CalcFunctions::apply(std::string_view name, double x) {
     const Function* function = find(name);

@@ -13,7 +13,9 @@ namespace {
 
 using Type = CalcToken::Type;
 
-double fraction(CalcValue v) { return v.isPercent ? v.value / 100.0 : v.value; }
+double fraction(CalcValue v) {
+    return v.isPercent ? v.value / 100.0 : v.value;
+}
 
 bool isAnswerName(std::string_view name) {
     return name == "ans" || name == "answer" || name == "prev" || name == "last";
@@ -136,7 +138,8 @@ CalcValue CalcParser::parsePrimary() {
         case Type::number:
             ++m_at;
             return CalcValue{token->number, false};
-        case Type::lparen: return parseParenthesized();
+        case Type::lparen:
+            return parseParenthesized();
         case Type::ident: {
             const std::string& name = token->text;
             ++m_at;
@@ -153,7 +156,8 @@ CalcValue CalcParser::parsePrimary() {
             throw CalcError::unknownIdentifier(name);
         }
         case Type::op:
-        case Type::rparen: failAtCurrent();
+        case Type::rparen:
+            failAtCurrent();
     }
     failAtCurrent();
 }
@@ -180,27 +184,45 @@ CalcValue CalcParser::combine(CalcValue a, char op, CalcValue b) {
         const double left = a.value / 100.0;
         const double right = fraction(b);
         switch (op) {
-            case '+': result = left + right; break;
-            case '-': result = left - right; break;
-            case '*': result = left * right; break;
+            case '+':
+                result = left + right;
+                break;
+            case '-':
+                result = left - right;
+                break;
+            case '*':
+                result = left * right;
+                break;
             default:
                 if (right == 0) throw CalcError::divisionByZero();
                 result = left / right;
         }
     } else if (b.isPercent) {
         switch (op) {
-            case '+': result = a.value * (1 + b.value / 100.0); break;
-            case '-': result = a.value * (1 - b.value / 100.0); break;
-            case '*': result = a.value * b.value / 100.0; break;
+            case '+':
+                result = a.value * (1 + b.value / 100.0);
+                break;
+            case '-':
+                result = a.value * (1 - b.value / 100.0);
+                break;
+            case '*':
+                result = a.value * b.value / 100.0;
+                break;
             default:
                 if (b.value == 0) throw CalcError::divisionByZero();
                 result = a.value / (b.value / 100.0);
         }
     } else {
         switch (op) {
-            case '+': result = a.value + b.value; break;
-            case '-': result = a.value - b.value; break;
-            case '*': result = a.value * b.value; break;
+            case '+':
+                result = a.value + b.value;
+                break;
+            case '-':
+                result = a.value - b.value;
+                break;
+            case '*':
+                result = a.value * b.value;
+                break;
             default:
                 if (b.value == 0) throw CalcError::divisionByZero();
                 result = a.value / b.value;

@@ -12,7 +12,8 @@ namespace vantrelle {
 // The outcome of one calculator line.
 struct CalcResult {
     enum class Kind { number, percent, unit, currency, error };
-    static constexpr std::array<std::string_view, 5> kindRawNames{"number", "percent", "unit", "currency", "error"};
+    static constexpr std::array<std::string_view, 5> kindRawNames{"number", "percent", "unit", "currency",
+                                                                  "error"};
 
     std::string display;                // the main answer
     std::optional<std::string> detail;  // a second line that explains it

@@ -1,9 +1,10 @@
 #include "calc/CalcText.h"
 
+#include <locale.h>
+
 #include <charconv>
 #include <clocale>
 #include <cstdlib>
-#include <locale.h>
 
 namespace vantrelle {
 

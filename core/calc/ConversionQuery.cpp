@@ -32,7 +32,9 @@ std::string joined(const std::vector<std::string_view>& parts, std::size_t from,
     return out;
 }
 
-bool isDigit(std::string_view text, std::size_t at) { return at < text.size() && text[at] >= '0' && text[at] <= '9'; }
+bool isDigit(std::string_view text, std::size_t at) {
+    return at < text.size() && text[at] >= '0' && text[at] <= '9';
+}
 
 std::size_t skipSpaces(std::string_view text, std::size_t at) {
     while (at < text.size()) {

@@ -7,35 +7,19 @@ namespace vantrelle {
 namespace {
 
 constexpr CurrencyNames::Alias kAliases[] = {
-    {"$", "USD"}, {"usd", "USD"}, {"dollar", "USD"}, {"dollars", "USD"}, {"us dollar", "USD"},
-    {"us dollars", "USD"}, {"bucks", "USD"},
-    {"€", "EUR"}, {"eur", "EUR"}, {"euro", "EUR"}, {"euros", "EUR"},
-    {"£", "GBP"}, {"gbp", "GBP"}, {"pound", "GBP"}, {"pounds", "GBP"}, {"quid", "GBP"}, {"sterling", "GBP"},
-    {"₹", "INR"}, {"inr", "INR"}, {"rupee", "INR"}, {"rupees", "INR"}, {"rs", "INR"}, {"rs.", "INR"},
-    {"¥", "JPY"}, {"jpy", "JPY"}, {"yen", "JPY"},
-    {"aud", "AUD"},
-    {"cad", "CAD"},
-    {"chf", "CHF"}, {"francs", "CHF"},
-    {"cny", "CNY"}, {"yuan", "CNY"}, {"rmb", "CNY"},
-    {"sgd", "SGD"},
-    {"hkd", "HKD"},
-    {"nzd", "NZD"},
-    {"sek", "SEK"},
-    {"nok", "NOK"},
-    {"dkk", "DKK"},
-    {"zar", "ZAR"}, {"rand", "ZAR"},
-    {"krw", "KRW"}, {"won", "KRW"},
-    {"try", "TRY"}, {"lira", "TRY"},
-    {"pln", "PLN"}, {"zloty", "PLN"},
-    {"czk", "CZK"},
-    {"huf", "HUF"},
-    {"mxn", "MXN"}, {"pesos", "MXN"},
-    {"brl", "BRL"}, {"real", "BRL"}, {"reais", "BRL"},
-    {"thb", "THB"}, {"baht", "THB"},
-    {"idr", "IDR"}, {"rupiah", "IDR"},
-    {"myr", "MYR"}, {"ringgit", "MYR"},
-    {"php", "PHP"},
-    {"ils", "ILS"}, {"shekel", "ILS"}, {"shekels", "ILS"},
+    {"$", "USD"},          {"usd", "USD"},      {"dollar", "USD"}, {"dollars", "USD"}, {"us dollar", "USD"},
+    {"us dollars", "USD"}, {"bucks", "USD"},    {"€", "EUR"},      {"eur", "EUR"},     {"euro", "EUR"},
+    {"euros", "EUR"},      {"£", "GBP"},        {"gbp", "GBP"},    {"pound", "GBP"},   {"pounds", "GBP"},
+    {"quid", "GBP"},       {"sterling", "GBP"}, {"₹", "INR"},      {"inr", "INR"},     {"rupee", "INR"},
+    {"rupees", "INR"},     {"rs", "INR"},       {"rs.", "INR"},    {"¥", "JPY"},       {"jpy", "JPY"},
+    {"yen", "JPY"},        {"aud", "AUD"},      {"cad", "CAD"},    {"chf", "CHF"},     {"francs", "CHF"},
+    {"cny", "CNY"},        {"yuan", "CNY"},     {"rmb", "CNY"},    {"sgd", "SGD"},     {"hkd", "HKD"},
+    {"nzd", "NZD"},        {"sek", "SEK"},      {"nok", "NOK"},    {"dkk", "DKK"},     {"zar", "ZAR"},
+    {"rand", "ZAR"},       {"krw", "KRW"},      {"won", "KRW"},    {"try", "TRY"},     {"lira", "TRY"},
+    {"pln", "PLN"},        {"zloty", "PLN"},    {"czk", "CZK"},    {"huf", "HUF"},     {"mxn", "MXN"},
+    {"pesos", "MXN"},      {"brl", "BRL"},      {"real", "BRL"},   {"reais", "BRL"},   {"thb", "THB"},
+    {"baht", "THB"},       {"idr", "IDR"},      {"rupiah", "IDR"}, {"myr", "MYR"},     {"ringgit", "MYR"},
+    {"php", "PHP"},        {"ils", "ILS"},      {"shekel", "ILS"}, {"shekels", "ILS"},
 };
 
 bool isThreeLetters(std::string_view text) {
@@ -48,7 +32,9 @@ bool isThreeLetters(std::string_view text) {
 
 }  // namespace
 
-std::span<const CurrencyNames::Alias> CurrencyNames::aliases() { return kAliases; }
+std::span<const CurrencyNames::Alias> CurrencyNames::aliases() {
+    return kAliases;
+}
 
 const std::set<std::string, std::less<>>& CurrencyNames::knownCodes() {
     static const std::set<std::string, std::less<>> codes = [] {

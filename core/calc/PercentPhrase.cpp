@@ -42,7 +42,9 @@ Position anyOf(std::string_view text, Position at, std::initializer_list<std::st
     return std::nullopt;
 }
 
-Position requiredSpaces(std::string_view text, Position at) { return at ? spaces(text, *at, true) : std::nullopt; }
+Position requiredSpaces(std::string_view text, Position at) {
+    return at ? spaces(text, *at, true) : std::nullopt;
+}
 
 struct Groups {
     std::string x;
@@ -55,7 +57,8 @@ template <typename Tail>
 std::optional<Groups> matchLazy(std::string_view text, Tail tail) {
     for (std::size_t split = 1; split < text.size(); ++split) {
         const Position end = tail(split);
-        if (end && *end < text.size()) return Groups{std::string(text.substr(0, split)), std::string(text.substr(*end))};
+        if (end && *end < text.size())
+            return Groups{std::string(text.substr(0, split)), std::string(text.substr(*end))};
     }
     return std::nullopt;
 }
@@ -115,8 +118,9 @@ std::optional<CalcResult> PercentPhrase::evaluate(std::string_view text, std::op
         const double y = number(groups->y, previous);
         const double v = finite((1 - x / 100) * y);
         const double saving = finite(y - v);
-        return percentResult(v, CalcFormat::format(v, kFraction),
-                             groups->y + " with " + groups->x + "% off · saves " + CalcFormat::format(saving, kFraction));
+        return percentResult(
+            v, CalcFormat::format(v, kFraction),
+            groups->y + " with " + groups->x + "% off · saves " + CalcFormat::format(saving, kFraction));
     }
     return std::nullopt;
 }

@@ -13,7 +13,9 @@ RatesService::RatesService(HttpClient& http, DefaultsStore& defaults, const Cloc
 
 RatesService::~RatesService() = default;
 
-const std::set<std::string, std::less<>>& RatesService::knownCodes() { return CurrencyNames::knownCodes(); }
+const std::set<std::string, std::less<>>& RatesService::knownCodes() {
+    return CurrencyNames::knownCodes();
+}
 
 std::string RatesService::endpoint() const {
     std::string base = m_environment.get(baseUrlVariable).value_or(std::string(defaultBaseUrl));
@@ -77,8 +79,9 @@ void RatesService::finishFetch(const HttpResponse& response) {
     }
 
     DebugLog::write([&] {
-        return response.ok() ? std::string("rates: response doesn't parse")
-                             : fmt::format("rates: fetch failed, status {} {}", response.status, response.error);
+        return response.ok()
+                   ? std::string("rates: response doesn't parse")
+                   : fmt::format("rates: fetch failed, status {} {}", response.status, response.error);
     });
     if (auto old = stored()) {
         setMemo(std::move(*old));

@@ -23,7 +23,7 @@ namespace vantrelle {
 // the network wait is the HTTP client's, and requests made while a fetch is under way share it.
 class RatesService {
 public:
-    static constexpr std::string_view cacheKey = "calcRatesJSON";         // the raw JSON response
+    static constexpr std::string_view cacheKey = "calcRatesJSON";           // the raw JSON response
     static constexpr std::string_view fetchedAtKey = "calcRatesFetchedAt";  // seconds since 1970
     static constexpr double ttl = 43'200;
     static constexpr double requestTimeout = 8;
@@ -34,7 +34,8 @@ public:
     using TableCompletion = std::function<void(const std::optional<RatesTable>&)>;
     using RateCompletion = std::function<void(std::optional<RateQuote>)>;
 
-    RatesService(HttpClient& http, DefaultsStore& defaults, const Clock& clock, const Environment& environment);
+    RatesService(HttpClient& http, DefaultsStore& defaults, const Clock& clock,
+                 const Environment& environment);
     ~RatesService();
     RatesService(const RatesService&) = delete;
     RatesService& operator=(const RatesService&) = delete;

@@ -1,7 +1,6 @@
 #include "calc/RatesTable.h"
 
 #include <charconv>
-
 #include <nlohmann/json.hpp>
 
 namespace vantrelle {
@@ -23,7 +22,8 @@ std::optional<RatesTable> RatesTable::parse(std::string_view json, Date fetchedA
     if (root.is_discarded() || !root.is_object()) return std::nullopt;
     const auto rates = root.find("rates");
     const auto date = root.find("date");
-    if (rates == root.end() || !rates->is_object() || date == root.end() || !date->is_string()) return std::nullopt;
+    if (rates == root.end() || !rates->is_object() || date == root.end() || !date->is_string())
+        return std::nullopt;
     RatesTable table;
     table.date = date->get<std::string>();
     table.fetchedAt = fetchedAt;

@@ -19,7 +19,7 @@ struct RateQuote {
 // A table of rates against the US dollar, as one fetch brought it.
 struct RatesTable {
     std::map<std::string, double, std::less<>> rates;  // code → units per US dollar; USD is 1
-    std::string date;                                    // the publication day, "yyyy-MM-dd"
+    std::string date;                                  // the publication day, "yyyy-MM-dd"
     Date fetchedAt;
 
     // Units of `to` for one unit of `from`; nothing when either code is missing or `from` isn't above 0.

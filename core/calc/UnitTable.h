@@ -33,8 +33,12 @@ public:
     // The unit a lower-case name stands for.
     [[nodiscard]] static const Unit* unitFor(std::string_view name);
 
-    [[nodiscard]] static double toBase(const Unit& unit, double amount) { return amount * unit.factor + unit.offset; }
-    [[nodiscard]] static double fromBase(const Unit& unit, double base) { return (base - unit.offset) / unit.factor; }
+    [[nodiscard]] static double toBase(const Unit& unit, double amount) {
+        return amount * unit.factor + unit.offset;
+    }
+    [[nodiscard]] static double fromBase(const Unit& unit, double base) {
+        return (base - unit.offset) / unit.factor;
+    }
     // Both units must share a dimension.
     [[nodiscard]] static double convert(double amount, const Unit& from, const Unit& to);
 };

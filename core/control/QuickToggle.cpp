@@ -29,7 +29,9 @@ constexpr auto kRawNames = [] {
 
 }  // namespace
 
-const QuickToggleInfo& info(QuickToggle toggle) { return kToggles[static_cast<std::size_t>(toggle)]; }
+const QuickToggleInfo& info(QuickToggle toggle) {
+    return kToggles[static_cast<std::size_t>(toggle)];
+}
 
 std::optional<QuickToggle> quickToggleFromRaw(std::string_view raw) {
     return enumFromRaw<QuickToggle>(kRawNames, raw);
@@ -37,7 +39,7 @@ std::optional<QuickToggle> quickToggleFromRaw(std::string_view raw) {
 
 std::vector<QuickToggle> defaultVisibleToggles() {
     using enum QuickToggle;
-    return {darkMode, keepAwake, mute, screenshot, sleepDisplay, lockScreen,
+    return {darkMode,         keepAwake,       mute,       screenshot, sleepDisplay, lockScreen,
             hideDesktopIcons, showHiddenFiles, ejectDisks, emptyTrash};
 }
 

@@ -9,8 +9,18 @@ namespace vantrelle {
 
 // The one-tap system switches and actions of the Dashboard.
 enum class QuickToggle {
-    darkMode, keepAwake, mute, screenshot, screenshotToFile, sleepDisplay, lockScreen,
-    hideDesktopIcons, showHiddenFiles, dockAutohide, ejectDisks, emptyTrash,
+    darkMode,
+    keepAwake,
+    mute,
+    screenshot,
+    screenshotToFile,
+    sleepDisplay,
+    lockScreen,
+    hideDesktopIcons,
+    showHiddenFiles,
+    dockAutohide,
+    ejectDisks,
+    emptyTrash,
 };
 
 inline constexpr std::size_t kQuickToggleCount = 12;
@@ -23,7 +33,9 @@ struct QuickToggleInfo {
 };
 
 [[nodiscard]] const QuickToggleInfo& info(QuickToggle toggle);
-[[nodiscard]] inline std::string_view rawValue(QuickToggle toggle) { return info(toggle).raw; }
+[[nodiscard]] inline std::string_view rawValue(QuickToggle toggle) {
+    return info(toggle).raw;
+}
 [[nodiscard]] std::optional<QuickToggle> quickToggleFromRaw(std::string_view raw);
 // The ten shown until the user picks.
 [[nodiscard]] std::vector<QuickToggle> defaultVisibleToggles();

@@ -1,10 +1,10 @@
 #include "overlay/CollapsedPresentation.h"
 
-#include "agents/AIFormat.h"
-
 #include <fmt/format.h>
 
 #include <cmath>
+
+#include "agents/AIFormat.h"
 
 namespace vantrelle {
 
@@ -51,7 +51,8 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
                 c.trailingIsAudioBars = m.isPlaying;
             },
             [&](const LiveActivity::Battery& b) {
-                c.leadingSymbol = b.charging ? "bolt.fill" : (b.percent <= 25 ? "battery.25percent" : "battery.100percent");
+                c.leadingSymbol =
+                    b.charging ? "bolt.fill" : (b.percent <= 25 ? "battery.25percent" : "battery.100percent");
                 c.trailingText = fmt::format("{}%", b.percent);
             },
             [&](const LiveActivity::AI& a) {
@@ -67,9 +68,15 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
             [&](const LiveActivity::AgentAlert& a) {
                 c.leadingIsAgentMark = true;
                 switch (a.kind) {
-                    case AgentAlertKind::approval: c.trailingText = "Approve"; break;
-                    case AgentAlertKind::waiting: c.trailingText = "Waiting"; break;
-                    case AgentAlertKind::done: c.trailingText = "Done"; break;
+                    case AgentAlertKind::approval:
+                        c.trailingText = "Approve";
+                        break;
+                    case AgentAlertKind::waiting:
+                        c.trailingText = "Waiting";
+                        break;
+                    case AgentAlertKind::done:
+                        c.trailingText = "Done";
+                        break;
                 }
             },
             [&](const LiveActivity::Update& u) {
@@ -78,18 +85,21 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
             },
             [&](const LiveActivity::Pomodoro&) {
                 c.leadingSymbol = timers.pomodoroInBreak ? "cup.and.saucer.fill" : "brain.head.profile";
-                c.trailingText = timers.pomodoroRemaining ? timerDigits(*timers.pomodoroRemaining) : kNoReading;
+                c.trailingText =
+                    timers.pomodoroRemaining ? timerDigits(*timers.pomodoroRemaining) : kNoReading;
                 c.dimmed = timers.pomodoroPaused;
                 c.ticksEverySecond = true;
             },
             [&](const LiveActivity::QuickTimer&) {
                 c.leadingSymbol = "hourglass";
-                c.trailingText = timers.quickTimerRemaining ? timerDigits(*timers.quickTimerRemaining) : kNoReading;
+                c.trailingText =
+                    timers.quickTimerRemaining ? timerDigits(*timers.quickTimerRemaining) : kNoReading;
                 c.ticksEverySecond = true;
             },
             [&](const LiveActivity::Stopwatch&) {
                 c.leadingSymbol = "stopwatch.fill";
-                c.trailingText = timers.stopwatchElapsed ? compactStopwatch(*timers.stopwatchElapsed) : kNoReading;
+                c.trailingText =
+                    timers.stopwatchElapsed ? compactStopwatch(*timers.stopwatchElapsed) : kNoReading;
                 c.ticksEverySecond = true;
             },
         },

@@ -28,7 +28,8 @@ void applyDeclaredNotch(std::vector<ScreenInfo>& screens, const Rect& notch) {
         // The notch must hang from this screen's top edge and lie within its width.
         if (notch.maxY() != f.maxY() || notch.minX() < f.minX() || notch.maxX() > f.maxX()) continue;
         screen.auxiliaryTopLeftArea = Rect{f.minX(), notch.minY(), notch.minX() - f.minX(), notch.height};
-        screen.auxiliaryTopRightArea = Rect{notch.maxX(), notch.minY(), f.maxX() - notch.maxX(), notch.height};
+        screen.auxiliaryTopRightArea =
+            Rect{notch.maxX(), notch.minY(), f.maxX() - notch.maxX(), notch.height};
         return;
     }
 }

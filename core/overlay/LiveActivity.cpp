@@ -6,7 +6,8 @@ namespace vantrelle {
 
 std::string_view LiveActivity::kindKey() const {
     static constexpr std::array<std::string_view, std::variant_size_v<Payload>> kKinds{
-        "meeting", "media", "battery", "ai", "download", "agentAlert", "update", "pomodoro", "quickTimer", "stopwatch"};
+        "meeting",    "media",  "battery",  "ai",         "download",
+        "agentAlert", "update", "pomodoro", "quickTimer", "stopwatch"};
     return kKinds[payload.index()];
 }
 

@@ -61,14 +61,18 @@ struct LiveActivity {
         bool operator==(const Stopwatch&) const = default;
     };
 
-    using Payload = std::variant<Meeting, Media, Battery, AI, Download, AgentAlert, Update, Pomodoro, QuickTimer,
-                                 Stopwatch>;
+    using Payload = std::variant<Meeting, Media, Battery, AI, Download, AgentAlert, Update, Pomodoro,
+                                 QuickTimer, Stopwatch>;
     Payload payload;
 
     template <typename T>
-    [[nodiscard]] bool is() const { return std::holds_alternative<T>(payload); }
+    [[nodiscard]] bool is() const {
+        return std::holds_alternative<T>(payload);
+    }
     template <typename T>
-    [[nodiscard]] const T* as() const { return std::get_if<T>(&payload); }
+    [[nodiscard]] const T* as() const {
+        return std::get_if<T>(&payload);
+    }
 
     // The kind as a string; a change of kind animates the collapsed row, a change inside one does not.
     [[nodiscard]] std::string_view kindKey() const;

@@ -4,7 +4,9 @@
 
 namespace vantrelle {
 
-LiveActivityCenter& LiveActivityCenter::shared() { return SharedInstance<LiveActivityCenter>::get(); }
+LiveActivityCenter& LiveActivityCenter::shared() {
+    return SharedInstance<LiveActivityCenter>::get();
+}
 
 void LiveActivityCenter::set(std::optional<LiveActivity> activity, Source source) {
     m_activities[static_cast<std::size_t>(source)] = std::move(activity);

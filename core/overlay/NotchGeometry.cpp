@@ -7,15 +7,17 @@
 namespace vantrelle {
 
 std::optional<NotchGeometry> NotchGeometry::detect(const std::vector<ScreenInfo>& screens,
-                                                   std::optional<std::size_t> mainIndex, bool simulateIfMissing,
-                                                   double simulatedWidth, double simulatedHeight) {
+                                                   std::optional<std::size_t> mainIndex,
+                                                   bool simulateIfMissing, double simulatedWidth,
+                                                   double simulatedHeight) {
     // A notched display wins over the main one, wherever the top bar is.
     for (const auto& screen : screens) {
         if (!screen.auxiliaryTopLeftArea || !screen.auxiliaryTopRightArea) continue;
         const Rect& f = screen.frame;
         const Rect& left = *screen.auxiliaryTopLeftArea;
         const Rect& right = *screen.auxiliaryTopRightArea;
-        const Rect notch{f.minX() + left.width, f.maxY() - left.height, f.width - left.width - right.width, left.height};
+        const Rect notch{f.minX() + left.width, f.maxY() - left.height, f.width - left.width - right.width,
+                         left.height};
         return NotchGeometry{screen, notch, false};
     }
     if (!simulateIfMissing || screens.empty()) return std::nullopt;
@@ -45,8 +47,9 @@ Rect collapsedHitRect(const Rect& notchRect, bool hasActivity) {
 
 Rect expandedHitRect(const Rect& notchRect, Size expandedSize, bool showDock) {
     const double dock = showDock ? kDockHeight : 0;
-    return {notchRect.midX() - expandedSize.width / 2 - 10, notchRect.maxY() - expandedSize.height - dock - 12,
-            expandedSize.width + 20, expandedSize.height + dock + 12};
+    return {notchRect.midX() - expandedSize.width / 2 - 10,
+            notchRect.maxY() - expandedSize.height - dock - 12, expandedSize.width + 20,
+            expandedSize.height + dock + 12};
 }
 
 }  // namespace vantrelle

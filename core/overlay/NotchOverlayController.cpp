@@ -8,15 +8,26 @@ namespace vantrelle {
 
 namespace {
 
-const char* text(bool value) { return value ? "true" : "false"; }
+const char* text(bool value) {
+    return value ? "true" : "false";
+}
 
 }  // namespace
 
 NotchOverlayController::NotchOverlayController(Dependencies d)
-    : m_settings(d.settings), m_activities(d.activities), m_notifications(d.notifications),
-      m_scheduler(d.scheduler), m_clock(d.clock), m_environment(d.environment), m_windows(d.windows),
-      m_screens(d.screens), m_pasteboard(d.pasteboard), m_sounds(d.sounds), m_services(d.services),
-      m_quiet(d.scheduler, d.clock, std::move(d.quietProbes), d.camera, d.environment.isOne("VANTRELLE_TEST_CALL")),
+    : m_settings(d.settings),
+      m_activities(d.activities),
+      m_notifications(d.notifications),
+      m_scheduler(d.scheduler),
+      m_clock(d.clock),
+      m_environment(d.environment),
+      m_windows(d.windows),
+      m_screens(d.screens),
+      m_pasteboard(d.pasteboard),
+      m_sounds(d.sounds),
+      m_services(d.services),
+      m_quiet(d.scheduler, d.clock, std::move(d.quietProbes), d.camera,
+              d.environment.isOne("VANTRELLE_TEST_CALL")),
       m_pinnedOpen(d.environment.isOne("VANTRELLE_PIN_EXPANDED")),
       m_dragCountAtMouseDown(d.pasteboard.changeCount()) {
     m_observers.reserve(8);
@@ -43,7 +54,8 @@ void NotchOverlayController::observeNotifications() {
         rebuild();
         applyQuiet();
     }));
-    m_observers.push_back(m_notifications.observe(Notifications::notchAppearanceChanged, [this] { applyAppearance(); }));
+    m_observers.push_back(
+        m_notifications.observe(Notifications::notchAppearanceChanged, [this] { applyAppearance(); }));
     // One string for both "timer finished" and the end of a focus phase.
     m_observers.push_back(m_notifications.observe(Notifications::timerFinished, [this] {
         if (!m_settings.isEnabled(NotchTab::focus) || inCall()) return;
@@ -59,12 +71,14 @@ void NotchOverlayController::observeNotifications() {
     m_observers.push_back(m_notifications.observe(Notifications::tavoRunStepAside, [this] {
         if (m_state.isExpanded() && m_state.tab() == NotchTab::game) setExpanded(false, "Claude needs you");
     }));
-    m_observers.push_back(m_notifications.observe(Notifications::meetingHeadsUp, [this] { showMeetingHeadsUp(); }));
+    m_observers.push_back(
+        m_notifications.observe(Notifications::meetingHeadsUp, [this] { showMeetingHeadsUp(); }));
 }
 
 void NotchOverlayController::scheduleHoverTest() {
     m_scheduler.after(3.0, [this] {
-        DebugLog::write([&] { return std::string("test: hover over the notch (call=") + text(inCall()) + ")"; });
+        DebugLog::write(
+            [&] { return std::string("test: hover over the notch (call=") + text(inCall()) + ")"; });
         for (int i = 0; i < 12; ++i) {
             m_scheduler.after(i * 0.05, [this] {
                 if (m_geometry) handleMouse(MouseEvent::mouseMoved, m_geometry->notchRect.center());
@@ -85,8 +99,9 @@ void NotchOverlayController::scheduleHoverTest() {
 // MARK: geometry
 
 void NotchOverlayController::rebuild() {
-    auto detected = NotchGeometry::detect(m_screens.screens(), m_screens.mainScreenIndex(), m_settings.simulateNotch(),
-                                          kSimulatedNotchWidth, kSimulatedNotchHeight);
+    auto detected =
+        NotchGeometry::detect(m_screens.screens(), m_screens.mainScreenIndex(), m_settings.simulateNotch(),
+                              kSimulatedNotchWidth, kSimulatedNotchHeight);
     if (!detected) {
         // Nothing to sit on: nothing catches the pointer, and the last good geometry is kept.
         m_windows.orderOut();
@@ -256,7 +271,9 @@ void NotchOverlayController::setExpanded(bool expanded, std::string_view reason,
     if (!m_windows.hasPanel()) return;
     if (m_state.isExpanded() == expanded) return;
 
-    DebugLog::write([&] { return std::string("overlay: ") + (expanded ? "expand (" : "collapse (") + std::string(reason) + ")"; });
+    DebugLog::write([&] {
+        return std::string("overlay: ") + (expanded ? "expand (" : "collapse (") + std::string(reason) + ")";
+    });
     if (!expanded) {
         m_windows.setPanelIgnoresMouse(true);
         m_services.stopCamera();
@@ -291,7 +308,9 @@ void NotchOverlayController::openFromShortcut(ShortcutTarget target) {
     setExpanded(true, "shortcut");
 }
 
-void NotchOverlayController::dropZoneClicked() { setExpanded(true, "unspecified"); }
+void NotchOverlayController::dropZoneClicked() {
+    setExpanded(true, "unspecified");
+}
 
 void NotchOverlayController::dropZoneDragEntered() {
     if (!m_settings.isEnabled(NotchTab::shelf)) return;
@@ -309,8 +328,8 @@ void NotchOverlayController::showMeetingHeadsUp() {
     if (!m_settings.meetingHeadsUp() || !m_settings.isEnabled(NotchTab::today) || open || call ||
         m_hiddenForFullScreen) {
         DebugLog::write([&] {
-            return std::string("overlay: meeting heads-up skipped (open=") + text(open) + " call=" + text(call) +
-                   " fullscreen=" + text(m_hiddenForFullScreen) + ")";
+            return std::string("overlay: meeting heads-up skipped (open=") + text(open) +
+                   " call=" + text(call) + " fullscreen=" + text(m_hiddenForFullScreen) + ")";
         });
         return;
     }
@@ -323,7 +342,8 @@ void NotchOverlayController::showMeetingHeadsUp() {
         m_headsUpWork.reset();
         m_headsUpUntil.reset();
         // A pointer inside keeps the panel; mouse-left takes over from then on.
-        if (m_state.isExpanded() && !(m_lastPointer && expandedHitRect().contains(*m_lastPointer))) setExpanded(false, "meeting heads-up ended");
+        if (m_state.isExpanded() && !(m_lastPointer && expandedHitRect().contains(*m_lastPointer)))
+            setExpanded(false, "meeting heads-up ended");
     });
 }
 

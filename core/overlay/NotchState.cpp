@@ -17,9 +17,13 @@ Size NotchLayout::expandedSizeFor(double screenWidth) {
     return {width, expandedHeight};
 }
 
-Size NotchLayout::expandedSize() { return {g_expandedWidth.load(), expandedHeight}; }
+Size NotchLayout::expandedSize() {
+    return {g_expandedWidth.load(), expandedHeight};
+}
 
-void NotchLayout::setExpandedSize(Size size) { g_expandedWidth = size.width; }
+void NotchLayout::setExpandedSize(Size size) {
+    g_expandedWidth = size.width;
+}
 
 void ensureValidTab(NotchState& state, const AppSettings& settings) {
     if (settings.isEnabled(state.tab())) return;

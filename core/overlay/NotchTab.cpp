@@ -12,24 +12,27 @@ constexpr Color kMirrorIndigo{0x5E, 0x5C, 0xE6};
 constexpr Color kSupportMint{0x63, 0xE6, 0xBE};
 
 constexpr std::array<NotchTabInfo, kNotchTabCount> kTabs{{
-    {"dashboard", "Dashboard", "square.grid.2x2", "Everything at a glance: events, focus, tasks, notes, toggles",
-     NotchTheme::label},
-    {"today", "Today", "calendar", "Today's calendar with Join buttons for video calls", NotchTheme::negative},
+    {"dashboard", "Dashboard", "square.grid.2x2",
+     "Everything at a glance: events, focus, tasks, notes, toggles", NotchTheme::label},
+    {"today", "Today", "calendar", "Today's calendar with Join buttons for video calls",
+     NotchTheme::negative},
     {"tasks", "Tasks", "checklist", "Quick local to-do list", NotchTheme::blue},
     {"reminders", "Reminders", "bell", "Apple Reminders, tick them off from the notch", NotchTheme::orange},
     {"notes", "Notes", "note.text", "Scratchpad that saves as you type", kNotesYellow},
     {"focus", "Pomodoro", "timer", "Pomodoro with work and break modes, quick timer and stopwatch",
      NotchTheme::gold},
     {"aiUsage", "AI Usage", "sparkles",
-     "Claude Code, Codex and Gemini CLI sessions, tokens and cost, plus the 5-hour window", NotchTheme::purple},
+     "Claude Code, Codex and Gemini CLI sessions, tokens and cost, plus the 5-hour window",
+     NotchTheme::purple},
     {"devServers", "Dev Servers", "server.rack", "Every localhost server you're running, with Open and Stop",
      NotchTheme::teal},
     {"menuBar", "Menu Bar", "menubar.rectangle", "Find and open the menu bar icons hiding behind the notch",
      NotchTheme::orange},
-    {"calc", "Calculator", "plus.forwardslash.minus", "Type maths, unit and currency conversions, get the answer",
-     kCalcGrey},
+    {"calc", "Calculator", "plus.forwardslash.minus",
+     "Type maths, unit and currency conversions, get the answer", kCalcGrey},
     {"music", "Music", "music.note", "Now Playing for Music and Spotify", kMusicPink},
-    {"shelf", "Shelf", "tray.full", "Drop files on the notch, AirDrop or drag them out later", NotchTheme::teal},
+    {"shelf", "Shelf", "tray.full", "Drop files on the notch, AirDrop or drag them out later",
+     NotchTheme::teal},
     {"screenTime", "Screen Time", "hourglass", "Which apps used your day, by category", NotchTheme::purple},
     {"stats", "System Analytics", "chart.bar", "CPU, memory, disk, network, battery", NotchTheme::positive},
     {"mirror", "Mirror", "camera", "Camera check before a call", kMirrorIndigo},
@@ -47,9 +50,13 @@ constexpr auto kRawNames = rawNames();
 
 }  // namespace
 
-const NotchTabInfo& info(NotchTab tab) { return kTabs[static_cast<std::size_t>(tab)]; }
+const NotchTabInfo& info(NotchTab tab) {
+    return kTabs[static_cast<std::size_t>(tab)];
+}
 
-std::optional<NotchTab> notchTabFromRaw(std::string_view raw) { return enumFromRaw<NotchTab>(kRawNames, raw); }
+std::optional<NotchTab> notchTabFromRaw(std::string_view raw) {
+    return enumFromRaw<NotchTab>(kRawNames, raw);
+}
 
 const std::array<NotchTab, kNotchTabCount>& allNotchTabs() {
     static constexpr auto tabs = allCasesOf<NotchTab, kNotchTabCount>();

@@ -11,8 +11,23 @@ namespace vantrelle {
 
 // The seventeen tools, in dock order.
 enum class NotchTab {
-    dashboard, today, tasks, reminders, notes, focus, aiUsage, devServers, menuBar,
-    calc, music, shelf, screenTime, stats, mirror, game, support,
+    dashboard,
+    today,
+    tasks,
+    reminders,
+    notes,
+    focus,
+    aiUsage,
+    devServers,
+    menuBar,
+    calc,
+    music,
+    shelf,
+    screenTime,
+    stats,
+    mirror,
+    game,
+    support,
 };
 
 inline constexpr std::size_t kNotchTabCount = 17;
@@ -26,7 +41,9 @@ struct NotchTabInfo {
 };
 
 [[nodiscard]] const NotchTabInfo& info(NotchTab tab);
-[[nodiscard]] inline std::string_view rawValue(NotchTab tab) { return info(tab).raw; }
+[[nodiscard]] inline std::string_view rawValue(NotchTab tab) {
+    return info(tab).raw;
+}
 [[nodiscard]] std::optional<NotchTab> notchTabFromRaw(std::string_view raw);
 [[nodiscard]] const std::array<NotchTab, kNotchTabCount>& allNotchTabs();
 

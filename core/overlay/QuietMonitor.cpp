@@ -5,12 +5,17 @@
 namespace vantrelle {
 
 namespace {
-const char* text(bool value) { return value ? "true" : "false"; }
+const char* text(bool value) {
+    return value ? "true" : "false";
+}
 }  // namespace
 
 QuietMonitor::QuietMonitor(Scheduler& scheduler, const Clock& clock, Probes probes, const CameraUse& camera,
                            bool pretendCall)
-    : m_scheduler(scheduler), m_clock(clock), m_probes(std::move(probes)), m_camera(camera),
+    : m_scheduler(scheduler),
+      m_clock(clock),
+      m_probes(std::move(probes)),
+      m_camera(camera),
       m_pretendCall(pretendCall) {}
 
 void QuietMonitor::start() {

@@ -23,8 +23,12 @@ public:
     virtual void remove(std::string_view key) = 0;
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) const { return read<bool>(key); }
-    [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) const { return read<std::int64_t>(key); }
-    [[nodiscard]] std::optional<std::string> string(std::string_view key) const { return read<std::string>(key); }
+    [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) const {
+        return read<std::int64_t>(key);
+    }
+    [[nodiscard]] std::optional<std::string> string(std::string_view key) const {
+        return read<std::string>(key);
+    }
     [[nodiscard]] std::optional<std::vector<std::string>> stringArray(std::string_view key) const {
         return read<std::vector<std::string>>(key);
     }

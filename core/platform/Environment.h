@@ -26,7 +26,8 @@ public:
 class MapEnvironment final : public Environment {
 public:
     MapEnvironment() = default;
-    explicit MapEnvironment(std::map<std::string, std::string, std::less<>> values) : m_values(std::move(values)) {}
+    explicit MapEnvironment(std::map<std::string, std::string, std::less<>> values)
+        : m_values(std::move(values)) {}
     [[nodiscard]] std::optional<std::string> get(std::string_view name) const override {
         auto it = m_values.find(name);
         return it == m_values.end() ? std::nullopt : std::optional(it->second);

@@ -6,7 +6,7 @@
 namespace vantrelle {
 
 struct HttpResponse {
-    int status = 0;     // 0 when no response came (network error, timeout)
+    int status = 0;  // 0 when no response came (network error, timeout)
     std::string body;
     std::string error;  // empty on success
 
@@ -17,7 +17,8 @@ struct HttpResponse {
 class HttpClient {
 public:
     virtual ~HttpClient() = default;
-    virtual void get(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion) = 0;
+    virtual void get(const std::string& url, double timeoutSeconds,
+                     std::function<void(HttpResponse)> completion) = 0;
 };
 
 }  // namespace vantrelle

@@ -19,7 +19,8 @@ struct ProcessResult {
 class ProcessRunner {
 public:
     virtual ~ProcessRunner() = default;
-    [[nodiscard]] virtual ProcessResult run(const std::string& program, const std::vector<std::string>& arguments,
+    [[nodiscard]] virtual ProcessResult run(const std::string& program,
+                                            const std::vector<std::string>& arguments,
                                             double timeoutSeconds = 10.0) = 0;
 };
 

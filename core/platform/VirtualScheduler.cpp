@@ -25,7 +25,9 @@ std::shared_ptr<CancelToken> VirtualScheduler::enqueue(double delay, double inte
     return token;
 }
 
-void VirtualScheduler::post(std::function<void()> work) { enqueue(0, 0, std::move(work)); }
+void VirtualScheduler::post(std::function<void()> work) {
+    enqueue(0, 0, std::move(work));
+}
 
 WorkItem VirtualScheduler::schedule(double delay, std::function<void()> work) {
     return WorkItem(enqueue(delay, 0, std::move(work)));
@@ -46,7 +48,8 @@ void VirtualScheduler::advance(double seconds) {
         if (entry.token->cancelled) continue;
         m_now = std::max(m_now, entry.due);
         if (entry.interval > 0) {
-            m_queue.push(Entry{entry.due + entry.interval, m_sequence++, entry.interval, entry.token, entry.work});
+            m_queue.push(
+                Entry{entry.due + entry.interval, m_sequence++, entry.interval, entry.token, entry.work});
         }
         lock.unlock();
         (*entry.work)();

@@ -19,7 +19,9 @@ struct AppPaths {
     [[nodiscard]] std::filesystem::path configRoot() const { return configHome / "Vantrelle"; }
     [[nodiscard]] std::filesystem::path cacheRoot() const { return cacheHome / "Vantrelle"; }
     [[nodiscard]] std::filesystem::path defaultsFile() const { return configRoot() / "defaults.json"; }
-    [[nodiscard]] std::filesystem::path autostartEntry() const { return configHome / "autostart" / "vantrelle.desktop"; }
+    [[nodiscard]] std::filesystem::path autostartEntry() const {
+        return configHome / "autostart" / "vantrelle.desktop";
+    }
 
     // Relative or empty XDG variables are ignored, as the XDG rules say.
     [[nodiscard]] static AppPaths fromEnvironment(const Environment& environment);

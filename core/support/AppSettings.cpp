@@ -9,7 +9,7 @@ namespace vantrelle {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> kSettingsTabNames{"general", "tools", "shortcuts",
+constexpr std::array<std::string_view, 6> kSettingsTabNames{"general",   "tools",   "shortcuts",
                                                             "dashboard", "toggles", "focus"};
 constexpr std::array<std::string_view, 3> kAppearanceNames{"system", "dark", "light"};
 
@@ -24,7 +24,9 @@ constexpr std::array<std::pair<std::string_view, NotchTab>, 3> kIntroducedLater{
     {"introduced.devServers", NotchTab::devServers},
 }};
 
-TabSet allTabs() { return {allNotchTabs().begin(), allNotchTabs().end()}; }
+TabSet allTabs() {
+    return {allNotchTabs().begin(), allNotchTabs().end()};
+}
 
 template <typename E, typename FromRaw>
 std::vector<E> knownCases(const std::vector<std::string>& raws, FromRaw fromRaw) {
@@ -45,16 +47,22 @@ std::vector<std::string> rawStrings(const std::vector<E>& cases) {
 
 }  // namespace
 
-std::string_view rawValue(SettingsTab tab) { return enumToRaw(kSettingsTabNames, tab); }
+std::string_view rawValue(SettingsTab tab) {
+    return enumToRaw(kSettingsTabNames, tab);
+}
 std::optional<SettingsTab> settingsTabFromRaw(std::string_view raw) {
     return enumFromRaw<SettingsTab>(kSettingsTabNames, raw);
 }
-std::string_view rawValue(Appearance appearance) { return enumToRaw(kAppearanceNames, appearance); }
+std::string_view rawValue(Appearance appearance) {
+    return enumToRaw(kAppearanceNames, appearance);
+}
 std::optional<Appearance> appearanceFromRaw(std::string_view raw) {
     return enumFromRaw<Appearance>(kAppearanceNames, raw);
 }
 
-AppSettings& AppSettings::shared() { return SharedInstance<AppSettings>::get(); }
+AppSettings& AppSettings::shared() {
+    return SharedInstance<AppSettings>::get();
+}
 
 AppSettings::AppSettings(DefaultsStore& defaults, NotificationCenter& notifications, LoginItem& loginItem,
                          Scheduler& scheduler)
@@ -64,15 +72,16 @@ AppSettings::AppSettings(DefaultsStore& defaults, NotificationCenter& notificati
     m_simulateNotch = d.boolean("simulateNotch").value_or(m_simulateNotch);
     m_hideInFullScreen = d.boolean("hideInFullScreen").value_or(m_hideInFullScreen);
     m_quietDuringCalls = d.boolean("quietDuringCalls").value_or(m_quietDuringCalls);
-    if (auto raw = d.string("appearance")) m_appearance = appearanceFromRaw(*raw).value_or(Appearance::system);
+    if (auto raw = d.string("appearance"))
+        m_appearance = appearanceFromRaw(*raw).value_or(Appearance::system);
     m_glassPanel = d.boolean("glassPanel").value_or(m_glassPanel);
     m_showDock = d.boolean("showDock").value_or(m_showDock);
     m_addDownloadsToShelf = d.boolean("addDownloadsToShelf").value_or(m_addDownloadsToShelf);
     m_addScreenshotsToShelf = d.boolean("addScreenshotsToShelf").value_or(m_addScreenshotsToShelf);
     m_meetingHeadsUp = d.boolean("meetingHeadsUp").value_or(m_meetingHeadsUp);
     m_wrappedReminders = d.boolean("wrappedReminders").value_or(m_wrappedReminders);
-    m_dashboardTiles = normalizedDashTiles(
-        knownCases<DashTile>(d.stringArray("dashboardTiles").value_or(std::vector<std::string>{}), dashTileFromRaw));
+    m_dashboardTiles = normalizedDashTiles(knownCases<DashTile>(
+        d.stringArray("dashboardTiles").value_or(std::vector<std::string>{}), dashTileFromRaw));
     m_meetingHeadsUpMinutes = d.integer("meetingHeadsUpMinutes").value_or(m_meetingHeadsUpMinutes);
     m_aiBlockTokenBudget = d.integer("aiBlockTokenBudget").value_or(m_aiBlockTokenBudget);
     m_aiLiveActivity = d.boolean("aiLiveActivity").value_or(m_aiLiveActivity);
@@ -85,8 +94,8 @@ AppSettings::AppSettings(DefaultsStore& defaults, NotificationCenter& notificati
     m_workdayEndMinutes = d.integer("workdayEnd").value_or(m_workdayEndMinutes);
     m_playSounds = d.boolean("playSounds").value_or(m_playSounds);
     m_sessionNotifications = d.boolean("sessionNotifications").value_or(m_sessionNotifications);
-    m_visibleToggles = knownCases<QuickToggle>(d.stringArray("visibleToggles").value_or(std::vector<std::string>{}),
-                                               quickToggleFromRaw);
+    m_visibleToggles = knownCases<QuickToggle>(
+        d.stringArray("visibleToggles").value_or(std::vector<std::string>{}), quickToggleFromRaw);
     if (m_visibleToggles.empty()) m_visibleToggles = defaultVisibleToggles();
     loadEnabledTabs();
 }
@@ -118,7 +127,9 @@ void AppSettings::storeEnabledTabs() {
     m_defaults.set("enabledTabs", std::move(raws));
 }
 
-void AppSettings::stored(std::string_view property) { changed.emit(property); }
+void AppSettings::stored(std::string_view property) {
+    changed.emit(property);
+}
 
 template <typename T>
 void AppSettings::write(T& field, T value, std::string_view key, std::string_view property) {
@@ -132,7 +143,9 @@ void AppSettings::setSettingsTab(SettingsTab tab) {
     stored("settingsTab");
 }
 
-void AppSettings::setHoverDelay(double seconds) { write(m_hoverDelay, seconds, "hoverDelay"); }
+void AppSettings::setHoverDelay(double seconds) {
+    write(m_hoverDelay, seconds, "hoverDelay");
+}
 
 void AppSettings::setSimulateNotch(bool on) {
     write(m_simulateNotch, on, "simulateNotch");
@@ -144,7 +157,9 @@ void AppSettings::setHideInFullScreen(bool on) {
     m_notifications.post(Notifications::notchGeometrySettingsChanged);
 }
 
-void AppSettings::setQuietDuringCalls(bool on) { write(m_quietDuringCalls, on, "quietDuringCalls"); }
+void AppSettings::setQuietDuringCalls(bool on) {
+    write(m_quietDuringCalls, on, "quietDuringCalls");
+}
 
 void AppSettings::setAppearance(Appearance appearance) {
     m_appearance = appearance;
@@ -153,11 +168,17 @@ void AppSettings::setAppearance(Appearance appearance) {
     m_notifications.post(Notifications::notchAppearanceChanged);
 }
 
-void AppSettings::setGlassPanel(bool on) { write(m_glassPanel, on, "glassPanel"); }
+void AppSettings::setGlassPanel(bool on) {
+    write(m_glassPanel, on, "glassPanel");
+}
 
-void AppSettings::setShowDock(bool on) { write(m_showDock, on, "showDock"); }
+void AppSettings::setShowDock(bool on) {
+    write(m_showDock, on, "showDock");
+}
 
-void AppSettings::setAddDownloadsToShelf(bool on) { write(m_addDownloadsToShelf, on, "addDownloadsToShelf"); }
+void AppSettings::setAddDownloadsToShelf(bool on) {
+    write(m_addDownloadsToShelf, on, "addDownloadsToShelf");
+}
 
 void AppSettings::setAddScreenshotsToShelf(bool on) {
     write(m_addScreenshotsToShelf, on, "addScreenshotsToShelf");
@@ -167,9 +188,13 @@ void AppSettings::setAddScreenshotsToShelf(bool on) {
     });
 }
 
-void AppSettings::setMeetingHeadsUp(bool on) { write(m_meetingHeadsUp, on, "meetingHeadsUp"); }
+void AppSettings::setMeetingHeadsUp(bool on) {
+    write(m_meetingHeadsUp, on, "meetingHeadsUp");
+}
 
-void AppSettings::setWrappedReminders(bool on) { write(m_wrappedReminders, on, "wrappedReminders"); }
+void AppSettings::setWrappedReminders(bool on) {
+    write(m_wrappedReminders, on, "wrappedReminders");
+}
 
 void AppSettings::setDashboardTiles(std::vector<DashTile> tiles) {
     m_dashboardTiles = normalizedDashTiles(tiles);
@@ -177,29 +202,53 @@ void AppSettings::setDashboardTiles(std::vector<DashTile> tiles) {
     stored("dashboardTiles");
 }
 
-void AppSettings::setMeetingHeadsUpMinutes(std::int64_t minutes) { write(m_meetingHeadsUpMinutes, minutes, "meetingHeadsUpMinutes"); }
+void AppSettings::setMeetingHeadsUpMinutes(std::int64_t minutes) {
+    write(m_meetingHeadsUpMinutes, minutes, "meetingHeadsUpMinutes");
+}
 
-void AppSettings::setAiBlockTokenBudget(std::int64_t tokens) { write(m_aiBlockTokenBudget, tokens, "aiBlockTokenBudget"); }
+void AppSettings::setAiBlockTokenBudget(std::int64_t tokens) {
+    write(m_aiBlockTokenBudget, tokens, "aiBlockTokenBudget");
+}
 
-void AppSettings::setAiLiveActivity(bool on) { write(m_aiLiveActivity, on, "aiLiveActivity"); }
+void AppSettings::setAiLiveActivity(bool on) {
+    write(m_aiLiveActivity, on, "aiLiveActivity");
+}
 
-void AppSettings::setFocusMinutes(std::int64_t minutes) { write(m_focusMinutes, minutes, "focusMinutes"); }
+void AppSettings::setFocusMinutes(std::int64_t minutes) {
+    write(m_focusMinutes, minutes, "focusMinutes");
+}
 
-void AppSettings::setBreakMinutes(std::int64_t minutes) { write(m_breakMinutes, minutes, "breakMinutes"); }
+void AppSettings::setBreakMinutes(std::int64_t minutes) {
+    write(m_breakMinutes, minutes, "breakMinutes");
+}
 
-void AppSettings::setLongBreakMinutes(std::int64_t minutes) { write(m_longBreakMinutes, minutes, "longBreakMinutes"); }
+void AppSettings::setLongBreakMinutes(std::int64_t minutes) {
+    write(m_longBreakMinutes, minutes, "longBreakMinutes");
+}
 
-void AppSettings::setQuickTimerMinutes(std::int64_t minutes) { write(m_quickTimerMinutes, minutes, "quickTimerMinutes"); }
+void AppSettings::setQuickTimerMinutes(std::int64_t minutes) {
+    write(m_quickTimerMinutes, minutes, "quickTimerMinutes");
+}
 
-void AppSettings::setCustomTimerMinutes(std::int64_t minutes) { write(m_customTimerMinutes, minutes, "customTimerMinutes"); }
+void AppSettings::setCustomTimerMinutes(std::int64_t minutes) {
+    write(m_customTimerMinutes, minutes, "customTimerMinutes");
+}
 
-void AppSettings::setWorkdayStartMinutes(std::int64_t minutes) { write(m_workdayStartMinutes, minutes, "workdayStart", "workdayStartMinutes"); }
+void AppSettings::setWorkdayStartMinutes(std::int64_t minutes) {
+    write(m_workdayStartMinutes, minutes, "workdayStart", "workdayStartMinutes");
+}
 
-void AppSettings::setWorkdayEndMinutes(std::int64_t minutes) { write(m_workdayEndMinutes, minutes, "workdayEnd", "workdayEndMinutes"); }
+void AppSettings::setWorkdayEndMinutes(std::int64_t minutes) {
+    write(m_workdayEndMinutes, minutes, "workdayEnd", "workdayEndMinutes");
+}
 
-void AppSettings::setPlaySounds(bool on) { write(m_playSounds, on, "playSounds"); }
+void AppSettings::setPlaySounds(bool on) {
+    write(m_playSounds, on, "playSounds");
+}
 
-void AppSettings::setSessionNotifications(bool on) { write(m_sessionNotifications, on, "sessionNotifications"); }
+void AppSettings::setSessionNotifications(bool on) {
+    write(m_sessionNotifications, on, "sessionNotifications");
+}
 
 void AppSettings::setLaunchAtLogin(bool on) {
     // A failure is swallowed; the getter reads the platform's true state.

@@ -48,8 +48,9 @@ std::optional<Bytes> base64Decode(std::string_view text) {
             v[static_cast<std::size_t>(k)] = valueOf(c);
             if (v[static_cast<std::size_t>(k)] < 0) return std::nullopt;
         }
-        const std::uint32_t chunk = (static_cast<std::uint32_t>(v[0]) << 18) | (static_cast<std::uint32_t>(v[1]) << 12) |
-                                    (static_cast<std::uint32_t>(v[2]) << 6) | static_cast<std::uint32_t>(v[3]);
+        const std::uint32_t chunk =
+            (static_cast<std::uint32_t>(v[0]) << 18) | (static_cast<std::uint32_t>(v[1]) << 12) |
+            (static_cast<std::uint32_t>(v[2]) << 6) | static_cast<std::uint32_t>(v[3]);
         out.push_back(static_cast<std::uint8_t>(chunk >> 16));
         if (padding < 2) out.push_back(static_cast<std::uint8_t>(chunk >> 8));
         if (padding < 1) out.push_back(static_cast<std::uint8_t>(chunk));

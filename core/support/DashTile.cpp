@@ -35,31 +35,50 @@ constexpr auto kAllTiles = allCasesOf<DashTile, kDashTileCount>();
 
 }  // namespace
 
-const DashTileInfo& info(DashTile tile) { return kTiles[static_cast<std::size_t>(tile)]; }
+const DashTileInfo& info(DashTile tile) {
+    return kTiles[static_cast<std::size_t>(tile)];
+}
 
-std::optional<DashTile> dashTileFromRaw(std::string_view raw) { return enumFromRaw<DashTile>(kRawNames, raw); }
+std::optional<DashTile> dashTileFromRaw(std::string_view raw) {
+    return enumFromRaw<DashTile>(kRawNames, raw);
+}
 
 std::optional<NotchTab> toolForTile(DashTile tile) {
     switch (tile) {
-        case DashTile::today: return NotchTab::today;
-        case DashTile::pomodoro: return NotchTab::focus;
-        case DashTile::dayProgress: return NotchTab::focus;
-        case DashTile::tasks: return NotchTab::tasks;
-        case DashTile::notes: return NotchTab::notes;
-        case DashTile::reminders: return NotchTab::reminders;
-        case DashTile::music: return NotchTab::music;
-        case DashTile::aiUsage: return NotchTab::aiUsage;
-        case DashTile::systemStats: return NotchTab::stats;
-        case DashTile::shelf: return NotchTab::shelf;
-        case DashTile::screenTime: return NotchTab::screenTime;
-        case DashTile::devServers: return NotchTab::devServers;
+        case DashTile::today:
+            return NotchTab::today;
+        case DashTile::pomodoro:
+            return NotchTab::focus;
+        case DashTile::dayProgress:
+            return NotchTab::focus;
+        case DashTile::tasks:
+            return NotchTab::tasks;
+        case DashTile::notes:
+            return NotchTab::notes;
+        case DashTile::reminders:
+            return NotchTab::reminders;
+        case DashTile::music:
+            return NotchTab::music;
+        case DashTile::aiUsage:
+            return NotchTab::aiUsage;
+        case DashTile::systemStats:
+            return NotchTab::stats;
+        case DashTile::shelf:
+            return NotchTab::shelf;
+        case DashTile::screenTime:
+            return NotchTab::screenTime;
+        case DashTile::devServers:
+            return NotchTab::devServers;
         case DashTile::launcher:
-        case DashTile::quickToggles: return std::nullopt;
+        case DashTile::quickToggles:
+            return std::nullopt;
     }
     return std::nullopt;
 }
 
-std::vector<DashTile> defaultDashTiles() { return {kAllTiles.begin(), kAllTiles.begin() + kDashboardSlots}; }
+std::vector<DashTile> defaultDashTiles() {
+    return {kAllTiles.begin(), kAllTiles.begin() + kDashboardSlots};
+}
 
 std::vector<DashTile> normalizedDashTiles(const std::vector<DashTile>& tiles) {
     std::vector<DashTile> result;

@@ -11,8 +11,20 @@ namespace vantrelle {
 
 // The tiles the Dashboard can show, eight at a time.
 enum class DashTile {
-    today, launcher, pomodoro, dayProgress, tasks, notes, reminders, quickToggles,
-    music, aiUsage, systemStats, shelf, screenTime, devServers,
+    today,
+    launcher,
+    pomodoro,
+    dayProgress,
+    tasks,
+    notes,
+    reminders,
+    quickToggles,
+    music,
+    aiUsage,
+    systemStats,
+    shelf,
+    screenTime,
+    devServers,
 };
 
 inline constexpr std::size_t kDashTileCount = 14;
@@ -26,7 +38,9 @@ struct DashTileInfo {
 };
 
 [[nodiscard]] const DashTileInfo& info(DashTile tile);
-[[nodiscard]] inline std::string_view rawValue(DashTile tile) { return info(tile).raw; }
+[[nodiscard]] inline std::string_view rawValue(DashTile tile) {
+    return info(tile).raw;
+}
 [[nodiscard]] std::optional<DashTile> dashTileFromRaw(std::string_view raw);
 
 // Exactly eight distinct tiles: the given ones in order, first occurrence kept, filled up with the

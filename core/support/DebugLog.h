@@ -27,7 +27,7 @@ public:
 
     // The message is built only when logging is on, so call sites may pass costly formatting.
     template <typename MakeMessage>
-        requires std::is_invocable_v<MakeMessage>
+    requires std::is_invocable_v<MakeMessage>
     static void write(MakeMessage&& makeMessage) {
         if (!isOn()) return;
         append(std::string(std::forward<MakeMessage>(makeMessage)()));

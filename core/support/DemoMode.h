@@ -9,7 +9,9 @@ namespace vantrelle {
 class DemoMode {
 public:
     [[nodiscard]] static bool isOn();
-    [[nodiscard]] static bool resolve(const Environment& environment) { return environment.isOne("VANTRELLE_DEMO"); }
+    [[nodiscard]] static bool resolve(const Environment& environment) {
+        return environment.isOne("VANTRELLE_DEMO");
+    }
 };
 
 }  // namespace vantrelle

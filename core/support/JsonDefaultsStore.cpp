@@ -29,15 +29,20 @@ Json toJson(const DefaultsValue& value) {
 
 std::optional<DefaultsValue> fromJson(const Json& json) {
     switch (json.type()) {
-        case Json::value_t::boolean: return DefaultsValue(json.get<bool>());
-        case Json::value_t::number_integer: return DefaultsValue(json.get<std::int64_t>());
+        case Json::value_t::boolean:
+            return DefaultsValue(json.get<bool>());
+        case Json::value_t::number_integer:
+            return DefaultsValue(json.get<std::int64_t>());
         case Json::value_t::number_unsigned: {
             const auto value = json.get<std::uint64_t>();
-            if (value > static_cast<std::uint64_t>(INT64_MAX)) return DefaultsValue(static_cast<double>(value));
+            if (value > static_cast<std::uint64_t>(INT64_MAX))
+                return DefaultsValue(static_cast<double>(value));
             return DefaultsValue(static_cast<std::int64_t>(value));
         }
-        case Json::value_t::number_float: return DefaultsValue(json.get<double>());
-        case Json::value_t::string: return DefaultsValue(json.get<std::string>());
+        case Json::value_t::number_float:
+            return DefaultsValue(json.get<double>());
+        case Json::value_t::string:
+            return DefaultsValue(json.get<std::string>());
         case Json::value_t::array: {
             std::vector<std::string> strings;
             for (const auto& element : json) {
@@ -53,7 +58,8 @@ std::optional<DefaultsValue> fromJson(const Json& json) {
             if (!bytes) return std::nullopt;
             return DefaultsValue(std::move(*bytes));
         }
-        default: return std::nullopt;
+        default:
+            return std::nullopt;
     }
 }
 
@@ -75,7 +81,8 @@ std::string JsonDefaultsStore::encode(const std::map<std::string, DefaultsValue,
     return object.dump(2) + "\n";
 }
 
-std::optional<std::map<std::string, DefaultsValue, std::less<>>> JsonDefaultsStore::decode(std::string_view text) {
+std::optional<std::map<std::string, DefaultsValue, std::less<>>> JsonDefaultsStore::decode(
+    std::string_view text) {
     Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
     if (!json.is_object()) return std::nullopt;
     std::map<std::string, DefaultsValue, std::less<>> values;

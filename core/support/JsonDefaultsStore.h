@@ -17,7 +17,8 @@ public:
 
     // The JSON text for a set of values, and back; exposed for tests of the encoding.
     [[nodiscard]] static std::string encode(const std::map<std::string, DefaultsValue, std::less<>>& values);
-    [[nodiscard]] static std::optional<std::map<std::string, DefaultsValue, std::less<>>> decode(std::string_view text);
+    [[nodiscard]] static std::optional<std::map<std::string, DefaultsValue, std::less<>>> decode(
+        std::string_view text);
 
 protected:
     void changed() override;

@@ -6,7 +6,8 @@ Connection NotificationCenter::observe(std::string_view name, std::function<void
     return observeMessage(name, [handler = std::move(handler)](const std::string&) { handler(); });
 }
 
-Connection NotificationCenter::observeMessage(std::string_view name, std::function<void(const std::string&)> handler) {
+Connection NotificationCenter::observeMessage(std::string_view name,
+                                              std::function<void(const std::string&)> handler) {
     auto it = m_signals.find(name);
     if (it == m_signals.end()) it = m_signals.try_emplace(std::string(name)).first;
     return it->second.connect(std::move(handler));

@@ -26,7 +26,8 @@ inline constexpr std::string_view tavoRunStepAside = "Vantrelle.tavoRunStepAside
 class NotificationCenter {
 public:
     [[nodiscard]] Connection observe(std::string_view name, std::function<void()> handler);
-    [[nodiscard]] Connection observeMessage(std::string_view name, std::function<void(const std::string&)> handler);
+    [[nodiscard]] Connection observeMessage(std::string_view name,
+                                            std::function<void(const std::string&)> handler);
     void post(std::string_view name, const std::string& message = {});
 
     static NotificationCenter& shared();

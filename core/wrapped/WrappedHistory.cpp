@@ -1,7 +1,6 @@
 #include "wrapped/WrappedHistory.h"
 
 #include <ctime>
-
 #include <nlohmann/json.hpp>
 
 #include "agents/LocalCalendar.h"
@@ -27,19 +26,23 @@ WrappedHistory::WrappedHistory(std::filesystem::path file, const Clock& clock, b
     }
 }
 
-std::string WrappedHistory::key(Date date) { return LocalCalendar::dayKey(date); }
+std::string WrappedHistory::key(Date date) {
+    return LocalCalendar::dayKey(date);
+}
 
 void WrappedHistory::load() {
     const auto text = readWholeFile(m_file);
     if (!text) return;
     const auto json = nlohmann::json::parse(*text, nullptr, false);
-    if (json.is_discarded() || !json.is_object() || !json.contains("days") || !json["days"].is_object()) return;
+    if (json.is_discarded() || !json.is_object() || !json.contains("days") || !json["days"].is_object())
+        return;
     std::map<std::string, Day> days;
     for (const auto& [dayKey, value] : json["days"].items()) {
         if (!value.is_object()) return;
         Day day;
-        for (auto [name, field] : {std::pair{"focusBlocks", &day.focusBlocks}, std::pair{"focusMinutes", &day.focusMinutes},
-                                   std::pair{"meetingsJoined", &day.meetingsJoined}, std::pair{"aiTokens", &day.aiTokens}}) {
+        for (auto [name, field] :
+             {std::pair{"focusBlocks", &day.focusBlocks}, std::pair{"focusMinutes", &day.focusMinutes},
+              std::pair{"meetingsJoined", &day.meetingsJoined}, std::pair{"aiTokens", &day.aiTokens}}) {
             const auto it = value.find(name);
             if (it == value.end() || !it->is_number_integer()) return;
             *field = it->get<std::int64_t>();

@@ -83,8 +83,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     LiveActivityCenter activities(scheduler);
     SilentSounds sounds;
     ManualWatcher watcher;
-    ClaudeAlertCenter center(ClaudeAlertCenter::Dependencies{hooks.eventsFile(), scheduler, scheduler, activities,
-                                                             notifications, settings, sounds, watcher, {}, false});
+    ClaudeAlertCenter center(ClaudeAlertCenter::Dependencies{hooks.eventsFile(),
+                                                             scheduler,
+                                                             scheduler,
+                                                             activities,
+                                                             notifications,
+                                                             settings,
+                                                             sounds,
+                                                             watcher,
+                                                             {},
+                                                             false});
     center.start();
     std::ofstream(hooks.eventsFile(), std::ios::binary | std::ios::app) << bytes << '\n';
     center.readNew();

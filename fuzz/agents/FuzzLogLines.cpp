@@ -18,7 +18,9 @@ namespace fs = std::filesystem;
 struct FatalStop {};
 
 // The log arithmetic stops the process on values it can't represent; here that ends one input.
-[[noreturn]] void unwind(const char*) { throw FatalStop{}; }
+[[noreturn]] void unwind(const char*) {
+    throw FatalStop{};
+}
 
 const fs::path& home() {
     static const fs::path path = [] {
@@ -34,7 +36,8 @@ const fs::path& home() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
     vantrelle::setAgentsFatalHandler(unwind);
-    static const char* const kFiles[] = {".claude/projects/p/session.jsonl", ".codex/sessions/2030/rollout.jsonl",
+    static const char* const kFiles[] = {".claude/projects/p/session.jsonl",
+                                         ".codex/sessions/2030/rollout.jsonl",
                                          ".gemini/tmp/h/chats/chat.jsonl", ".gemini/tmp/h/chats/chat.json"};
     const fs::path file = home() / kFiles[data[0] % 4];
     fs::remove_all(home());

@@ -7,8 +7,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vantrelle;
-    static const RatesTable rates =
-        *RatesTable::parse(R"({"date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8,"JPY":150,"CHF":0}})", Date{});
+    static const RatesTable rates = *RatesTable::parse(
+        R"({"date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8,"JPY":150,"CHF":0}})", Date{});
     const std::string_view text(reinterpret_cast<const char*>(data), size);
 
     for (const auto previous : {std::optional<double>{}, std::optional<double>{42.0}}) {

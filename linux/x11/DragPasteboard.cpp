@@ -1,10 +1,9 @@
 #include "x11/DragPasteboard.h"
 
-#include <QSocketNotifier>
-
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
+#include <QSocketNotifier>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -19,8 +18,8 @@ std::unique_ptr<T, decltype(&std::free)> own(T* reply) {
 }
 
 xcb_atom_t intern(xcb_connection_t* c, const char* name) {
-    auto reply = own(xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, static_cast<std::uint16_t>(std::strlen(name)), name),
-                                           nullptr));
+    auto reply = own(xcb_intern_atom_reply(
+        c, xcb_intern_atom(c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr));
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
@@ -60,11 +59,12 @@ void X11DragPasteboard::drain() {
 
 bool X11DragPasteboard::hasFileUrls() const {
     if (!m_notifier) return false;
-    auto owner = own(xcb_get_selection_owner_reply(m_connection, xcb_get_selection_owner(m_connection, m_selection),
-                                                   nullptr));
+    auto owner = own(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, m_selection), nullptr));
     if (!owner || owner->owner == XCB_WINDOW_NONE) return false;
     auto types = own(xcb_get_property_reply(
-        m_connection, xcb_get_property(m_connection, 0, owner->owner, m_typeList, XCB_ATOM_ATOM, 0, 64), nullptr));
+        m_connection, xcb_get_property(m_connection, 0, owner->owner, m_typeList, XCB_ATOM_ATOM, 0, 64),
+        nullptr));
     // Sources that offer three types or fewer name them only in their first message to the target,
     // which only the target sees; such a drag is taken to carry files.
     if (!types || types->type == XCB_ATOM_NONE) return true;

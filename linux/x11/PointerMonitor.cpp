@@ -1,10 +1,9 @@
 #include "x11/PointerMonitor.h"
 
-#include <QSocketNotifier>
-
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 
+#include <QSocketNotifier>
 #include <cstdlib>
 
 #include "support/DebugLog.h"
@@ -76,7 +75,9 @@ void PointerMonitor::drain() {
                 if (generic->extension == m_xinputOpcode) {
                     auto* raw = reinterpret_cast<xcb_input_raw_button_press_event_t*>(event);
                     switch (generic->event_type) {
-                        case XCB_INPUT_RAW_MOTION: moved = true; break;
+                        case XCB_INPUT_RAW_MOTION:
+                            moved = true;
+                            break;
                         case XCB_INPUT_RAW_BUTTON_PRESS:
                             if (raw->detail == 1) {
                                 m_leftButtonDown = true;
@@ -86,7 +87,8 @@ void PointerMonitor::drain() {
                         case XCB_INPUT_RAW_BUTTON_RELEASE:
                             if (raw->detail == 1) m_leftButtonDown = false;
                             break;
-                        default: break;
+                        default:
+                            break;
                     }
                 }
             }
@@ -100,12 +102,14 @@ void PointerMonitor::drain() {
         if (!moved && !pressed) continue;
 
         // Raw events carry no position; one query answers for the whole burst.
-        auto pointer = own(xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr));
+        auto pointer =
+            own(xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr));
         if (!pointer) continue;
         using Event = NotchOverlayController::MouseEvent;
         if (pressed) m_handler(Event::leftMouseDown, pointer->root_x, pointer->root_y);
         if (moved) {
-            m_handler(m_leftButtonDown ? Event::leftMouseDragged : Event::mouseMoved, pointer->root_x, pointer->root_y);
+            m_handler(m_leftButtonDown ? Event::leftMouseDragged : Event::mouseMoved, pointer->root_x,
+                      pointer->root_y);
         }
     }
 }

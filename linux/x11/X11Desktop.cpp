@@ -47,7 +47,8 @@ X11Desktop::~X11Desktop() {
 
 std::uint32_t X11Desktop::atom(const char* name) const {
     auto reply = own(xcb_intern_atom_reply(
-        m_connection, xcb_intern_atom(m_connection, 1, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr));
+        m_connection, xcb_intern_atom(m_connection, 1, static_cast<std::uint16_t>(std::strlen(name)), name),
+        nullptr));
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
@@ -62,7 +63,8 @@ bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {
 
     const auto fullScreenAtom = atom("_NET_WM_STATE_FULLSCREEN");
     auto state = own(xcb_get_property_reply(
-        m_connection, xcb_get_property(m_connection, 0, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 0, 32), nullptr));
+        m_connection, xcb_get_property(m_connection, 0, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 0, 32),
+        nullptr));
     if (!state) return false;
     const auto* atoms = static_cast<xcb_atom_t*>(xcb_get_property_value(state.get()));
     const int count = xcb_get_property_value_length(state.get()) / 4;
@@ -71,7 +73,8 @@ bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {
     if (!fullScreen) return false;
 
     // Full screen on another display leaves the notch alone.
-    auto geometry = own(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    auto geometry =
+        own(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
     auto origin = own(xcb_translate_coordinates_reply(
         m_connection, xcb_translate_coordinates(m_connection, window, m_root, 0, 0), nullptr));
     if (!geometry || !origin) return false;
@@ -82,24 +85,26 @@ bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {
 bool X11Desktop::hasCompositor() const {
     if (!m_connection) return false;
     const std::string name = "_NET_WM_CM_S" + std::to_string(m_screenNumber);
-    auto owner = own(xcb_get_selection_owner_reply(m_connection, xcb_get_selection_owner(m_connection, atom(name.c_str())),
-                                                   nullptr));
+    auto owner = own(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atom(name.c_str())), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
-void X11Desktop::setShapes(const QWindow& window, const std::optional<QRegion>& bounding, const QRegion& input) const {
+void X11Desktop::setShapes(const QWindow& window, const std::optional<QRegion>& bounding,
+                           const QRegion& input) const {
     if (!m_connection) return;
     const auto id = static_cast<xcb_window_t>(window.winId());
     if (bounding) {
         const auto rects = rectangles(*bounding);
-        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, id, 0,
-                             0, static_cast<std::uint32_t>(rects.size()), rects.data());
+        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                             XCB_CLIP_ORDERING_UNSORTED, id, 0, 0, static_cast<std::uint32_t>(rects.size()),
+                             rects.data());
     } else {
         xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id, 0, 0, XCB_PIXMAP_NONE);
     }
     const auto inputRects = rectangles(input);
-    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, id, 0, 0,
-                         static_cast<std::uint32_t>(inputRects.size()), inputRects.data());
+    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, id,
+                         0, 0, static_cast<std::uint32_t>(inputRects.size()), inputRects.data());
     xcb_flush(m_connection);
 }
 

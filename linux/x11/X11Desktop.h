@@ -3,7 +3,6 @@
 #include <QRect>
 #include <QRegion>
 #include <QWindow>
-
 #include <optional>
 
 struct xcb_connection_t;

@@ -1,8 +1,7 @@
-#include "agents/AIPricing.h"
-
 #include <gtest/gtest.h>
 
 #include "agents/AIFormat.h"
+#include "agents/AIPricing.h"
 
 namespace vantrelle {
 namespace {

@@ -1,8 +1,7 @@
-#include "agents/AIUsageModel.h"
-
 #include <gtest/gtest.h>
 
 #include "AgentsTestSupport.h"
+#include "agents/AIUsageModel.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
 #include "overlay/LiveActivityCenter.h"
@@ -79,17 +78,20 @@ protected:
     LiveActivityCenter center{clock};
     testing::TempDir data;
     WrappedHistory history{data / "wrapped-history.json", clock, false};
-    AIUsageModel model{{environment, home.path(), clock, clock, queues, processes, settings, center, &history, false}};
+    AIUsageModel model{
+        {environment, home.path(), clock, clock, queues, processes, settings, center, &history, false}};
 
     // One Claude Code session file whose lines carry the given times, modified at the last of them.
     void session(std::string_view id, std::initializer_list<std::string_view> times, std::int64_t input = 100,
                  std::string_view project = "app") {
         const auto file = home / ".claude/projects" / std::string(project) / (std::string(id) + ".jsonl");
-        std::string text = R"({"type":"user","cwd":"/home/dev/)" + std::string(project) + R"(","message":{"content":"go"}})" "\n";
+        std::string text = R"({"type":"user","cwd":"/home/dev/)" + std::string(project) +
+                           R"(","message":{"content":"go"}})"
+                           "\n";
         int n = 0;
         for (auto time : times) {
-            text += testing::claudeAssistant(std::string(id) + std::to_string(n), "r" + std::to_string(n), input, 0,
-                                             time);
+            text += testing::claudeAssistant(std::string(id) + std::to_string(n), "r" + std::to_string(n),
+                                             input, 0, time);
             ++n;
         }
         home.write(file.lexically_relative(home.path()).string(), text);
@@ -174,7 +176,8 @@ TEST_F(AIUsageModelTest, ASessionFromJustBeforeMidnightIsListedForTwoMinutes) {
 }
 
 TEST_F(AIUsageModelTest, AtMostFiftySessionsAreListed) {
-    for (int i = 0; i < 51; ++i) session(std::string("s").append(std::to_string(i)), {"2030-01-01T10:00:00Z"});
+    for (int i = 0; i < 51; ++i)
+        session(std::string("s").append(std::to_string(i)), {"2030-01-01T10:00:00Z"});
     scanAt("2030-01-01T18:40:00Z");
     EXPECT_EQ(model.sessions().size(), 50u);
     std::filesystem::remove_all(home / ".claude/projects/app/s50.jsonl");

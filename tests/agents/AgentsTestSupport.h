@@ -17,7 +17,9 @@ inline void appendTo(const std::filesystem::path& file, std::string_view text) {
     std::ofstream(file, std::ios::binary | std::ios::app) << text;
 }
 
-inline Date iso(std::string_view text) { return *parseIsoDate(text); }
+inline Date iso(std::string_view text) {
+    return *parseIsoDate(text);
+}
 
 // Local-calendar tests run in UTC unless they say otherwise.
 inline void useTimeZone(const char* zone) {
@@ -26,13 +28,15 @@ inline void useTimeZone(const char* zone) {
 }
 
 inline std::string claudeAssistant(std::string_view id, std::string_view requestId, std::int64_t input,
-                                   std::int64_t output, std::string_view timestamp = "2030-01-01T10:00:00.000Z",
+                                   std::int64_t output,
+                                   std::string_view timestamp = "2030-01-01T10:00:00.000Z",
                                    std::string_view model = "claude-sonnet-4-5") {
     std::string line = R"({"type":"assistant","timestamp":")" + std::string(timestamp) + "\"";
     if (!requestId.empty()) line += R"(,"requestId":")" + std::string(requestId) + "\"";
     line += R"(,"message":{"id":")" + std::string(id) + R"(","model":")" + std::string(model) +
-            R"(","usage":{"input_tokens":)" + std::to_string(input) + R"(,"output_tokens":)" + std::to_string(output) +
-            R"(,"cache_read_input_tokens":3,"cache_creation_input_tokens":4}}})" + "\n";
+            R"(","usage":{"input_tokens":)" + std::to_string(input) + R"(,"output_tokens":)" +
+            std::to_string(output) + R"(,"cache_read_input_tokens":3,"cache_creation_input_tokens":4}}})" +
+            "\n";
     return line;
 }
 

@@ -1,10 +1,9 @@
-#include "agents/ClaudeAlertCenter.h"
-
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <map>
 
+#include "agents/ClaudeAlertCenter.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/TempDir.h"
@@ -19,7 +18,8 @@ using testing::TempDir;
 // Hands the test the watcher's callback, which it calls after each real append.
 class ManualWatcher final : public FileWatcher {
 public:
-    std::unique_ptr<FileWatch> watchFile(const std::filesystem::path&, std::function<void()> onChange) override {
+    std::unique_ptr<FileWatch> watchFile(const std::filesystem::path&,
+                                         std::function<void()> onChange) override {
         if (refuse) return nullptr;
         wake = std::move(onChange);
         return std::make_unique<FileWatch>();
@@ -31,13 +31,14 @@ public:
 class ClaudeAlertCenterTest : public ::testing::Test {
 protected:
     ClaudeAlertCenter& make(bool demo = false) {
-        center.emplace(ClaudeAlertCenter::Dependencies{
-            events, scheduler, scheduler, activities, notifications, settings, sounds, watcher, [] { return true; },
-            demo, [this](const std::filesystem::path& p) -> std::optional<Date> {
-                auto it = modified.find(p);
-                if (it == modified.end()) return std::nullopt;
-                return it->second;
-            }});
+        center.emplace(
+            ClaudeAlertCenter::Dependencies{events, scheduler, scheduler, activities, notifications, settings,
+                                            sounds, watcher, [] { return true; }, demo,
+                                            [this](const std::filesystem::path& p) -> std::optional<Date> {
+                                                auto it = modified.find(p);
+                                                if (it == modified.end()) return std::nullopt;
+                                                return it->second;
+                                            }});
         messages = notifications.observeMessage(Notifications::claudeNeedsUser,
                                                 [this](const std::string& m) { posted.push_back(m); });
         return *center;
@@ -47,13 +48,16 @@ protected:
         std::ofstream(events, std::ios::binary | std::ios::app) << text;
         watcher.wake();
     }
-    static std::string notification(std::string_view session, std::string_view type, std::string_view cwd = "/work/api") {
+    static std::string notification(std::string_view session, std::string_view type,
+                                    std::string_view cwd = "/work/api") {
         return R"({"session_id":")" + std::string(session) + R"(","cwd":")" + std::string(cwd) +
                R"(","transcript_path":"/t/)" + std::string(session) +
-               R"(.jsonl","hook_event_name":"Notification","notification_type":")" + std::string(type) + "\"}\n";
+               R"(.jsonl","hook_event_name":"Notification","notification_type":")" + std::string(type) +
+               "\"}\n";
     }
     static std::string stop(std::string_view session, bool active = false) {
-        return R"({"session_id":")" + std::string(session) + R"(","cwd":"/work/api","hook_event_name":"Stop","stop_hook_active":)" +
+        return R"({"session_id":")" + std::string(session) +
+               R"(","cwd":"/work/api","hook_event_name":"Stop","stop_hook_active":)" +
                (active ? "true" : "false") + "}\n";
     }
     [[nodiscard]] std::optional<LiveActivity::AgentAlert> shown() const {
@@ -163,7 +167,8 @@ TEST_F(ClaudeAlertCenterTest, PromptSubmitClearsTheSession) {
     auto& c = make();
     c.start();
     append(notification("s", "idle_prompt"));
-    append(R"({"session_id":"s","hook_event_name":"UserPromptSubmit"})" "\n");
+    append(R"({"session_id":"s","hook_event_name":"UserPromptSubmit"})"
+           "\n");
     EXPECT_TRUE(c.alerts().empty());
 }
 
@@ -196,7 +201,9 @@ TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAr
     EXPECT_TRUE(c.alerts().contains("b"));
 
     std::string big;
-    while (big.size() < 40'000) big += R"({"session_id":"x","hook_event_name":"Other"})" "\n";
+    while (big.size() < 40'000)
+        big += R"({"session_id":"x","hook_event_name":"Other"})"
+               "\n";
     append(big);
     EXPECT_EQ(std::filesystem::file_size(events), 0u);
     EXPECT_EQ(c.offset(), 0u);

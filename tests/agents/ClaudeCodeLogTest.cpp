@@ -1,8 +1,7 @@
-#include "agents/ClaudeCodeLog.h"
-
 #include <gtest/gtest.h>
 
 #include "AgentsTestSupport.h"
+#include "agents/ClaudeCodeLog.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
 
@@ -24,7 +23,9 @@ protected:
         return home / ".claude/projects/-home-dev-app" / name;
     }
     std::filesystem::path codexFile() const { return home / ".codex/sessions/2030/01/01/rollout-c1.jsonl"; }
-    std::filesystem::path geminiFile(std::string_view name) const { return home / ".gemini/tmp/abc/chats" / name; }
+    std::filesystem::path geminiFile(std::string_view name) const {
+        return home / ".gemini/tmp/abc/chats" / name;
+    }
 
     static std::string stamp(Date date) { return formatIsoDate(date); }
 };
@@ -61,13 +62,20 @@ TEST_F(ClaudeCodeLogTest, AReplyWithoutRequestIdOrUuidCountsEachTime) {
 }
 
 TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
-    appendTo(claudeFile(),
-             R"({"type":"user","cwd":"/home/dev/app","gitBranch":"main","timestamp":"2030-01-01T09:00:00Z","message":{"content":"  fix\nthe bug  "}})" "\n"
-             R"({"type":"user","gitBranch":"HEAD","message":{"content":"<command>ls</command>"}})" "\n"
-             R"({"type":"user","gitBranch":"","message":{"content":[{"type":"text","text":"array form"}]}})" "\n"
-             R"({"type":"user","message":{"content":"[Image #1] look"}})" "\n"
-             R"({"type":"user","timestamp":"2030-01-01T11:00:00.500Z","message":{"content":"second prompt"}})" "\n"
-             R"({"type":"ai-title","aiTitle":"Fixing the bug"})" "\n");
+    appendTo(
+        claudeFile(),
+        R"({"type":"user","cwd":"/home/dev/app","gitBranch":"main","timestamp":"2030-01-01T09:00:00Z","message":{"content":"  fix\nthe bug  "}})"
+        "\n"
+        R"({"type":"user","gitBranch":"HEAD","message":{"content":"<command>ls</command>"}})"
+        "\n"
+        R"({"type":"user","gitBranch":"","message":{"content":[{"type":"text","text":"array form"}]}})"
+        "\n"
+        R"({"type":"user","message":{"content":"[Image #1] look"}})"
+        "\n"
+        R"({"type":"user","timestamp":"2030-01-01T11:00:00.500Z","message":{"content":"second prompt"}})"
+        "\n"
+        R"({"type":"ai-title","aiTitle":"Fixing the bug"})"
+        "\n");
     auto meta = log.scan().sessions().at("s1");
     EXPECT_EQ(meta.cwd, "/home/dev/app");
     EXPECT_EQ(meta.branch, "main");
@@ -79,14 +87,18 @@ TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
     EXPECT_EQ(meta.tool, AgentTool::claudeCode);
 
     // The later title line wins, whichever kind; customTitle goes before title.
-    appendTo(claudeFile(), R"({"type":"custom-title","title":"second","customTitle":"Mine"})" "\n");
+    appendTo(claudeFile(), R"({"type":"custom-title","title":"second","customTitle":"Mine"})"
+                           "\n");
     meta = log.scan().sessions().at("s1");
     EXPECT_EQ(meta.title, "Mine");
 }
 
 TEST_F(ClaudeCodeLogTest, BrokenLinesChangeNothingAndTheOffsetMovesOn) {
-    appendTo(claudeFile(), "not json\n[1,2]\n" R"({"type":"user","cwd":"/x","message":{"content":"hi"}} trailing)" "\n" +
-                               claudeAssistant("m1", "r1", 1, 1));
+    appendTo(claudeFile(),
+             "not json\n[1,2]\n"
+             R"({"type":"user","cwd":"/x","message":{"content":"hi"}} trailing)"
+             "\n" +
+                 claudeAssistant("m1", "r1", 1, 1));
     const auto snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.sessions().at("s1").cwd, "");
@@ -150,11 +162,15 @@ TEST(ClaudeCodeLogDeathTest, AnUnfinishedTailWithNothingNewIsFatal) {
 TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
     const auto tokenCount = [](int in, int out, int cached) {
         return R"({"timestamp":"2030-01-01T10:00:00Z","type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":{"input_tokens":)" +
-               std::to_string(in) + R"(,"output_tokens":)" + std::to_string(out) + R"(,"cached_input_tokens":)" +
-               std::to_string(cached) + R"(},"model":"gpt-5-codex"}}})" "\n";
+               std::to_string(in) + R"(,"output_tokens":)" + std::to_string(out) +
+               R"(,"cached_input_tokens":)" + std::to_string(cached) +
+               R"(},"model":"gpt-5-codex"}}})"
+               "\n";
     };
-    appendTo(codexFile(), R"({"type":"session_meta","payload":{"cwd":"/home/dev/api","git":{"branch":"dev"}}})" "\n" +
-                              tokenCount(100, 10, 40) + tokenCount(150, 10, 60));
+    appendTo(codexFile(),
+             R"({"type":"session_meta","payload":{"cwd":"/home/dev/api","git":{"branch":"dev"}}})"
+             "\n" +
+                 tokenCount(100, 10, 40) + tokenCount(150, 10, 60));
     auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.events()[0].input, 60);
@@ -169,7 +185,8 @@ TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
 
     // A counter that falls gives nothing; the next delta runs from the lower value.
     appendTo(codexFile(), tokenCount(20, 10, 0) +
-                              R"({"type":"event_msg","payload":{"type":"token_count","info":null}})" "\n" +
+                              R"({"type":"event_msg","payload":{"type":"token_count","info":null}})"
+                              "\n" +
                               tokenCount(30, 10, 0));
     snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 3u);
@@ -179,12 +196,19 @@ TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
 
 TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     const auto reply = [](std::string_view id, int input) {
-        return R"({"type":"gemini","id":")" + std::string(id) + R"(","timestamp":"2030-01-01T10:00:00Z","model":"gemini-2.5-pro","tokens":{"input":)" +
-               std::to_string(input) + R"(,"cached":30,"output":5,"thoughts":2}})" "\n";
+        return R"({"type":"gemini","id":")" + std::string(id) +
+               R"(","timestamp":"2030-01-01T10:00:00Z","model":"gemini-2.5-pro","tokens":{"input":)" +
+               std::to_string(input) +
+               R"(,"cached":30,"output":5,"thoughts":2}})"
+               "\n";
     };
     testing::appendTo(home / ".gemini/tmp/abc/.project_root", "  /home/dev/site\n");
-    appendTo(geminiFile("chat.jsonl"), R"({"sessionId":"x","startTime":"2030-01-01T09:00:00Z","kind":"subagent"})" "\n" +
-                                           reply("g1", 100) + R"({"type":"user","content":[{"text":"make"},{"text":"it"}]})" "\n");
+    appendTo(geminiFile("chat.jsonl"),
+             R"({"sessionId":"x","startTime":"2030-01-01T09:00:00Z","kind":"subagent"})"
+             "\n" +
+                 reply("g1", 100) +
+                 R"({"type":"user","content":[{"text":"make"},{"text":"it"}]})"
+                 "\n");
     auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].input, 70);
@@ -195,7 +219,8 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     EXPECT_EQ(meta.title, "Subagent");
     EXPECT_EQ(meta.firstPrompt, "make it");
 
-    appendTo(geminiFile("chat.jsonl"), reply("g1", 500) + R"({"$rewindTo":"g1"})" "\n");
+    appendTo(geminiFile("chat.jsonl"), reply("g1", 500) + R"({"$rewindTo":"g1"})"
+                                                          "\n");
     snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].input, 470);
@@ -206,14 +231,15 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
         return R"({"type":"gemini","id":")" + std::string(id) + R"(","tokens":{"input":10,"output":1}})";
     };
     home.write(".gemini/tmp/abc/chats/whole.json",
-               R"({"startTime":"2030-01-01T08:00:00Z","summary":"Site work","messages":[)" + message("a") + "," +
-                   message("b") + "]}");
+               R"({"startTime":"2030-01-01T08:00:00Z","summary":"Site work","messages":[)" + message("a") +
+                   "," + message("b") + "]}");
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 3u);
     EXPECT_EQ(snapshot.sessions().at("whole").title, "Site work");
     clock.advance(2);  // a later modification date
     home.write(".gemini/tmp/abc/chats/whole.json", R"({"messages":[)" + message("a") + "]}");
-    std::filesystem::last_write_time(geminiFile("whole.json"), std::filesystem::file_time_type::clock::now() + std::chrono::seconds(2));
+    std::filesystem::last_write_time(geminiFile("whole.json"),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(2));
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.sessions().at("whole").messages, 1);
@@ -221,7 +247,8 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
 
     // An unparsable rewrite that doesn't shrink the file keeps what was there.
     home.write(".gemini/tmp/abc/chats/whole.json", "{ broken" + std::string(200, ' '));
-    std::filesystem::last_write_time(geminiFile("whole.json"), std::filesystem::file_time_type::clock::now() + std::chrono::seconds(4));
+    std::filesystem::last_write_time(geminiFile("whole.json"),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(4));
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 2u);
 }

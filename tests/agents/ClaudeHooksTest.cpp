@@ -1,8 +1,8 @@
-#include "agents/ClaudeHooks.h"
-
 #include <gtest/gtest.h>
+
 #include <nlohmann/json.hpp>
 
+#include "agents/ClaudeHooks.h"
 #include "fakes/TempDir.h"
 
 namespace vantrelle {
@@ -20,7 +20,9 @@ protected:
     ClaudeHooks hooks() const { return ClaudeHooks(paths, environment); }
     Json settings() const { return Json::parse(dir.read("home/.claude/settings.json")); }
     void writeSettings(std::string_view text) const { dir.write("home/.claude/settings.json", text); }
-    bool backupExists() const { return std::filesystem::exists(dir / "home/.claude/settings.json.vantrelle-backup"); }
+    bool backupExists() const {
+        return std::filesystem::exists(dir / "home/.claude/settings.json.vantrelle-backup");
+    }
 
     TempDir dir;
     AppPaths paths;
@@ -42,7 +44,8 @@ TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooks) {
     EXPECT_FALSE(backupExists());
     EXPECT_TRUE(hooks().isInstalled());
     EXPECT_TRUE(std::filesystem::is_directory(dir / "home/.local/share/Vantrelle"));
-    EXPECT_EQ(dir.read("home/.claude/settings.json").find("\\/"), std::string::npos) << "slashes stay unescaped";
+    EXPECT_EQ(dir.read("home/.claude/settings.json").find("\\/"), std::string::npos)
+        << "slashes stay unescaped";
 }
 
 TEST_F(ClaudeHooksTest, BlankFileCountsAsEmpty) {
@@ -112,7 +115,8 @@ TEST_F(ClaudeHooksTest, UninstallWithNothingToRemoveKeepsTheFileByteForByte) {
 }
 
 TEST_F(ClaudeHooksTest, AnyCommandWithTheMarkerCountsAsInstalled) {
-    writeSettings(R"({"hooks": {"SessionStart": [{"hooks": [{"command": "tee -a ~/x/Vantrelle/claude-events.jsonl"}]}]}})");
+    writeSettings(
+        R"({"hooks": {"SessionStart": [{"hooks": [{"command": "tee -a ~/x/Vantrelle/claude-events.jsonl"}]}]}})");
     EXPECT_TRUE(hooks().isInstalled());
     writeSettings(R"({"hooks": {"SessionStart": {"hooks": "Vantrelle/claude-events.jsonl"}}})");
     EXPECT_FALSE(hooks().isInstalled());
@@ -129,7 +133,9 @@ TEST_F(ClaudeHooksTest, OverridesMoveTheFilesButNotTheCommand) {
 
     AppPaths custom = paths;
     custom.dataHome = dir / "my data";
-    EXPECT_NE(ClaudeHooks(custom, MapEnvironment{}).command().find((dir / "my data/Vantrelle/claude-events.jsonl").string()),
+    EXPECT_NE(ClaudeHooks(custom, MapEnvironment{})
+                  .command()
+                  .find((dir / "my data/Vantrelle/claude-events.jsonl").string()),
               std::string::npos);
 }
 

@@ -1,9 +1,9 @@
-#include "agents/UsageReport.h"
-
 #include <gtest/gtest.h>
+
 #include <nlohmann/json.hpp>
 
 #include "AgentsTestSupport.h"
+#include "agents/UsageReport.h"
 #include "fakes/TempDir.h"
 
 namespace vantrelle {
@@ -13,12 +13,14 @@ TEST(UsageReportTest, JsonHasEveryFigure) {
     testing::useTimeZone("UTC");
     testing::TempDir home;
     const auto file = home.write(".claude/projects/p/s1.jsonl",
-                                 R"({"type":"user","cwd":"/home/dev/shop","message":{"content":"hello"}})" "\n" +
+                                 R"({"type":"user","cwd":"/home/dev/shop","message":{"content":"hello"}})"
+                                 "\n" +
                                      testing::claudeAssistant("m1", "r1", 10, 5, "2030-01-01T10:00:00Z") +
                                      testing::claudeAssistant("m2", "r2", 20, 5, "2029-12-30T10:00:00Z"));
     testing::setModified(file, testing::iso("2030-01-01T10:00:00Z"));
     std::string error;
-    auto options = parseUsageArguments({"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
+    auto options = parseUsageArguments(
+        {"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
     ASSERT_TRUE(options) << error;
     testing::TempDir config;
     const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});

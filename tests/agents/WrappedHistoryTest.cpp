@@ -1,10 +1,9 @@
-#include "wrapped/WrappedHistory.h"
-
 #include <gtest/gtest.h>
 
 #include "AgentsTestSupport.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
+#include "wrapped/WrappedHistory.h"
 
 namespace vantrelle {
 namespace {
@@ -48,7 +47,8 @@ TEST_F(WrappedHistoryTest, AITokensOnlyEverGrowAndLowerFiguresWriteNothing) {
 
 TEST_F(WrappedHistoryTest, KeepsFourHundredDays) {
     WrappedHistory history(file, clock, false);
-    history.recordAITokens({{testing::iso("2029-05-10T10:00:00Z"), 1}, {testing::iso("2029-05-11T10:00:00Z"), 2}});
+    history.recordAITokens(
+        {{testing::iso("2029-05-10T10:00:00Z"), 1}, {testing::iso("2029-05-11T10:00:00Z"), 2}});
     EXPECT_FALSE(history.days().contains("2029-05-10"));
     EXPECT_TRUE(history.days().contains("2029-05-11"));  // exactly 400 days back
 }

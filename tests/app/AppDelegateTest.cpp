@@ -1,7 +1,6 @@
-#include "app/AppDelegate.h"
-
 #include <gtest/gtest.h>
 
+#include "app/AppDelegate.h"
 #include "app/StatusMenu.h"
 #include "overlay/OverlayFixture.h"
 
@@ -14,16 +13,25 @@ protected:
         AppPaths paths;
         paths.dataHome = dir.path();
         return AppDelegate::Dependencies{
-            paths, scheduler, environment, scheduler, hooks,
+            paths,
+            scheduler,
+            environment,
+            scheduler,
+            hooks,
             [this] {
                 steps.push_back("overlay");
                 return std::make_unique<NotchOverlayController>(NotchOverlayController::Dependencies{
                     settings, activities, notifications, scheduler, scheduler, environment, windows, screens,
                     pasteboard, sounds, services, QuietMonitor::Probes{}, camera});
             },
-            [this] { steps.push_back(std::string("accessory, data moved=") + (std::filesystem::exists(dir / "Vantrelle/notes.json") ? "yes" : "no")); },
+            [this] {
+                steps.push_back(std::string("accessory, data moved=") +
+                                (std::filesystem::exists(dir / "Vantrelle/notes.json") ? "yes" : "no"));
+            },
             [this] { steps.push_back("categories"); },
-            [] { return PermissionStatus{3, 0, 2}; },
+            [] {
+                return PermissionStatus{3, 0, 2};
+            },
             [](const std::filesystem::path&) { return std::nullopt; }};
     }
 
@@ -80,8 +88,10 @@ TEST_F(AppDelegateTest, HooksFireOnlyForTheirExactCondition) {
 TEST(LaunchHooks, KeepTheTableOrderWhateverTheRegistrationOrder) {
     LaunchHooks hooks;
     std::vector<std::string> ran;
-    hooks.add({LaunchHookSlot::testPermission, "B", LaunchHook::isSet, 1.0, [&](const std::string&) { ran.push_back("B"); }});
-    hooks.add({LaunchHookSlot::testStopPort, "A", LaunchHook::isInteger, 1.0, [&](const std::string& v) { ran.push_back("A" + v); }});
+    hooks.add({LaunchHookSlot::testPermission, "B", LaunchHook::isSet, 1.0,
+               [&](const std::string&) { ran.push_back("B"); }});
+    hooks.add({LaunchHookSlot::testStopPort, "A", LaunchHook::isInteger, 1.0,
+               [&](const std::string& v) { ran.push_back("A" + v); }});
     MapEnvironment env({{"A", "5173"}, {"B", "camera"}});
     VirtualScheduler scheduler;
     EXPECT_EQ(hooks.evaluate(env, scheduler), 2);

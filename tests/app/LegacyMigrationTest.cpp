@@ -1,9 +1,8 @@
-#include "app/LegacyMigration.h"
-
 #include <gtest/gtest.h>
 
 #include <map>
 
+#include "app/LegacyMigration.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
 

@@ -110,7 +110,8 @@ TEST(CurrencyQuery, RecognisedBeforeUnits) {
     EXPECT_EQ(CalcEngine::parseCurrency("10 pounds in euro"), (CalcEngine::CurrencyQuery{10, "GBP", "EUR"}));
     EXPECT_FALSE(CalcEngine::parseCurrency("10 pounds in kg"));
     EXPECT_EQ(CalcEngine::parseCurrency("$10 in eur"), (CalcEngine::CurrencyQuery{10, "USD", "EUR"}));
-    EXPECT_EQ(CalcEngine::parseCurrency("£2,000 to us dollars"), (CalcEngine::CurrencyQuery{2000, "GBP", "USD"}));
+    EXPECT_EQ(CalcEngine::parseCurrency("£2,000 to us dollars"),
+              (CalcEngine::CurrencyQuery{2000, "GBP", "USD"}));
     EXPECT_EQ(CalcEngine::parseCurrency("$5 usd in yen"), (CalcEngine::CurrencyQuery{5, "USD", "JPY"}));
     EXPECT_FALSE(CalcEngine::parseCurrency("10 in eur"));   // no source currency
     EXPECT_FALSE(CalcEngine::parseCurrency("usd in eur"));  // no amount

@@ -1,14 +1,16 @@
-#include "calc/CalcFormat.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
+#include "calc/CalcFormat.h"
+
 namespace vantrelle {
 namespace {
 
-std::string fmt6(double value) { return CalcFormat::format(value, 6); }
+std::string fmt6(double value) {
+    return CalcFormat::format(value, 6);
+}
 
 TEST(CalcFormat, SpecialValues) {
     EXPECT_EQ(fmt6(std::nan("")), "NaN");

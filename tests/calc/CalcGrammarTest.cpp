@@ -175,7 +175,8 @@ TEST(CalcErrors, NestingTooDeepIsAGenericFailureNotACrash) {
 TEST(CalcResultKind, RawNamesInOrder) {
     EXPECT_EQ(enumToRaw(CalcResult::kindRawNames, CalcResult::Kind::number), "number");
     EXPECT_EQ(enumToRaw(CalcResult::kindRawNames, CalcResult::Kind::error), "error");
-    EXPECT_EQ(enumFromRaw<CalcResult::Kind>(CalcResult::kindRawNames, "currency"), CalcResult::Kind::currency);
+    EXPECT_EQ(enumFromRaw<CalcResult::Kind>(CalcResult::kindRawNames, "currency"),
+              CalcResult::Kind::currency);
 }
 
 }  // namespace

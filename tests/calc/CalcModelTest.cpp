@@ -1,9 +1,8 @@
-#include "calc/CalcModel.h"
-
 #include <gtest/gtest.h>
 
 #include "calc/CalcDemo.h"
 #include "calc/CalcEngine.h"
+#include "calc/CalcModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
 #include "platform/VirtualScheduler.h"

@@ -1,7 +1,6 @@
-#include "calc/RatesService.h"
-
 #include <gtest/gtest.h>
 
+#include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
 #include "platform/VirtualScheduler.h"
 #include "support/MemoryDefaultsStore.h"
@@ -11,7 +10,8 @@ namespace {
 
 using testing::FakeHttpClient;
 
-constexpr const char* kResponse = R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
+constexpr const char* kResponse =
+    R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
 constexpr const char* kOlderResponse = R"({"base":"USD","date":"2024-12-01","rates":{"EUR":0.95}})";
 
 class RatesServiceTest : public ::testing::Test {
@@ -83,10 +83,11 @@ TEST_F(RatesServiceTest, EnvironmentHookReplacesTheBase) {
 
 TEST_F(RatesServiceTest, CallsDuringAFetchShareIt) {
     int answers = 0;
-    for (int i = 0; i < 3; ++i) service().rate("EUR", "GBP", [&](std::optional<RateQuote> quote) {
-        EXPECT_TRUE(quote);
-        ++answers;
-    });
+    for (int i = 0; i < 3; ++i)
+        service().rate("EUR", "GBP", [&](std::optional<RateQuote> quote) {
+            EXPECT_TRUE(quote);
+            ++answers;
+        });
     EXPECT_EQ(http.requests().size(), 1u);
     http.reply(200, kResponse);
     scheduler.runUntilIdle();
@@ -162,8 +163,8 @@ TEST_F(RatesServiceTest, AfterTwelveHoursOfflineTheMemoStillAnswers) {
 }
 
 TEST_F(RatesServiceTest, ResponsesThatDontParseAreNotStored) {
-    for (const char* body : {"not json", "[]", R"({"rates":{"EUR":1}})", R"({"date":"2025-01-03","rates":[]})",
-                             R"({"date":5,"rates":{}})"}) {
+    for (const char* body : {"not json", "[]", R"({"rates":{"EUR":1}})",
+                             R"({"date":"2025-01-03","rates":[]})", R"({"date":5,"rates":{}})"}) {
         std::optional<std::optional<RateQuote>> answer;
         service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
         http.reply(200, body);

@@ -2,6 +2,7 @@
 // units of each dimension, both ways, to 1e-9 relative. Temperatures use units' functions
 // (tempC(x) → tempF), since they are affine and a plain factor can't express them.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdio>
@@ -13,8 +14,6 @@
 #include <string>
 #include <vector>
 
-#include <unistd.h>
-
 #include "calc/UnitTable.h"
 #include "fakes/TempDir.h"
 
@@ -23,17 +22,15 @@ namespace {
 
 // Our unit names, as GNU units spells them.
 const std::map<std::string_view, std::string_view> kUnitsNames = {
-    {"mm", "mm"},          {"cm", "cm"},       {"m", "m"},          {"km", "km"},     {"in", "inch"},
-    {"ft", "ft"},          {"yd", "yard"},     {"mi", "mile"},      {"mg", "mg"},     {"g", "g"},
-    {"kg", "kg"},          {"lb", "lb"},       {"oz", "ounce"},     {"st", "stone"},  {"c", "tempC"},
-    {"f", "tempF"},        {"k", "tempK"},     {"ml", "ml"},        {"l", "liter"},   {"gal", "gallon"},
-    {"qt", "quart"},       {"pt", "pint"},     {"cup", "cup"},      {"floz", "floz"}, {"kmh", "km/hr"},
-    {"mph", "mph"},        {"ms", "m/s"},      {"kn", "knot"},      {"m2", "m^2"},    {"km2", "km^2"},
-    {"sqft", "ft^2"},      {"ac", "acre"},     {"ha", "hectare"},   {"s", "s"},       {"min", "min"},
-    {"h", "hr"},           {"d", "day"},       {"wk", "week"},      {"b", "byte"},    {"kb", "kB"},
-    {"mb", "MB"},          {"gb", "GB"},       {"tb", "TB"},        {"kib", "KiB"},   {"mib", "MiB"},
-    {"gib", "GiB"},        {"tib", "TiB"},     {"j", "J"},          {"kj", "kJ"},     {"cal", "cal"},
-    {"kcal", "kcal"},      {"wh", "Wh"},       {"kwh", "kWh"},
+    {"mm", "mm"},     {"cm", "cm"},      {"m", "m"},        {"km", "km"},   {"in", "inch"}, {"ft", "ft"},
+    {"yd", "yard"},   {"mi", "mile"},    {"mg", "mg"},      {"g", "g"},     {"kg", "kg"},   {"lb", "lb"},
+    {"oz", "ounce"},  {"st", "stone"},   {"c", "tempC"},    {"f", "tempF"}, {"k", "tempK"}, {"ml", "ml"},
+    {"l", "liter"},   {"gal", "gallon"}, {"qt", "quart"},   {"pt", "pint"}, {"cup", "cup"}, {"floz", "floz"},
+    {"kmh", "km/hr"}, {"mph", "mph"},    {"ms", "m/s"},     {"kn", "knot"}, {"m2", "m^2"},  {"km2", "km^2"},
+    {"sqft", "ft^2"}, {"ac", "acre"},    {"ha", "hectare"}, {"s", "s"},     {"min", "min"}, {"h", "hr"},
+    {"d", "day"},     {"wk", "week"},    {"b", "byte"},     {"kb", "kB"},   {"mb", "MB"},   {"gb", "GB"},
+    {"tb", "TB"},     {"kib", "KiB"},    {"mib", "MiB"},    {"gib", "GiB"}, {"tib", "TiB"}, {"j", "J"},
+    {"kj", "kJ"},     {"cal", "cal"},    {"kcal", "kcal"},  {"wh", "Wh"},   {"kwh", "kWh"},
 };
 
 std::optional<std::filesystem::path> findUnitsProgram() {

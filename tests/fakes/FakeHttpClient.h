@@ -20,7 +20,8 @@ public:
 
     explicit FakeHttpClient(Scheduler& main) : m_main(main) {}
 
-    void get(const std::string& url, double timeoutSeconds, std::function<void(HttpResponse)> completion) override {
+    void get(const std::string& url, double timeoutSeconds,
+             std::function<void(HttpResponse)> completion) override {
         m_requests.push_back({url, timeoutSeconds});
         m_waiting.push_back(std::move(completion));
     }
@@ -28,7 +29,9 @@ public:
     void reply(int status, std::string body, double delay = 0) {
         finish(HttpResponse{status, std::move(body), {}}, delay);
     }
-    void fail(std::string error = "timed out", double delay = 0) { finish(HttpResponse{0, {}, std::move(error)}, delay); }
+    void fail(std::string error = "timed out", double delay = 0) {
+        finish(HttpResponse{0, {}, std::move(error)}, delay);
+    }
 
     [[nodiscard]] const std::vector<Request>& requests() const { return m_requests; }
     [[nodiscard]] std::size_t waitingCount() const { return m_waiting.size(); }
@@ -38,7 +41,9 @@ private:
         if (m_waiting.empty()) return;
         auto completion = std::move(m_waiting.front());
         m_waiting.pop_front();
-        m_main.after(delay, [completion = std::move(completion), response = std::move(response)] { completion(response); });
+        m_main.after(delay, [completion = std::move(completion), response = std::move(response)] {
+            completion(response);
+        });
     }
 
     Scheduler& m_main;

@@ -1,21 +1,19 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-
 #include <atomic>
 #include <map>
 #include <thread>
-
-#include <unistd.h>
 
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "QtMainScheduler.h"
 #include "QtProcessRunner.h"
+#include "TestApplication.h"
 #include "ThreadQueue.h"
 #include "XdgAutostart.h"
-#include "TestApplication.h"
 #include "fakes/TempDir.h"
 
 namespace vantrelle {
@@ -76,10 +74,11 @@ TEST(ThreadQueue, RunsWorkInOrderOffTheCallingThreadAndFinishesItOnDestruction) 
     {
         auto queue = factory.make("aiusage");
         EXPECT_EQ(queue->label(), "com.quorvane.vantrelle.aiusage");
-        for (int i = 0; i < 100; ++i) queue->async([&, i] {
-            ran.push_back(i);
-            worker = std::this_thread::get_id();
-        });
+        for (int i = 0; i < 100; ++i)
+            queue->async([&, i] {
+                ran.push_back(i);
+                worker = std::this_thread::get_id();
+            });
     }
     ASSERT_EQ(ran.size(), 100u);
     EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));

@@ -1,6 +1,4 @@
 // The real HTTP client and the rates service against a small HTTP server on the loopback interface.
-#include "QtHttpClient.h"
-
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -11,8 +9,9 @@
 #include <QThread>
 #include <QTimer>
 
-#include "calc/CalcEngine.h"
+#include "QtHttpClient.h"
 #include "TestApplication.h"
+#include "calc/CalcEngine.h"
 #include "calc/RatesService.h"
 #include "platform/VirtualScheduler.h"
 #include "support/MemoryDefaultsStore.h"
@@ -20,7 +19,9 @@
 namespace vantrelle {
 namespace {
 
-QCoreApplication& application() { return testing::testApplication(); }
+QCoreApplication& application() {
+    return testing::testApplication();
+}
 
 // Answers every request with one canned response, or with nothing at all.
 class LoopbackServer {
@@ -42,7 +43,9 @@ public:
     }
     void stayQuiet() { m_silent = true; }
 
-    [[nodiscard]] std::string base() const { return "http://127.0.0.1:" + std::to_string(m_server.serverPort()); }
+    [[nodiscard]] std::string base() const {
+        return "http://127.0.0.1:" + std::to_string(m_server.serverPort());
+    }
     [[nodiscard]] const QList<QByteArray>& requestLines() const { return m_requestLines; }
 
 private:
@@ -79,7 +82,8 @@ bool runUntil(Done done) {
     return done();
 }
 
-constexpr const char* kRates = R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
+constexpr const char* kRates =
+    R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
 
 class QtHttpClientTest : public ::testing::Test {
 protected:

@@ -1,7 +1,6 @@
-#include "overlay/LiveActivityCenter.h"
-
 #include <gtest/gtest.h>
 
+#include "overlay/LiveActivityCenter.h"
 #include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
@@ -12,10 +11,13 @@ using Source = LiveActivityCenter::Source;
 class LiveActivityCenterTest : public ::testing::Test {
 protected:
     LiveActivityCenterTest() {
-        connection = center.currentChanged.connect([this](const std::optional<LiveActivity>&) { ++publishes; });
+        connection =
+            center.currentChanged.connect([this](const std::optional<LiveActivity>&) { ++publishes; });
     }
 
-    static LiveActivity media(std::string title) { return LiveActivity{LiveActivity::Media{std::move(title), "Artist", true}}; }
+    static LiveActivity media(std::string title) {
+        return LiveActivity{LiveActivity::Media{std::move(title), "Artist", true}};
+    }
 
     VirtualScheduler scheduler;
     LiveActivityCenter center{scheduler};

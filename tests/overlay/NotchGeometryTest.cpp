@@ -1,7 +1,6 @@
-#include "overlay/NotchGeometry.h"
-
 #include <gtest/gtest.h>
 
+#include "overlay/NotchGeometry.h"
 #include "overlay/NotchState.h"
 
 namespace vantrelle {
@@ -34,8 +33,8 @@ TEST(NotchGeometry, SimulatedNotchTakesTheTopBarHeightOrTheMinimum) {
 }
 
 TEST(NotchGeometry, SimulationUsesTheMainScreenAndNeedsAScreen) {
-    const auto g = NotchGeometry::detect({screen("a", Rect{0, 0, 1000, 800}, 0), screen("b", Rect{1000, 0, 2000, 1000}, 0)},
-                                         1, true, 185, 32);
+    const auto g = NotchGeometry::detect(
+        {screen("a", Rect{0, 0, 1000, 800}, 0), screen("b", Rect{1000, 0, 2000, 1000}, 0)}, 1, true, 185, 32);
     EXPECT_EQ(g->screen.name, "b");
     EXPECT_DOUBLE_EQ(g->notchRect.midX(), 2000);
     EXPECT_FALSE(NotchGeometry::detect({}, std::nullopt, true, 185, 32));
@@ -46,7 +45,7 @@ TEST(NotchGeometry, ExpandedWidthIsTwoThirdsOfTheScreenWithinBounds) {
     EXPECT_EQ(NotchLayout::expandedSizeFor(1000), (Size{760, 340}));
     EXPECT_EQ(NotchLayout::expandedSizeFor(2000), (Size{1040, 340}));
     EXPECT_EQ(NotchLayout::expandedSizeFor(1512), (Size{998, 340}));
-    EXPECT_DOUBLE_EQ(NotchLayout::expandedSizeFor(1250).width, 825);  // 825 exactly
+    EXPECT_DOUBLE_EQ(NotchLayout::expandedSizeFor(1250).width, 825);   // 825 exactly
     EXPECT_DOUBLE_EQ(NotchLayout::expandedSizeFor(1575).width, 1040);  // 1039.5 rounds up, then the cap
 }
 

@@ -1,10 +1,9 @@
-#include "overlay/NotchState.h"
-
 #include <gtest/gtest.h>
 
 #include "fakes/FakeLoginItem.h"
 #include "overlay/CollapsedPresentation.h"
 #include "overlay/IconGlyphs.h"
+#include "overlay/NotchState.h"
 #include "platform/VirtualScheduler.h"
 #include "support/AppSettings.h"
 #include "support/MemoryDefaultsStore.h"
@@ -69,7 +68,8 @@ TEST(CollapsedPresentation, TimersAndCountsFormatAsTheNotchShowsThem) {
     EXPECT_EQ(timerDigits(0.2), "0:01");
     EXPECT_EQ(timerDigits(-3), "0:00");
     const Date now{1'800'000'000};
-    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::AI{"api", 12'449, 0.2, true}}, now, {}).trailingText, "12.4k");
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::AI{"api", 12'449, 0.2, true}}, now, {}).trailingText,
+              "12.4k");
 }
 
 TEST(CollapsedPresentation, EveryKindFillsBothSides) {
@@ -78,9 +78,11 @@ TEST(CollapsedPresentation, EveryKindFillsBothSides) {
     EXPECT_EQ(meeting.leadingSymbol, "video.fill");
     EXPECT_EQ(meeting.trailingText, "4:32");
     EXPECT_TRUE(meeting.ticksEverySecond);
-    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::Meeting{"Late", now - 5}}, now, {}).trailingText, "now");
+    EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::Meeting{"Late", now - 5}}, now, {}).trailingText,
+              "now");
 
-    const auto alert = collapsedCells(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::waiting}}, now, {});
+    const auto alert =
+        collapsedCells(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::waiting}}, now, {});
     EXPECT_TRUE(alert.leadingIsAgentMark);
     EXPECT_EQ(alert.trailingText, "Waiting");
 
@@ -109,10 +111,10 @@ TEST(CollapsedPresentation, EveryKindFillsBothSides) {
     EXPECT_EQ(charging.leadingSymbol, "bolt.fill");
     EXPECT_EQ(charging.trailingText, "80%");
 
-    for (const auto& symbol : {"video.fill", "battery.25percent", "battery.100percent", "bolt.fill",
-                               "arrow.down.circle.fill", "checkmark.circle.fill", "brain.head.profile",
-                               "cup.and.saucer.fill", "hourglass", "stopwatch.fill", "gearshape.fill",
-                               "arrow.down.right.and.arrow.up.left", "rectangle.topthird.inset.filled"}) {
+    for (const auto& symbol :
+         {"video.fill", "battery.25percent", "battery.100percent", "bolt.fill", "arrow.down.circle.fill",
+          "checkmark.circle.fill", "brain.head.profile", "cup.and.saucer.fill", "hourglass", "stopwatch.fill",
+          "gearshape.fill", "arrow.down.right.and.arrow.up.left", "rectangle.topthird.inset.filled"}) {
         EXPECT_TRUE(hasIconGlyph(symbol)) << symbol;
     }
 }

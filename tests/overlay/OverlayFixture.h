@@ -29,8 +29,8 @@ protected:
 
     NotchOverlayController& make() {
         controller.emplace(NotchOverlayController::Dependencies{
-            settings, activities, notifications, scheduler, scheduler, environment, windows, screens, pasteboard,
-            sounds, services,
+            settings, activities, notifications, scheduler, scheduler, environment, windows, screens,
+            pasteboard, sounds, services,
             QuietMonitor::Probes{[this](const std::optional<ScreenInfo>&) { return fullScreen; },
                                  [this] { return cameraRunning; }},
             camera});
@@ -42,7 +42,9 @@ protected:
     }
 
     // Logs into a file of the fixture, to check what the overlay says.
-    void captureLog() { DebugLog::configure(logDir / "v.log", std::make_unique<InlineQueue>("debuglog"), scheduler); }
+    void captureLog() {
+        DebugLog::configure(logDir / "v.log", std::make_unique<InlineQueue>("debuglog"), scheduler);
+    }
     [[nodiscard]] std::string log() const { return logDir.read("v.log"); }
 
     void move(Point p) { controller->handleMouse(Event::mouseMoved, p); }

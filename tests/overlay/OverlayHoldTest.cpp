@@ -65,9 +65,12 @@ TEST_F(OverlayHold, HeadsUpIsSkippedAndLoggedWhenOpenInACallOrHidden) {
     EXPECT_FALSE(expanded());
 
     const auto text = log();
-    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=true call=false fullscreen=false)"), std::string::npos);
-    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=false call=true fullscreen=false)"), std::string::npos);
-    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=false call=false fullscreen=true)"), std::string::npos);
+    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=true call=false fullscreen=false)"),
+              std::string::npos);
+    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=false call=true fullscreen=false)"),
+              std::string::npos);
+    EXPECT_NE(text.find("overlay: meeting heads-up skipped (open=false call=false fullscreen=true)"),
+              std::string::npos);
 }
 
 TEST_F(OverlayHold, KeyboardOpenedPanelSurvivesThePointerPassingBy) {

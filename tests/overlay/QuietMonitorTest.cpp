@@ -1,7 +1,6 @@
-#include "overlay/QuietMonitor.h"
-
 #include <gtest/gtest.h>
 
+#include "overlay/QuietMonitor.h"
 #include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
@@ -10,10 +9,11 @@ namespace {
 class QuietMonitorTest : public ::testing::Test {
 protected:
     QuietMonitor make(bool pretendCall = false) {
-        return QuietMonitor(scheduler, scheduler,
-                            {[this](const std::optional<ScreenInfo>& s) { return s.has_value() && fullScreen; },
-                             [this] { return cameraRunning; }},
-                            camera, pretendCall);
+        return QuietMonitor(
+            scheduler, scheduler,
+            {[this](const std::optional<ScreenInfo>& s) { return s.has_value() && fullScreen; },
+             [this] { return cameraRunning; }},
+            camera, pretendCall);
     }
 
     VirtualScheduler scheduler;

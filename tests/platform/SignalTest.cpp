@@ -1,9 +1,9 @@
-#include "support/Signal.h"
-
 #include <gtest/gtest.h>
 
 #include <optional>
 #include <vector>
+
+#include "support/Signal.h"
 
 namespace vantrelle {
 namespace {

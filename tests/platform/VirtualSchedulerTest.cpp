@@ -1,9 +1,9 @@
-#include "platform/VirtualScheduler.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
 namespace {
@@ -11,7 +11,9 @@ namespace {
 TEST(VirtualScheduler, RunsDueWorkInOrderWithTheClockAtEachDueTime) {
     VirtualScheduler scheduler(Date{1000});
     std::vector<std::pair<std::string, double>> ran;
-    auto record = [&](std::string name) { return [&, name] { ran.emplace_back(name, scheduler.now().seconds); }; };
+    auto record = [&](std::string name) {
+        return [&, name] { ran.emplace_back(name, scheduler.now().seconds); };
+    };
 
     scheduler.after(2.0, record("late"));
     scheduler.after(1.0, record("early"));
@@ -35,7 +37,9 @@ TEST(VirtualScheduler, CancelledOrDroppedWorkNeverRuns) {
     int runs = 0;
     WorkItem cancelled = scheduler.schedule(1, [&] { ++runs; });
     cancelled.cancel();
-    { WorkItem dropped = scheduler.schedule(1, [&] { ++runs; }); }
+    {
+        WorkItem dropped = scheduler.schedule(1, [&] { ++runs; });
+    }
     std::optional<WorkItem> cleared = scheduler.schedule(1, [&] { ++runs; });
     cleared.reset();
     EXPECT_EQ(scheduler.pendingCount(), 0u);
@@ -68,7 +72,8 @@ TEST(VirtualScheduler, WorkMayClearItsOwnHandleWhileRunning) {
 TEST(VirtualScheduler, RepeatingTimerTicksUntilItsOwnerDropsIt) {
     VirtualScheduler scheduler;
     std::vector<double> ticks;
-    auto timer = std::make_unique<RepeatingTimer>(scheduler.repeat(2.0, [&] { ticks.push_back(scheduler.now().seconds); }));
+    auto timer = std::make_unique<RepeatingTimer>(
+        scheduler.repeat(2.0, [&] { ticks.push_back(scheduler.now().seconds); }));
     const double start = scheduler.now().seconds;
     scheduler.advance(5);
     ASSERT_EQ(ticks.size(), 2u);

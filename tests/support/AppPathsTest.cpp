@@ -1,12 +1,13 @@
-#include "support/AppPaths.h"
-
 #include <gtest/gtest.h>
+
+#include "support/AppPaths.h"
 
 namespace vantrelle {
 namespace {
 
 TEST(AppPaths, FollowsTheXdgVariablesAndIgnoresRelativeOnes) {
-    MapEnvironment env({{"HOME", "/home/ada"}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "relative/cfg"}});
+    MapEnvironment env(
+        {{"HOME", "/home/ada"}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "relative/cfg"}});
     const auto paths = AppPaths::fromEnvironment(env);
     EXPECT_EQ(paths.dataRoot(), "/data/Vantrelle");
     EXPECT_EQ(paths.legacyRoot(), "/data/Kestrand");

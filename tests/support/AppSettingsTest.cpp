@@ -1,10 +1,9 @@
-#include "support/AppSettings.h"
-
 #include <gtest/gtest.h>
 
 #include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
+#include "support/AppSettings.h"
 #include "support/JsonDefaultsStore.h"
 #include "support/MemoryDefaultsStore.h"
 
@@ -83,9 +82,10 @@ TEST_F(AppSettingsTest, WorkdayPropertiesUseTheirShortKeys) {
 TEST_F(AppSettingsTest, DashboardTilesLoadNormalisedAndUnknownTilesDrop) {
     defaults.set("dashboardTiles", std::vector<std::string>{"music", "weather", "music", "shelf"});
     auto& s = load();
-    EXPECT_EQ(s.dashboardTiles(), (std::vector<DashTile>{DashTile::music, DashTile::shelf, DashTile::today,
-                                                         DashTile::launcher, DashTile::pomodoro, DashTile::dayProgress,
-                                                         DashTile::tasks, DashTile::notes}));
+    EXPECT_EQ(
+        s.dashboardTiles(),
+        (std::vector<DashTile>{DashTile::music, DashTile::shelf, DashTile::today, DashTile::launcher,
+                               DashTile::pomodoro, DashTile::dayProgress, DashTile::tasks, DashTile::notes}));
 }
 
 TEST_F(AppSettingsTest, DashboardTilesWriteStoresTheNormalisedList) {
@@ -99,10 +99,11 @@ TEST_F(AppSettingsTest, DashboardTilesWriteStoresTheNormalisedList) {
 
 TEST_F(AppSettingsTest, EnabledTabsAlwaysKeepTheFourCoreTools) {
     defaults.set("enabledTabs", std::vector<std::string>{"notes", "bogus"});
-    for (auto key : {"introduced.game", "introduced.menuBar", "introduced.devServers"}) defaults.set(key, true);
+    for (auto key : {"introduced.game", "introduced.menuBar", "introduced.devServers"})
+        defaults.set(key, true);
     auto& s = load();
-    EXPECT_EQ(s.enabledTabs(),
-              (TabSet{NotchTab::dashboard, NotchTab::notes, NotchTab::aiUsage, NotchTab::calc, NotchTab::support}));
+    EXPECT_EQ(s.enabledTabs(), (TabSet{NotchTab::dashboard, NotchTab::notes, NotchTab::aiUsage,
+                                       NotchTab::calc, NotchTab::support}));
 }
 
 TEST_F(AppSettingsTest, LaterToolsAreIntroducedOnceAndStayOffWhenTurnedOff) {

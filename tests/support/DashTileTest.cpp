@@ -1,6 +1,6 @@
-#include "support/DashTile.h"
-
 #include <gtest/gtest.h>
+
+#include "support/DashTile.h"
 
 namespace vantrelle {
 namespace {
@@ -8,20 +8,21 @@ namespace {
 using enum DashTile;
 
 TEST(DashTile, EmptyGivesTheDefaultTwoRowsOfFour) {
-    EXPECT_EQ(normalizedDashTiles({}),
-              (std::vector<DashTile>{today, launcher, pomodoro, dayProgress, tasks, notes, reminders, quickToggles}));
+    EXPECT_EQ(normalizedDashTiles({}), (std::vector<DashTile>{today, launcher, pomodoro, dayProgress, tasks,
+                                                              notes, reminders, quickToggles}));
 }
 
 TEST(DashTile, DuplicatesDropAndNineBecomeTheFirstEightDistinct) {
-    const std::vector<DashTile> stored{music, aiUsage, music, shelf, devServers, screenTime,
-                                       systemStats, today, launcher};
-    EXPECT_EQ(normalizedDashTiles(stored),
-              (std::vector<DashTile>{music, aiUsage, shelf, devServers, screenTime, systemStats, today, launcher}));
+    const std::vector<DashTile> stored{music,      aiUsage,     music, shelf,   devServers,
+                                       screenTime, systemStats, today, launcher};
+    EXPECT_EQ(normalizedDashTiles(stored), (std::vector<DashTile>{music, aiUsage, shelf, devServers,
+                                                                  screenTime, systemStats, today, launcher}));
 }
 
 TEST(DashTile, ShortListsAreFilledFromTheDefaultsFirst) {
-    EXPECT_EQ(normalizedDashTiles({today, shelf}),
-              (std::vector<DashTile>{today, shelf, launcher, pomodoro, dayProgress, tasks, notes, reminders}));
+    EXPECT_EQ(
+        normalizedDashTiles({today, shelf}),
+        (std::vector<DashTile>{today, shelf, launcher, pomodoro, dayProgress, tasks, notes, reminders}));
 }
 
 TEST(DashTile, TilesOpenTheirToolAndTheSelfContainedOnesNone) {

@@ -1,9 +1,8 @@
-#include "support/DebugLog.h"
-
 #include <gtest/gtest.h>
 
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 namespace {

@@ -1,8 +1,7 @@
-#include "support/JsonDefaultsStore.h"
-
 #include <gtest/gtest.h>
 
 #include "fakes/TempDir.h"
+#include "support/JsonDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -16,7 +15,7 @@ TEST(JsonDefaultsStore, EveryTypeSurvivesARestart) {
         JsonDefaultsStore store(file);
         store.set("flag", true);
         store.set("count", std::int64_t{9'007'199'254'740'993});  // beyond double precision
-        store.set("delay", 1.0);                                    // a whole double stays a double
+        store.set("delay", 1.0);                                  // a whole double stays a double
         store.set("name", std::string("Vantrelle"));
         store.set("tabs", std::vector<std::string>{"calc", "dashboard"});
         store.set("blob", Bytes{0, 1, 2, 250, 255});
@@ -46,7 +45,8 @@ TEST(JsonDefaultsStore, WrongTypeOrAbsentKeyReadsAsNothing) {
 
 TEST(JsonDefaultsStore, OddShapesInTheFileAreSkippedKeyByKey) {
     TempDir dir;
-    dir.write("d.json", R"({"ok": 1, "mixed": ["a", 2], "nested": {"x": 1}, "nothing": null, "b": {"base64": "!!"}})");
+    dir.write("d.json",
+              R"({"ok": 1, "mixed": ["a", 2], "nested": {"x": 1}, "nothing": null, "b": {"base64": "!!"}})");
     JsonDefaultsStore store(dir / "d.json");
     EXPECT_EQ(store.integer("ok"), 1);
     EXPECT_FALSE(store.object("mixed").has_value());

@@ -38,7 +38,8 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndTicksOnlyForClocks) {
     QObject::connect(&shell, &ShellModel::activityChanged, &shell, [&] { ++changes; });
 
     EXPECT_FALSE(shell.hasActivity());
-    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 125}}, LiveActivityCenter::Source::meeting);
+    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 125}},
+                   LiveActivityCenter::Source::meeting);
     EXPECT_EQ(shell.activityKind(), "meeting");
     EXPECT_EQ(shell.trailingText(), "2:05");
     EXPECT_FALSE(shell.leadingIcon().isEmpty());
@@ -78,8 +79,8 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     TempDir home;
     NoProcesses processes;
     InlineQueueFactory queues;
-    AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues, processes,
-                                                  settings, activities, nullptr, true});
+    AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
+                                                  processes, settings, activities, nullptr, true});
     model.applyDemo();
     TempDir claude;
     MapEnvironment hookEnvironment({{"VANTRELLE_CLAUDE_SETTINGS", (claude / "settings.json").string()}});
@@ -107,7 +108,8 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     EXPECT_TRUE(view.hookError().isEmpty());
     claude.write("settings.json", "{broken,");
     view.setHooksInstalled(false);
-    EXPECT_EQ(view.hookError(), "Couldn't read your Claude Code settings: it isn't valid JSON. Nothing was changed.");
+    EXPECT_EQ(view.hookError(),
+              "Couldn't read your Claude Code settings: it isn't valid JSON. Nothing was changed.");
 }
 
 TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {

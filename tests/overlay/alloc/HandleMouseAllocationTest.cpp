@@ -10,7 +10,8 @@ using HandleMouseAllocations = OverlayFixture;
 // state changes.
 TEST_F(HandleMouseAllocations, SteadyStateEventsAllocateNothing) {
     auto& overlay = started();
-    activities.set(LiveActivity{LiveActivity::AI{"vantrelle", 52'000, 0.4, true}}, LiveActivityCenter::Source::ai);
+    activities.set(LiveActivity{LiveActivity::AI{"vantrelle", 52'000, 0.4, true}},
+                   LiveActivityCenter::Source::ai);
 
     {
         AllocationScope scope;
@@ -24,7 +25,7 @@ TEST_F(HandleMouseAllocations, SteadyStateEventsAllocateNothing) {
     {
         AllocationScope scope;
         for (int i = 0; i < 1000; ++i) move(Point{400.0 + i * 0.5, 800});  // inside the open panel
-        for (int i = 0; i < 1000; ++i) click(Point{500, 800});            // clicks inside
+        for (int i = 0; i < 1000; ++i) click(Point{500, 800});             // clicks inside
         EXPECT_EQ(scope.allocations(), 0u);
     }
 
