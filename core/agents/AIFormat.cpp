@@ -38,4 +38,11 @@ std::string AIFormat::remaining(double seconds) {
     return fmt::format("{}h {}m", s / 3600, s % 3600 / 60);
 }
 
+std::string AIFormat::cost(double dollars) {
+    // A figure that isn't a number shows as nothing spent rather than as "nan".
+    if (!std::isfinite(dollars)) dollars = 0;
+    if (dollars >= 100) return fmt::format("${:.0f}", std::round(dollars));
+    return fmt::format("${:.2f}", dollars);
+}
+
 }  // namespace vantrelle

@@ -14,6 +14,8 @@ namespace AIFormat {
 [[nodiscard]] std::string duration(double seconds);
 // "0m", "1h 1m".
 [[nodiscard]] std::string remaining(double seconds);
+// "$0.42", "$99.99"; whole dollars from $100 on: "$1235".
+[[nodiscard]] std::string cost(double dollars);
 
 }  // namespace AIFormat
 

@@ -30,6 +30,9 @@ struct AIDayTotals {
     bool operator==(const AIDayTotals&) const = default;
 };
 
+// How long a usage window lasts from its start.
+inline constexpr double kBlockSeconds = 5 * 60 * 60;
+
 // One 5-hour usage window.
 struct AIBlockUsage {
     Date start;  // floored to the hour of the first event

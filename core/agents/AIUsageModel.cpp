@@ -18,7 +18,7 @@ namespace vantrelle {
 
 namespace {
 
-constexpr double kWindow = 18'000;  // 5 hours
+constexpr double kWindow = kBlockSeconds;
 constexpr double kMaxGap = 600;     // pauses count at most 10 minutes of active time
 constexpr double kRunning = 30;
 constexpr double kWaiting = 1'800;

@@ -199,7 +199,7 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
                            AIFormat::tokens(day.tokens), day.cost);
     }
     if (block) {
-        const double left = block->start + 18'000 - now;
+        const double left = block->start + kBlockSeconds - now;
         out += fmt::format("Window       since {}  {} tokens  ${:.2f}\n", formatIsoDate(block->start),
                            AIFormat::tokens(block->tokens), block->cost);
         out += fmt::format("             burn {}/min  projected {}  budget {} ({:.0f}%)  {} left\n",

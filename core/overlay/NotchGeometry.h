@@ -29,10 +29,17 @@ inline constexpr double kSimulatedNotchWidth = 185;
 inline constexpr double kSimulatedNotchHeight = 32;
 // How far each collapsed activity reaches beyond the notch.
 inline constexpr double kActivityWing = 68;
+// The rounded bottom corners of the shell under the notch, open and closed.
+inline constexpr double kExpandedCornerRadius = 36;
+inline constexpr double kCollapsedCornerRadius = 14;
 inline constexpr double kDockHeight = 58;
 
 // The pointer targets: the collapsed one around the notch (wider with a live activity) and the
 // expanded one from the top of the screen to just below the panel and dock.
+// The closed shell: as wide as the notch, plus a wing on each side while an activity is live.
+[[nodiscard]] constexpr double collapsedShellWidth(double notchWidth, bool hasActivity) {
+    return notchWidth + (hasActivity ? 2 * kActivityWing : 0);
+}
 [[nodiscard]] Rect collapsedHitRect(const Rect& notchRect, bool hasActivity);
 [[nodiscard]] Rect expandedHitRect(const Rect& notchRect, Size expandedSize, bool showDock);
 

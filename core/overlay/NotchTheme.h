@@ -8,6 +8,7 @@ struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
+    std::uint8_t alpha = 0xFF;
     constexpr bool operator==(const Color&) const = default;
 };
 
@@ -21,6 +22,12 @@ struct Spring {
 // The named colours and animations of the shell.
 namespace NotchTheme {
 inline constexpr Color label{0xF5, 0xF5, 0xF7};
+inline constexpr Color secondaryLabel{0xA1, 0xA1, 0xA6};
+inline constexpr Color surface{0x1C, 0x1C, 0x1E};
+inline constexpr Color surfaceStrong{0x2C, 0x2C, 0x2E};
+// The panel and the dock with the glass setting, in the dark and the light appearance.
+inline constexpr Color glassDark{0x1C, 0x1C, 0x1E, 0xD9};
+inline constexpr Color glassLight{0xF2, 0xF2, 0xF7, 0xE6};
 inline constexpr Color positive{0x34, 0xC7, 0x59};
 inline constexpr Color negative{0xFF, 0x45, 0x3A};
 inline constexpr Color blue{0x0A, 0x84, 0xFF};

@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "agents/AIFormat.h"
+#include "agents/AIUsageGauges.h"
+
+namespace vantrelle {
+namespace {
+
+struct CostRow {
+    const char* name;
+    double dollars;
+    const char* shown;
+};
+
+TEST(AIUsageGaugesTest, CostsShowCentsBelowAHundredDollarsAndWholeDollarsFromThere) {
+    const CostRow rows[] = {
+        {"nothing", 0, "$0.00"},
+        {"rounds to the cent", 3.456, "$3.46"},
+        {"just below a hundred", 99.99, "$99.99"},
+        {"a hundred", 100, "$100"},
+        {"half a dollar rounds up", 1234.5, "$1235"},
+        {"not a number", std::numeric_limits<double>::quiet_NaN(), "$0.00"},
+        {"infinite", std::numeric_limits<double>::infinity(), "$0.00"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(AIFormat::cost(row.dollars), row.shown);
+    }
+}
+
+struct BlockRow {
+    const char* name;
+    std::int64_t tokens;
+    std::int64_t projected;
+    std::int64_t budget;
+    double fraction;
+    bool overBudget;
+};
+
+TEST(AIUsageGaugesTest, TheGaugeFillsAgainstTheBudgetOrElseWhereTheWindowIsHeading) {
+    const BlockRow rows[] = {
+        {"no budget: against the projection", 250, 1000, 0, 0.25, false},
+        {"no budget, projection behind the tokens", 500, 100, 0, 1.0, false},
+        {"under the budget", 100, 300, 400, 0.25, false},
+        {"heading past the budget", 100, 500, 400, 0.25, true},
+        {"projection exactly at the budget", 100, 400, 400, 0.25, false},
+        {"past the budget, gauge stays full", 900, 900, 400, 1.0, true},
+        {"empty window", 0, 0, 0, 0.0, false},
+        {"negative tokens", -50, 100, 0, 0.0, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        AIBlockUsage block;
+        block.tokens = row.tokens;
+        block.projectedTokens = row.projected;
+        block.budget = row.budget;
+        EXPECT_DOUBLE_EQ(AIUsageGauges::blockFraction(block), row.fraction);
+        EXPECT_EQ(AIUsageGauges::overBudget(block), row.overBudget);
+    }
+}
+
+TEST(AIUsageGaugesTest, TheWindowClosesFiveHoursAfterItsStart) {
+    AIBlockUsage block;
+    block.start = Date{1'000'000};
+    EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start), 5 * 3600);
+    EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 4 * 3600 + 1800), 1800);
+    EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 5 * 3600), 0);
+    EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 6 * 3600), 0);
+}
+
+TEST(AIUsageGaugesTest, DayBarsScaleToTheBusiestDay) {
+    const std::vector<AIDayTotals> week{
+        {Date{0}, 200, 0}, {Date{1}, 800, 0}, {Date{2}, 0, 0}, {Date{3}, -5, 0}};
+    EXPECT_EQ(AIUsageGauges::dayFractions(week), (std::vector<double>{0.25, 1.0, 0.0, 0.0}));
+    const std::vector<AIDayTotals> quiet{{Date{0}, 0, 0}, {Date{1}, 0, 0}};
+    EXPECT_EQ(AIUsageGauges::dayFractions(quiet), (std::vector<double>{0.0, 0.0}));
+    EXPECT_TRUE(AIUsageGauges::dayFractions({}).empty());
+}
+
+}  // namespace
+}  // namespace vantrelle
