@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
-#include <QQmlContext>
 #include <QScreen>
 #include <QUrl>
 
@@ -91,17 +90,18 @@ std::unique_ptr<NotchOverlayController> Application::makeOverlay() {
 
 void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell = std::make_unique<ShellModel>(overlay, m_settings, m_activities, SystemClock::shared());
-    m_engine.rootContext()->setContextProperty(QStringLiteral("Shell"), m_shell.get());
-    m_shell->onShapeChanged = [this](QRectF shell, QRectF dock) { m_windows.setShape(shell, dock); };
+    m_shell->onShapeChanged = [this](QRectF shell, qreal cornerRadius, QRectF dock) {
+        m_windows.setShape(shell, cornerRadius, dock);
+    };
 
     // The tools that are built, each with the model its view reads.
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
-    m_engine.rootContext()->setContextProperty(QStringLiteral("Calc"), m_calcView.get());
-    m_shell->registerToolView(NotchTab::calc, QStringLiteral("qrc:/qml/tools/CalcView.qml"));
+    m_shell->registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_claudeHooks, SystemClock::shared());
-    m_engine.rootContext()->setContextProperty(QStringLiteral("AIUsage"), m_aiUsageView.get());
-    m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("qrc:/qml/tools/AIUsageView.qml"));
-    m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("qrc:/qml/tools/DashboardView.qml"));
+    m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
+    // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
+    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
 
     m_pointer =
         std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QQmlEngine>
 #include <memory>
 #include <optional>
 
@@ -15,6 +14,7 @@
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
+#include "ShellEngine.h"
 #include "ShellModel.h"
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
@@ -71,15 +71,16 @@ private:
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
     QtScreenSource m_screens;
-    QQmlEngine m_engine;
+    // The view models outlive the engine and its views, which may still read them as they close.
+    std::unique_ptr<ShellModel> m_shell;
+    std::unique_ptr<CalcViewModel> m_calcView;
+    std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;
     AppDelegate m_delegate;
-    std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
-    std::unique_ptr<CalcViewModel> m_calcView;
-    std::unique_ptr<AIUsageViewModel> m_aiUsageView;
 };
 
 }  // namespace vantrelle

@@ -2,10 +2,11 @@
 
 #include <QDateTime>
 #include <QLocale>
-#include <algorithm>
 #include <cmath>
 
+#include "ShellEngine.h"
 #include "agents/AIFormat.h"
+#include "agents/AIUsageGauges.h"
 
 namespace vantrelle {
 
@@ -14,10 +15,15 @@ namespace {
 QString text(const std::string& s) {
     return QString::fromStdString(s);
 }
+QString tokens(std::int64_t n) {
+    return text(AIFormat::tokens(n));
+}
+QString cost(double dollars) {
+    return text(AIFormat::cost(dollars));
+}
 QDateTime local(Date date) {
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(date.seconds * 1000));
 }
-constexpr double kWindow = 5 * 3600;
 
 QString toolName(AgentTool tool) {
     switch (tool) {
@@ -31,86 +37,74 @@ QString toolName(AgentTool tool) {
     return {};
 }
 
+std::vector<UsageDayListModel::Row> dayRows(const std::vector<AIDayTotals>& days) {
+    const auto fractions = AIUsageGauges::dayFractions(days);
+    std::vector<UsageDayListModel::Row> rows;
+    for (std::size_t i = 0; i < days.size(); ++i) {
+        const auto& day = days[i];
+        rows.push_back({QLocale(QLocale::English).toString(local(day.date).date(), QStringLiteral("ddd")),
+                        tokens(day.tokens), cost(day.cost), fractions[i], i + 1 == days.size()});
+    }
+    return rows;
+}
+
+std::vector<UsageSessionListModel::Row> sessionRows(const std::vector<AgentSession>& sessions) {
+    std::vector<UsageSessionListModel::Row> rows;
+    for (const auto& s : sessions) {
+        rows.push_back({QString::fromUtf8(rawValue(s.state).data()), toolName(s.tool), text(s.projectName),
+                        text(s.title), s.branch ? text(*s.branch) : QString(), text(s.modelFamily),
+                        tokens(s.tokens), cost(s.cost), text(AIFormat::duration(s.activeSeconds)),
+                        s.lastPrompt ? text(*s.lastPrompt) : QString()});
+    }
+    return rows;
+}
+
 }  // namespace
 
 AIUsageViewModel::AIUsageViewModel(AIUsageModel& model, const ClaudeHooks& hooks, const Clock& clock)
     : m_model(model), m_hooks(hooks), m_clock(clock), m_hooksInstalled(hooks.isInstalled()) {
-    m_changed = m_model.changed.connect([this] { Q_EMIT changed(); });
+    m_changed = m_model.changed.connect([this] {
+        refreshLists();
+        Q_EMIT changed();
+    });
     m_scanning = m_model.scanningChanged.connect([this](bool) { Q_EMIT changed(); });
+    refreshLists();
 }
 
-QString AIUsageViewModel::cost(double dollars) {
-    return QStringLiteral("$") + QString::number(dollars, 'f', dollars >= 100 ? 0 : 2);
+AIUsageViewModel* AIUsageViewModel::create(QQmlEngine* engine, QJSEngine*) {
+    return ShellEngine::provide(engine, &ShellEngine::ViewModels::aiUsage);
 }
 
-QVariantMap AIUsageViewModel::today() const {
+void AIUsageViewModel::refreshLists() {
+    m_days.setRows(dayRows(m_model.last7Days()));
+    m_sessions.setRows(sessionRows(m_model.sessions()));
+}
+
+UsageTodayFigures AIUsageViewModel::today() const {
     const AITotals& t = m_model.today();
-    const std::int64_t tokens = t.input + t.output + t.cacheRead + t.cacheWrite;
-    return {{QStringLiteral("tokens"), text(AIFormat::tokens(tokens))},
-            {QStringLiteral("cost"), cost(t.cost)},
-            {QStringLiteral("input"), text(AIFormat::tokens(t.input))},
-            {QStringLiteral("output"), text(AIFormat::tokens(t.output))},
-            {QStringLiteral("cacheRead"), text(AIFormat::tokens(t.cacheRead))},
-            {QStringLiteral("cacheWrite"), text(AIFormat::tokens(t.cacheWrite))},
-            {QStringLiteral("messages"), static_cast<qlonglong>(t.messages)},
-            {QStringLiteral("sessions"), static_cast<qlonglong>(t.sessions)}};
+    return {tokens(t.input + t.output + t.cacheRead + t.cacheWrite),
+            cost(t.cost),
+            tokens(t.input),
+            tokens(t.output),
+            tokens(t.cacheRead),
+            tokens(t.cacheWrite),
+            t.messages,
+            t.sessions};
 }
 
-QVariantList AIUsageViewModel::days() const {
-    const auto& days = m_model.last7Days();
-    std::int64_t most = 1;
-    for (const auto& day : days) most = std::max(most, day.tokens);
-    QVariantList list;
-    for (std::size_t i = 0; i < days.size(); ++i) {
-        const auto& day = days[i];
-        list.push_back(QVariantMap{
-            {QStringLiteral("label"),
-             QLocale(QLocale::English).toString(local(day.date).date(), QStringLiteral("ddd"))},
-            {QStringLiteral("tokens"), text(AIFormat::tokens(day.tokens))},
-            {QStringLiteral("cost"), cost(day.cost)},
-            {QStringLiteral("fraction"), static_cast<double>(day.tokens) / static_cast<double>(most)},
-            {QStringLiteral("isToday"), i + 1 == days.size()}});
-    }
-    return list;
-}
-
-QVariantMap AIUsageViewModel::block() const {
+UsageWindowFigures AIUsageViewModel::block() const {
     const auto& block = m_model.block();
     if (!block) return {};
-    const double left = std::max(0.0, (block->start + kWindow) - m_clock.now());
-    // The gauge fills against the budget; without one, against where the window is heading.
-    const double scale = static_cast<double>(
-        block->budget > 0 ? block->budget : std::max(block->projectedTokens, block->tokens));
-    return {{QStringLiteral("tokens"), text(AIFormat::tokens(block->tokens))},
-            {QStringLiteral("cost"), cost(block->cost)},
-            {QStringLiteral("progress"),
-             scale > 0 ? std::min(1.0, static_cast<double>(block->tokens) / scale) : 0.0},
-            {QStringLiteral("budget"), block->budget > 0 ? text(AIFormat::tokens(block->budget)) : QString()},
-            {QStringLiteral("overBudget"), block->budget > 0 && block->projectedTokens > block->budget},
-            {QStringLiteral("burn"),
-             text(AIFormat::tokens(static_cast<std::int64_t>(std::lround(block->burnTokensPerMinute)))) +
-                 QStringLiteral("/min")},
-            {QStringLiteral("projected"), text(AIFormat::tokens(block->projectedTokens))},
-            {QStringLiteral("timeLeft"), text(AIFormat::remaining(left))},
-            {QStringLiteral("started"), local(block->start).toString(QStringLiteral("HH:mm"))}};
-}
-
-QVariantList AIUsageViewModel::sessions() const {
-    QVariantList list;
-    for (const auto& s : m_model.sessions()) {
-        list.push_back(
-            QVariantMap{{QStringLiteral("state"), QString::fromUtf8(rawValue(s.state).data())},
-                        {QStringLiteral("tool"), toolName(s.tool)},
-                        {QStringLiteral("project"), text(s.projectName)},
-                        {QStringLiteral("title"), text(s.title)},
-                        {QStringLiteral("branch"), s.branch ? text(*s.branch) : QString()},
-                        {QStringLiteral("model"), text(s.modelFamily)},
-                        {QStringLiteral("tokens"), text(AIFormat::tokens(s.tokens))},
-                        {QStringLiteral("cost"), cost(s.cost)},
-                        {QStringLiteral("active"), text(AIFormat::duration(s.activeSeconds))},
-                        {QStringLiteral("lastPrompt"), s.lastPrompt ? text(*s.lastPrompt) : QString()}});
-    }
-    return list;
+    return {true,
+            tokens(block->tokens),
+            cost(block->cost),
+            AIUsageGauges::blockFraction(*block),
+            block->budget > 0 ? tokens(block->budget) : QString(),
+            AIUsageGauges::overBudget(*block),
+            tokens(std::llround(block->burnTokensPerMinute)) + QStringLiteral("/min"),
+            tokens(block->projectedTokens),
+            text(AIFormat::remaining(AIUsageGauges::secondsLeft(*block, m_clock.now()))),
+            local(block->start).toString(QStringLiteral("HH:mm"))};
 }
 
 QString AIUsageViewModel::lastScan() const {

@@ -1,23 +1,31 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
+
 #include <QObject>
 #include <QString>
-#include <QVariantList>
-#include <QVariantMap>
 
+#include "UsageDayListModel.h"
+#include "UsageFigures.h"
+#include "UsageSessionListModel.h"
 #include "agents/AIUsageModel.h"
 #include "agents/ClaudeHooks.h"
 
+class QQmlEngine;
+class QJSEngine;
+
 namespace vantrelle {
 
-// The AI Usage panel's face: today's figures, the week, the current 5-hour window and the sessions,
-// formatted for display, plus the switch for the Claude Code hooks.
+// The AI Usage panel's face (`AIUsage` in QML): today's figures, the week, the current 5-hour window
+// and the sessions, formatted for display, plus the switch for the Claude Code hooks.
 class AIUsageViewModel final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QVariantMap today READ today NOTIFY changed)
-    Q_PROPERTY(QVariantList days READ days NOTIFY changed)
-    Q_PROPERTY(QVariantMap block READ block NOTIFY changed)
-    Q_PROPERTY(QVariantList sessions READ sessions NOTIFY changed)
+    QML_NAMED_ELEMENT(AIUsage)
+    QML_SINGLETON
+    Q_PROPERTY(vantrelle::UsageTodayFigures today READ today NOTIFY changed)
+    Q_PROPERTY(vantrelle::UsageDayListModel* days READ days CONSTANT)
+    Q_PROPERTY(vantrelle::UsageWindowFigures block READ block NOTIFY changed)
+    Q_PROPERTY(vantrelle::UsageSessionListModel* sessions READ sessions CONSTANT)
     Q_PROPERTY(bool scanning READ scanning NOTIFY changed)
     Q_PROPERTY(QString lastScan READ lastScan NOTIFY changed)
     Q_PROPERTY(bool hooksInstalled READ hooksInstalled NOTIFY hooksChanged)
@@ -25,11 +33,13 @@ class AIUsageViewModel final : public QObject {
 
 public:
     AIUsageViewModel(AIUsageModel& model, const ClaudeHooks& hooks, const Clock& clock);
+    // The instance the composition root gave the engine.
+    static AIUsageViewModel* create(QQmlEngine* engine, QJSEngine*);
 
-    [[nodiscard]] QVariantMap today() const;
-    [[nodiscard]] QVariantList days() const;
-    [[nodiscard]] QVariantMap block() const;
-    [[nodiscard]] QVariantList sessions() const;
+    [[nodiscard]] UsageTodayFigures today() const;
+    [[nodiscard]] UsageDayListModel* days() { return &m_days; }
+    [[nodiscard]] UsageWindowFigures block() const;
+    [[nodiscard]] UsageSessionListModel* sessions() { return &m_sessions; }
     [[nodiscard]] bool scanning() const { return m_model.isScanning(); }
     [[nodiscard]] QString lastScan() const;
     [[nodiscard]] bool hooksInstalled() const { return m_hooksInstalled; }
@@ -40,18 +50,20 @@ public:
     Q_INVOKABLE void setShown(bool shown);
     Q_INVOKABLE void setHooksInstalled(bool installed);
 
-    [[nodiscard]] static QString cost(double dollars);
-
 Q_SIGNALS:
     void changed();
     void hooksChanged();
 
 private:
+    void refreshLists();
+
     AIUsageModel& m_model;
     const ClaudeHooks& m_hooks;
     const Clock& m_clock;
     bool m_hooksInstalled = false;
     QString m_hookError;
+    UsageDayListModel m_days;
+    UsageSessionListModel m_sessions;
     Connection m_changed;
     Connection m_scanning;
 };

@@ -3,12 +3,21 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include "ShellEngine.h"
 #include "calc/CalcEngine.h"
 
 namespace vantrelle {
 
 CalcViewModel::CalcViewModel(CalcModel& model) : m_model(model) {
-    m_connection = m_model.changed.connect([this] { Q_EMIT changed(); });
+    m_connection = m_model.changed.connect([this] {
+        refreshEntries();
+        Q_EMIT changed();
+    });
+    refreshEntries();
+}
+
+CalcViewModel* CalcViewModel::create(QQmlEngine* engine, QJSEngine*) {
+    return ShellEngine::provide(engine, &ShellEngine::ViewModels::calc);
 }
 
 QString CalcViewModel::answer() const {
@@ -21,18 +30,16 @@ QString CalcViewModel::detail() const {
     return live && live->detail ? QString::fromStdString(*live->detail) : QString();
 }
 
-QVariantList CalcViewModel::entries() const {
-    QVariantList list;
+void CalcViewModel::refreshEntries() {
+    std::vector<CalcEntryListModel::Row> rows;
     // Newest first, as the panel lists them under the input.
     const auto& entries = m_model.entries();
     for (auto it = entries.rbegin(); it != entries.rend(); ++it) {
-        list.push_back(QVariantMap{
-            {QStringLiteral("index"), static_cast<int>(std::distance(it, entries.rend()) - 1)},
-            {QStringLiteral("expression"), QString::fromStdString(it->expression)},
-            {QStringLiteral("result"), QString::fromStdString(it->result)},
-            {QStringLiteral("detail"), it->detail ? QString::fromStdString(*it->detail) : QString()}});
+        rows.push_back({static_cast<int>(std::distance(it, entries.rend()) - 1),
+                        QString::fromStdString(it->expression), QString::fromStdString(it->result),
+                        it->detail ? QString::fromStdString(*it->detail) : QString()});
     }
-    return list;
+    m_entries.setRows(std::move(rows));
 }
 
 QString CalcViewModel::previousAnswer() const {

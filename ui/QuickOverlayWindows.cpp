@@ -4,6 +4,7 @@
 #include <QRegion>
 #include <cmath>
 
+#include "ShellEngine.h"
 #include "support/DebugLog.h"
 #include "x11/X11Desktop.h"
 
@@ -43,7 +44,7 @@ QuickOverlayWindows::QuickOverlayWindows(QQmlEngine& engine, const X11Desktop& d
 
 QuickOverlayWindows::~QuickOverlayWindows() = default;
 
-std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const char* source, bool transparent) {
+std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const QString& component, bool transparent) {
     auto view = std::make_unique<QQuickView>(&m_engine, nullptr);
     view->setFlags(kOverlayFlags);
     view->setResizeMode(QQuickView::SizeRootObjectToView);
@@ -55,7 +56,7 @@ std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const char* source, 
     } else {
         view->setColor(Qt::black);
     }
-    view->setSource(QUrl(QString::fromUtf8(source)));
+    view->setSource(ShellEngine::componentUrl(component));
     for (const auto& error : view->errors()) {
         DebugLog::write([&] { return "overlay: qml " + error.toString().toStdString(); });
     }
@@ -65,9 +66,9 @@ std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const char* source, 
 void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFrame) {
     const auto coordinates = DesktopCoordinates::current();
     if (!m_panel) {
-        m_panel = makeWindow("qrc:/qml/NotchRoot.qml", true);
+        m_panel = makeWindow(QStringLiteral("NotchRoot"), true);
         // Without a compositor the drop zone is painted black like the notch it covers.
-        m_dropZone = makeWindow("qrc:/qml/DropZone.qml", m_composited);
+        m_dropZone = makeWindow(QStringLiteral("DropZone"), m_composited);
     }
     m_panel->setGeometry(coordinates.toDesktop(panelFrame));
     m_dropZone->setGeometry(coordinates.toDesktop(dropZoneFrame));
@@ -110,7 +111,7 @@ void QuickOverlayWindows::applyAppearance(bool, Appearance) {
 }
 
 void QuickOverlayWindows::showBackdrop(const Rect& screenFrame) {
-    m_backdrop = makeWindow("qrc:/qml/Backdrop.qml", false);
+    m_backdrop = makeWindow(QStringLiteral("Backdrop"), false);
     m_backdrop->setFlag(Qt::WindowTransparentForInput, true);
     m_backdrop->setFlag(Qt::WindowStaysOnTopHint, false);
     m_backdrop->setGeometry(DesktopCoordinates::current().toDesktop(screenFrame));
@@ -118,9 +119,10 @@ void QuickOverlayWindows::showBackdrop(const Rect& screenFrame) {
     m_backdrop->lower();
 }
 
-void QuickOverlayWindows::setShape(const QRectF& shell, const QRectF& dock) {
-    if (shell == m_shell && dock == m_dock) return;
+void QuickOverlayWindows::setShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock) {
+    if (shell == m_shell && cornerRadius == m_cornerRadius && dock == m_dock) return;
     m_shell = shell;
+    m_cornerRadius = cornerRadius;
     m_dock = dock;
     applyShapes();
 }
@@ -131,7 +133,7 @@ void QuickOverlayWindows::applyShapes() {
     const auto scaled = [ratio](const QRectF& r) {
         return QRectF(r.x() * ratio, r.y() * ratio, r.width() * ratio, r.height() * ratio);
     };
-    QRegion drawn = roundedRegion(scaled(m_shell), (m_shell.height() > 100 ? 36 : 14) * ratio, false);
+    QRegion drawn = roundedRegion(scaled(m_shell), m_cornerRadius * ratio, false);
     drawn += roundedRegion(scaled(m_dock), m_dock.height() / 2 * ratio, true);
     m_desktop.setShapes(*m_panel, m_composited ? std::nullopt : std::optional<QRegion>(drawn),
                         m_ignoresMouse ? QRegion() : drawn);

@@ -32,13 +32,14 @@ public:
     void applyAppearance(bool glass, Appearance appearance) override;
     void showBackdrop(const Rect& screenFrame) override;
 
-    // The drawn shell and dock, in panel pixels, as the root view reports them.
-    void setShape(const QRectF& shell, const QRectF& dock);
+    // The drawn shell with its corner radius and the dock, in panel pixels, as the root view reports them.
+    void setShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     [[nodiscard]] QQuickView* panel() const { return m_panel.get(); }
 
 private:
-    std::unique_ptr<QQuickView> makeWindow(const char* source, bool transparent);
+    // A window showing a component of the shell's QML module.
+    std::unique_ptr<QQuickView> makeWindow(const QString& component, bool transparent);
     void applyShapes();
 
     QQmlEngine& m_engine;
@@ -48,6 +49,7 @@ private:
     std::unique_ptr<QQuickView> m_panel;
     std::unique_ptr<QQuickView> m_dropZone;
     QRectF m_shell;
+    qreal m_cornerRadius = 0;
     QRectF m_dock;
     bool m_ignoresMouse = true;
 };

@@ -1,13 +1,17 @@
 #include "ShellModel.h"
 
+#include <algorithm>
+
+#include "ShellEngine.h"
+#include "ShellTheme.h"
 #include "overlay/IconGlyphs.h"
 
 namespace vantrelle {
 
 namespace {
 
-QColor toQColor(Color c) {
-    return QColor(c.red, c.green, c.blue);
+QString text(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
 }
 
 }  // namespace
@@ -18,6 +22,10 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
     m_tick.setInterval(1000);
     m_tick.setTimerType(Qt::CoarseTimer);
     QObject::connect(&m_tick, &QTimer::timeout, this, [this] { refreshCells(); });
+    QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::collapsedWidthChanged);
+    QObject::connect(this, &ShellModel::activityChanged, this, &ShellModel::collapsedWidthChanged);
+    QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::tabIndexChanged);
+    QObject::connect(this, &ShellModel::settingsChanged, this, &ShellModel::tabIndexChanged);
 
     m_stateConnection = m_overlay.state().changed.connect([this](NotchState::Field field) {
         // The panel checks its tool each time it comes up.
@@ -27,10 +35,16 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
     });
     m_settingsConnection = m_settings.changed.connect([this](std::string_view property) {
         if (property == "enabledTabs") vantrelle::ensureValidTab(m_overlay.state(), m_settings);
+        refreshLists();
         Q_EMIT settingsChanged();
     });
     m_activityConnection = m_activities.currentChanged.connect([this](const auto&) { refreshCells(); });
     refreshCells();
+    refreshLists();
+}
+
+ShellModel* ShellModel::create(QQmlEngine* engine, QJSEngine*) {
+    return ShellEngine::provide(engine, &ShellEngine::ViewModels::shell);
 }
 
 void ShellModel::refreshCells() {
@@ -52,19 +66,19 @@ void ShellModel::refreshCells() {
 }
 
 QString ShellModel::tab() const {
-    return QString::fromUtf8(rawValue(m_overlay.state().tab()).data());
+    return text(rawValue(m_overlay.state().tab()));
 }
 QString ShellModel::tabTitle() const {
-    return QString::fromUtf8(info(m_overlay.state().tab()).title.data());
+    return text(info(m_overlay.state().tab()).title);
 }
 QString ShellModel::tabBlurb() const {
-    return QString::fromUtf8(info(m_overlay.state().tab()).blurb.data());
+    return text(info(m_overlay.state().tab()).blurb);
 }
 QString ShellModel::tabIcon() const {
     return glyph(std::string(info(m_overlay.state().tab()).icon));
 }
 QColor ShellModel::tabTint() const {
-    return toQColor(info(m_overlay.state().tab()).tint);
+    return ShellTheme::color(info(m_overlay.state().tab()).tint);
 }
 
 QString ShellModel::headerSubtitle() const {
@@ -72,33 +86,40 @@ QString ShellModel::headerSubtitle() const {
     return subtitle ? QString::fromStdString(*subtitle) : QString();
 }
 
-QVariantList ShellModel::tabs() const {
-    QVariantList list;
-    for (NotchTab t : m_settings.orderedEnabledTabs()) {
-        const auto& i = info(t);
-        list.push_back(QVariantMap{{QStringLiteral("raw"), QString::fromUtf8(i.raw.data())},
-                                   {QStringLiteral("title"), QString::fromUtf8(i.title.data())},
-                                   {QStringLiteral("icon"), glyph(std::string(i.icon))},
-                                   {QStringLiteral("tint"), toQColor(i.tint)}});
-    }
-    return list;
+void ShellModel::registerToolView(NotchTab tab, const QString& component) {
+    m_toolViews.insert(text(rawValue(tab)), ShellEngine::componentUrl(component).toString());
+    Q_EMIT stateChanged();
 }
 
-QVariantList ShellModel::dashboardTiles() const {
-    QVariantList list;
+int ShellModel::tabIndex() const {
+    const auto tabs = m_settings.orderedEnabledTabs();
+    const auto found = std::find(tabs.begin(), tabs.end(), m_overlay.state().tab());
+    return found == tabs.end() ? -1 : static_cast<int>(found - tabs.begin());
+}
+
+bool ShellModel::dashboardShowsUsage() const {
+    const auto& tiles = m_settings.dashboardTiles();
+    return std::find(tiles.begin(), tiles.end(), DashTile::aiUsage) != tiles.end();
+}
+
+void ShellModel::refreshLists() {
+    std::vector<ToolListModel::Row> tools;
+    for (NotchTab t : m_settings.orderedEnabledTabs()) {
+        const auto& i = info(t);
+        tools.push_back({text(i.raw), text(i.title), glyph(std::string(i.icon)), ShellTheme::color(i.tint)});
+    }
+    m_tabs.setRows(std::move(tools));
+
+    std::vector<DashboardTileListModel::Row> tiles;
     for (DashTile tile : m_settings.dashboardTiles()) {
         const auto& i = info(tile);
         const auto tool = toolForTile(tile);
         const bool opens = tool && m_settings.isEnabled(*tool);
-        list.push_back(QVariantMap{
-            {QStringLiteral("raw"), QString::fromUtf8(i.raw.data())},
-            {QStringLiteral("title"), QString::fromUtf8(i.title.data())},
-            {QStringLiteral("icon"), glyph(std::string(i.icon))},
-            {QStringLiteral("subtitle"), QString::fromUtf8(i.subtitle.data())},
-            {QStringLiteral("tool"), opens ? QString::fromUtf8(rawValue(*tool).data()) : QString()},
-            {QStringLiteral("tint"), tool ? toQColor(info(*tool).tint) : toQColor(NotchTheme::label)}});
+        tiles.push_back({text(i.raw), text(i.title), glyph(std::string(i.icon)), text(i.subtitle),
+                         opens ? text(rawValue(*tool)) : QString(),
+                         ShellTheme::color(tool ? info(*tool).tint : NotchTheme::label)});
     }
-    return list;
+    m_dashboardTiles.setRows(std::move(tiles));
 }
 
 bool ShellModel::lightAppearance() const {
@@ -145,8 +166,8 @@ void ShellModel::dropZoneDropped(const QStringList& urls) {
     m_overlay.dropZoneDropped(files);
 }
 
-void ShellModel::reportShape(const QRectF& shell, const QRectF& dock) {
-    if (onShapeChanged) onShapeChanged(shell, dock);
+void ShellModel::reportShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock) {
+    if (onShapeChanged) onShapeChanged(shell, cornerRadius, dock);
 }
 
 }  // namespace vantrelle

@@ -1,28 +1,39 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
+
 #include <QColor>
 #include <QHash>
 #include <QObject>
 #include <QRectF>
 #include <QString>
 #include <QTimer>
-#include <QVariantList>
 #include <functional>
 
+#include "DashboardTileListModel.h"
+#include "ToolListModel.h"
 #include "overlay/CollapsedPresentation.h"
 #include "overlay/NotchOverlayController.h"
 
+class QQmlEngine;
+class QJSEngine;
+
 namespace vantrelle {
 
-// The QML face of the shell: the notch state, the settings the views read and the live activity,
-// as properties that notify. Holds no state of its own beyond presentation.
+// The QML face of the shell (`Shell` in QML): the notch state, the settings the views read and the
+// live activity, as properties that notify. Holds no state of its own beyond presentation.
 class ShellModel final : public QObject {
     Q_OBJECT
+    QML_NAMED_ELEMENT(Shell)
+    QML_SINGLETON
     Q_PROPERTY(bool expanded READ expanded NOTIFY stateChanged)
     Q_PROPERTY(qreal notchWidth READ notchWidth NOTIFY stateChanged)
     Q_PROPERTY(qreal notchHeight READ notchHeight NOTIFY stateChanged)
     Q_PROPERTY(qreal panelWidth READ panelWidth NOTIFY stateChanged)
     Q_PROPERTY(qreal panelHeight READ panelHeight NOTIFY stateChanged)
+    Q_PROPERTY(qreal collapsedWidth READ collapsedWidth NOTIFY collapsedWidthChanged)
+    Q_PROPERTY(qreal activityWing READ activityWing CONSTANT)
+    Q_PROPERTY(qreal cornerRadius READ cornerRadius NOTIFY stateChanged)
     Q_PROPERTY(bool simulated READ simulated NOTIFY stateChanged)
     Q_PROPERTY(QString tab READ tab NOTIFY stateChanged)
     Q_PROPERTY(QString tabTitle READ tabTitle NOTIFY stateChanged)
@@ -31,8 +42,10 @@ class ShellModel final : public QObject {
     Q_PROPERTY(QColor tabTint READ tabTint NOTIFY stateChanged)
     Q_PROPERTY(QString headerSubtitle READ headerSubtitle NOTIFY stateChanged)
     Q_PROPERTY(QString toolView READ toolView NOTIFY stateChanged)
-    Q_PROPERTY(QVariantList tabs READ tabs NOTIFY settingsChanged)
-    Q_PROPERTY(QVariantList dashboardTiles READ dashboardTiles NOTIFY settingsChanged)
+    Q_PROPERTY(vantrelle::ToolListModel* tabs READ tabs CONSTANT)
+    Q_PROPERTY(int tabIndex READ tabIndex NOTIFY tabIndexChanged)
+    Q_PROPERTY(vantrelle::DashboardTileListModel* dashboardTiles READ dashboardTiles CONSTANT)
+    Q_PROPERTY(bool dashboardShowsUsage READ dashboardShowsUsage NOTIFY settingsChanged)
     Q_PROPERTY(bool showDock READ showDock NOTIFY settingsChanged)
     Q_PROPERTY(bool glass READ glass NOTIFY settingsChanged)
     Q_PROPERTY(bool lightAppearance READ lightAppearance NOTIFY settingsChanged)
@@ -51,12 +64,19 @@ class ShellModel final : public QObject {
 public:
     ShellModel(NotchOverlayController& overlay, AppSettings& settings, LiveActivityCenter& activities,
                const Clock& clock);
+    // The instance the composition root gave the engine.
+    static ShellModel* create(QQmlEngine* engine, QJSEngine*);
 
     [[nodiscard]] bool expanded() const { return m_overlay.state().isExpanded(); }
     [[nodiscard]] qreal notchWidth() const { return m_overlay.state().notchSize().width; }
     [[nodiscard]] qreal notchHeight() const { return m_overlay.state().notchSize().height; }
     [[nodiscard]] qreal panelWidth() const { return m_overlay.state().panelSize().width; }
     [[nodiscard]] qreal panelHeight() const { return m_overlay.state().panelSize().height; }
+    [[nodiscard]] qreal collapsedWidth() const { return collapsedShellWidth(notchWidth(), hasActivity()); }
+    [[nodiscard]] static qreal activityWing() { return kActivityWing; }
+    [[nodiscard]] qreal cornerRadius() const {
+        return expanded() ? kExpandedCornerRadius : kCollapsedCornerRadius;
+    }
     [[nodiscard]] bool simulated() const { return m_overlay.state().isSimulated(); }
     [[nodiscard]] QString tab() const;
     [[nodiscard]] QString tabTitle() const;
@@ -66,13 +86,14 @@ public:
     [[nodiscard]] QString headerSubtitle() const;
     // The QML view of the showing tool; empty while the tool is not built.
     [[nodiscard]] QString toolView() const { return m_toolViews.value(tab()); }
-    void registerToolView(NotchTab tab, const QString& url) {
-        m_toolViews.insert(QString::fromUtf8(rawValue(tab).data()), url);
-        Q_EMIT stateChanged();
-    }
-    [[nodiscard]] QVariantList tabs() const;
+    // The tool's view is the module's component of that name.
+    void registerToolView(NotchTab tab, const QString& component);
+    [[nodiscard]] ToolListModel* tabs() { return &m_tabs; }
+    // Where the showing tool sits among the enabled ones; -1 when it isn't one of them.
+    [[nodiscard]] int tabIndex() const;
     // The Dashboard's eight tiles in the user's order, each with the tool it opens.
-    [[nodiscard]] QVariantList dashboardTiles() const;
+    [[nodiscard]] DashboardTileListModel* dashboardTiles() { return &m_dashboardTiles; }
+    [[nodiscard]] bool dashboardShowsUsage() const;
     [[nodiscard]] bool showDock() const { return m_settings.showDock(); }
     [[nodiscard]] bool glass() const { return m_settings.glassPanel(); }
     [[nodiscard]] bool lightAppearance() const;
@@ -99,21 +120,24 @@ public:
     Q_INVOKABLE void dropZoneClicked() { m_overlay.dropZoneClicked(); }
     Q_INVOKABLE void dropZoneDragEntered() { m_overlay.dropZoneDragEntered(); }
     Q_INVOKABLE void dropZoneDropped(const QStringList& urls);
-    // The drawn shell and dock in window pixels, for the window shape.
-    Q_INVOKABLE void reportShape(const QRectF& shell, const QRectF& dock);
+    // The drawn shell, its corner radius and the dock in window pixels, for the window shape.
+    Q_INVOKABLE void reportShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     // Timers the closed notch reads each second; filled by the focus models when they exist.
     std::function<TimerReadings()> timerReadings = [] { return TimerReadings{}; };
     std::function<void()> onOpenSettings;
-    std::function<void(QRectF shell, QRectF dock)> onShapeChanged;
+    std::function<void(QRectF shell, qreal cornerRadius, QRectF dock)> onShapeChanged;
 
 Q_SIGNALS:
     void stateChanged();
     void settingsChanged();
     void activityChanged();
+    void collapsedWidthChanged();
+    void tabIndexChanged();
 
 private:
     void refreshCells();
+    void refreshLists();
 
     NotchOverlayController& m_overlay;
     AppSettings& m_settings;
@@ -122,6 +146,8 @@ private:
     CollapsedCells m_cells;
     QString m_kind;
     QHash<QString, QString> m_toolViews;
+    ToolListModel m_tabs;
+    DashboardTileListModel m_dashboardTiles;
     QTimer m_tick;  // runs only while the shown activity counts each second
     Connection m_stateConnection;
     Connection m_settingsConnection;

@@ -6,6 +6,7 @@
 #include <QPixmap>
 
 #include "ShellModel.h"
+#include "ShellTheme.h"
 #include "app/StatusMenu.h"
 
 namespace vantrelle {
@@ -16,7 +17,7 @@ QIcon trayIcon() {
     QPixmap pixmap(64, 64);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    QFont font(QStringLiteral("Material Icons"));
+    QFont font(QString::fromUtf8(ShellTheme::kIconFont));
     font.setPixelSize(56);
     painter.setFont(font);
     painter.setPen(Qt::white);

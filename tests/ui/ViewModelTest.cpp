@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
-
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "GuiApplication.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
@@ -13,12 +12,9 @@
 namespace vantrelle::testing {
 namespace {
 
-QGuiApplication& guiApplication() {
-    static int argc = 1;
-    static char name[] = "ui_model_tests";
-    static char* argv[] = {name, nullptr};
-    static QGuiApplication* app = new QGuiApplication(argc, argv);
-    return *app;
+// A role of a list model by the name the views use.
+QVariant role(const QAbstractListModel& model, int row, const char* name) {
+    return model.data(model.index(row), model.roleNames().key(name, -1));
 }
 
 class NoProcesses final : public ProcessTable {
@@ -60,19 +56,69 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndTicksOnlyForClocks) {
 TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOff) {
     auto& overlay = started();
     ShellModel shell(overlay, settings, activities, scheduler);
-    EXPECT_EQ(shell.tabs().size(), 17);
+    auto& tabs = *shell.tabs();
+    EXPECT_EQ(tabs.count(), 17);
+    EXPECT_EQ(role(tabs, 0, "raw"), "dashboard");
     shell.selectTab(QStringLiteral("notes"));
     EXPECT_EQ(shell.tab(), "notes");
     EXPECT_EQ(shell.tabTitle(), "Notes");
+    EXPECT_EQ(role(tabs, shell.tabIndex(), "raw"), "notes");
     shell.selectTab(QStringLiteral("no-such-tool"));
     EXPECT_EQ(shell.tab(), "notes");
+
+    int removed = 0;
+    QObject::connect(&tabs, &QAbstractItemModel::rowsRemoved, &tabs, [&] { ++removed; });
     settings.setEnabled(NotchTab::notes, false);
     EXPECT_EQ(shell.tab(), "dashboard");
-    EXPECT_EQ(shell.tabs().size(), 16);
+    EXPECT_EQ(shell.tabIndex(), 0);
+    EXPECT_EQ(tabs.count(), 16);
+    EXPECT_EQ(removed, 1);
+    for (int i = 0; i < tabs.count(); ++i) EXPECT_NE(role(tabs, i, "raw"), "notes");
 
     EXPECT_TRUE(shell.toolView().isEmpty());
-    shell.registerToolView(NotchTab::dashboard, QStringLiteral("qrc:/x.qml"));
-    EXPECT_EQ(shell.toolView(), "qrc:/x.qml");
+    shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
+    EXPECT_TRUE(shell.toolView().endsWith("/Vantrelle/Shell/DashboardView.qml"));
+}
+
+TEST_F(ViewModels, ShellTilesFollowTheSettingsAndOpenOnlyToolsThatAreOn) {
+    auto& overlay = started();
+    ShellModel shell(overlay, settings, activities, scheduler);
+    settings.setDashboardTiles({DashTile::notes, DashTile::aiUsage, DashTile::launcher});
+    auto& tiles = *shell.dashboardTiles();
+    ASSERT_EQ(tiles.count(), 8);  // the user's three, then the usual ones
+    EXPECT_EQ(role(tiles, 1, "raw"), "aiUsage");
+    EXPECT_EQ(role(tiles, 0, "tool"), "notes");
+    EXPECT_EQ(role(tiles, 2, "tool"), "");  // a tile without a tool of its own opens nothing
+    EXPECT_TRUE(shell.dashboardShowsUsage());
+
+    QList<int> changedRows;
+    QObject::connect(&tiles, &QAbstractItemModel::dataChanged, &tiles,
+                     [&](const QModelIndex& from, const QModelIndex& to) {
+                         for (int row = from.row(); row <= to.row(); ++row) changedRows.append(row);
+                     });
+    settings.setEnabled(NotchTab::notes, false);
+    EXPECT_EQ(role(tiles, 0, "tool"), "");
+    EXPECT_EQ(changedRows, QList<int>{0});
+
+    settings.setDashboardTiles({DashTile::notes});
+    EXPECT_EQ(tiles.count(), 8);
+    EXPECT_FALSE(shell.dashboardShowsUsage());
+}
+
+TEST_F(ViewModels, ShellWidensTheClosedShellByAWingEachSideWhileAnActivityIsLive) {
+    auto& overlay = started();
+    ShellModel shell(overlay, settings, activities, scheduler);
+    int widthChanges = 0;
+    QObject::connect(&shell, &ShellModel::collapsedWidthChanged, &shell, [&] { ++widthChanges; });
+    const qreal notch = shell.notchWidth();
+    EXPECT_EQ(shell.collapsedWidth(), notch);
+    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 125}},
+                   LiveActivityCenter::Source::meeting);
+    EXPECT_EQ(shell.collapsedWidth(), notch + 2 * shell.activityWing());
+    EXPECT_GE(widthChanges, 1);
+    EXPECT_EQ(shell.cornerRadius(), kCollapsedCornerRadius);
+    overlay.setExpanded(true, "test");
+    EXPECT_EQ(shell.cornerRadius(), kExpandedCornerRadius);
 }
 
 TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
@@ -81,7 +127,6 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     InlineQueueFactory queues;
     AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
                                                   processes, settings, activities, nullptr, true});
-    model.applyDemo();
     TempDir claude;
     MapEnvironment hookEnvironment({{"VANTRELLE_CLAUDE_SETTINGS", (claude / "settings.json").string()}});
     AppPaths paths;
@@ -89,18 +134,35 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     paths.dataHome = claude / "data";
     ClaudeHooks hooks(paths, hookEnvironment);
     AIUsageViewModel view(model, hooks, scheduler);
+    EXPECT_FALSE(view.block().open);
+    EXPECT_EQ(view.sessions()->count(), 0);
 
-    EXPECT_EQ(view.today().value(QStringLiteral("cost")).toString().front(), '$');
-    EXPECT_EQ(view.days().size(), 7);
-    EXPECT_TRUE(view.days().back().toMap().value(QStringLiteral("isToday")).toBool());
+    // The figures arrive: the lists fill without a reset, so the views keep their delegates.
+    int inserted = 0;
+    int resets = 0;
+    QObject::connect(view.sessions(), &QAbstractItemModel::rowsInserted, &view, [&] { ++inserted; });
+    QObject::connect(view.sessions(), &QAbstractItemModel::modelReset, &view, [&] { ++resets; });
+    model.applyDemo();
+    EXPECT_EQ(inserted, 1);
+    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(view.today().cost.front(), '$');
+    const auto& days = *view.days();
+    ASSERT_EQ(days.count(), 7);
+    EXPECT_TRUE(role(days, 6, "isToday").toBool());
+    EXPECT_FALSE(role(days, 5, "isToday").toBool());
+    double busiest = 0;
+    for (int i = 0; i < days.count(); ++i) busiest = std::max(busiest, role(days, i, "fraction").toDouble());
+    EXPECT_EQ(busiest, 1.0);
     const auto block = view.block();
-    ASSERT_FALSE(block.isEmpty());
-    EXPECT_GT(block.value(QStringLiteral("progress")).toDouble(), 0.0);
-    EXPECT_LE(block.value(QStringLiteral("progress")).toDouble(), 1.0);
-    EXPECT_TRUE(block.value(QStringLiteral("burn")).toString().endsWith("/min"));
-    EXPECT_FALSE(view.sessions().isEmpty());
-    EXPECT_EQ(AIUsageViewModel::cost(3.456), "$3.46");
-    EXPECT_EQ(AIUsageViewModel::cost(1234.5), "$1235");
+    ASSERT_TRUE(block.open);
+    EXPECT_GT(block.progress, 0.0);
+    EXPECT_LE(block.progress, 1.0);
+    EXPECT_TRUE(block.burn.endsWith("/min"));
+    const auto& sessions = *view.sessions();
+    ASSERT_EQ(sessions.count(), static_cast<int>(model.sessions().size()));
+    ASSERT_GT(sessions.count(), 0);
+    EXPECT_EQ(role(sessions, 0, "project"), QString::fromStdString(model.sessions().front().projectName));
+    EXPECT_EQ(role(sessions, 0, "cost").toString().front(), '$');
 
     EXPECT_FALSE(view.hooksInstalled());
     view.setHooksInstalled(true);
@@ -123,8 +185,11 @@ TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
     view.setInput(QStringLiteral("ans / 2"));
     EXPECT_EQ(view.answer(), "84");
     EXPECT_TRUE(view.commit());
-    ASSERT_EQ(view.entries().size(), 2);
-    EXPECT_EQ(view.entries().front().toMap().value(QStringLiteral("expression")).toString(), "ans / 2");
+    const auto& entries = *view.entries();
+    ASSERT_EQ(entries.count(), 2);
+    EXPECT_EQ(role(entries, 0, "expression"), "ans / 2");
+    EXPECT_EQ(role(entries, 0, "entryIndex"), 1);
+    EXPECT_EQ(role(entries, 1, "result"), "168");
     EXPECT_EQ(view.previousAnswer(), "84");
     view.recall(0);
     EXPECT_EQ(view.input(), "24*7");

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The mark drawn for agent activities; it breathes while the agent works.
 Icon {

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // Three small level bars, moving while something plays.
 Row {

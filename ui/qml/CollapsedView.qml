@@ -1,11 +1,11 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The live activity beside the notch: the leading cell left of the camera, the trailing one right.
 // Only a change of kind plays the transition; updates within a kind just change the text.
 Item {
     id: collapsed
-    property real inset: 68
+    property real inset: Shell.activityWing
 
     Item {
         id: row

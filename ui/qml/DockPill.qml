@@ -1,11 +1,11 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The row of tools below the open panel.
 Rectangle {
     height: 46
     width: rail.width
     radius: 23
-    color: Shell.glass ? "#D91C1C1E" : "black"
+    color: Shell.glass ? Theme.glassDark : "black"
     ToolRail { id: rail; anchors.centerIn: parent }
 }

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The catcher over the notch: a click opens the panel, a file drag turns it to the Shelf.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // What a tool shows until it is built: its own name and what it will do, never invented data.
 Item {

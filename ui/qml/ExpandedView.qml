@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The open panel: a header with the tool's name and controls, then the tool itself.
 Item {

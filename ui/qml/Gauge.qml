@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // A ring that fills clockwise from the top, with a figure in the middle.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // A round 22-point button of the panel header.
 Rectangle {

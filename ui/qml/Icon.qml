@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // One glyph of the icon font; `glyph` comes from Shell.glyph(symbol name).
 Text {

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The content of the notch panel: one shape that grows from the notch into the open panel, and the
 // dock below it.
@@ -11,7 +11,7 @@ Item {
     readonly property bool expanded: Shell.expanded
     // A real notch with nothing to show stands alone; a simulated one is always drawn.
     readonly property bool shellVisible: expanded || Shell.hasActivity || Shell.simulated
-    readonly property real collapsedWidth: Shell.notchWidth + (Shell.hasActivity ? 136 : 0)
+    readonly property real collapsedWidth: Shell.collapsedWidth
 
     NotchShell {
         id: shell
@@ -20,7 +20,7 @@ Item {
         visible: root.shellVisible
         width: root.expanded ? Shell.panelWidth : root.collapsedWidth
         height: root.expanded ? Shell.panelHeight : Shell.notchHeight
-        cornerRadius: root.expanded ? 36 : 14
+        cornerRadius: Shell.cornerRadius
         elevated: root.expanded
         glass: Shell.glass
         light: Shell.lightAppearance
@@ -55,7 +55,7 @@ Item {
     function reportShape() {
         var s = shell.visible ? Qt.rect(shell.x, shell.y, shell.width, shell.height) : Qt.rect(0, 0, 0, 0)
         var d = dock.visible ? Qt.rect(dock.x, dock.y, dock.width, dock.height) : Qt.rect(0, 0, 0, 0)
-        Shell.reportShape(s, d)
+        Shell.reportShape(s, shell.cornerRadius, d)
     }
     Connections {
         target: shell
@@ -63,6 +63,7 @@ Item {
         function onWidthChanged() { root.reportShape() }
         function onHeightChanged() { root.reportShape() }
         function onVisibleChanged() { root.reportShape() }
+        function onCornerRadiusChanged() { root.reportShape() }
     }
     Connections {
         target: dock

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The one black shape under the notch: square top corners, rounded bottom ones.
 Item {
@@ -29,7 +29,7 @@ Item {
         id: fill
         anchors.fill: parent
         radius: shell.cornerRadius
-        color: shell.glass ? (shell.light ? "#E6F2F2F7" : "#D91C1C1E") : "black"
+        color: shell.glass ? (shell.light ? Theme.glassLight : Theme.glassDark) : "black"
     }
     // Squares off the top corners.
     Rectangle {

@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // A thin ring filled clockwise from the top.
 Canvas {

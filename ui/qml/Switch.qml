@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // An on/off switch in the shell's style.
 Rectangle {

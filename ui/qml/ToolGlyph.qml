@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // A tool's icon in a rounded square tinted with the tool's colour.
 Rectangle {

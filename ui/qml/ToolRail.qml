@@ -1,5 +1,5 @@
 import QtQuick
-import "."
+import Vantrelle.Shell
 
 // The row of enabled tools, with a highlight that slides to the selected one.
 Item {
@@ -21,10 +21,7 @@ Item {
                                           easing.overshoot: Theme.snappyOvershoot } }
     }
 
-    property int selectedIndex: {
-        for (var i = 0; i < Shell.tabs.length; ++i) if (Shell.tabs[i].raw === Shell.tab) return i
-        return -1
-    }
+    property int selectedIndex: Shell.tabIndex
 
     Row {
         id: tools
@@ -33,18 +30,22 @@ Item {
         Repeater {
             model: Shell.tabs
             Item {
+                id: item
+                required property string raw
+                required property string icon
+                required property color tint
                 width: 32
                 height: 32
                 ToolGlyph {
                     anchors.centerIn: parent
-                    glyph: modelData.icon
-                    tint: modelData.tint
+                    glyph: item.icon
+                    tint: item.tint
                     size: 28
                 }
                 MouseArea {
                     anchors.fill: parent
                     cursorShape: Qt.PointingHandCursor
-                    onClicked: Shell.selectTab(modelData.raw)
+                    onClicked: Shell.selectTab(item.raw)
                 }
             }
         }

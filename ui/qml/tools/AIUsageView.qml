@@ -1,5 +1,5 @@
 import QtQuick
-import ".."
+import Vantrelle.Shell
 
 // Tokens and cost of today and the week, the current 5-hour window as a gauge, and the sessions of
 // Claude Code, Codex and Gemini CLI with their last prompts.
@@ -87,24 +87,30 @@ Item {
                 Repeater {
                     model: AIUsage.days
                     Column {
+                        id: day
+                        required property string label
+                        required property string tokens
+                        required property string cost
+                        required property real fraction
+                        required property bool isToday
                         spacing: 3
                         anchors.bottom: parent.bottom
                         Rectangle {
                             width: 24
-                            height: Math.max(3, 62 * modelData.fraction)
+                            height: Math.max(3, 62 * day.fraction)
                             radius: 4
-                            color: modelData.isToday ? Theme.purple : Qt.rgba(0.75, 0.35, 0.95, 0.45)
+                            color: day.isToday ? Theme.purple : Qt.rgba(0.75, 0.35, 0.95, 0.45)
                             MouseArea { id: barHover; anchors.fill: parent; hoverEnabled: true }
                             Rectangle {
                                 visible: barHover.containsMouse
                                 anchors { bottom: parent.top; horizontalCenter: parent.horizontalCenter; bottomMargin: 4 }
                                 width: tip.implicitWidth + 10; height: tip.implicitHeight + 6; radius: 5
                                 color: Theme.surfaceStrong
-                                Text { id: tip; anchors.centerIn: parent; text: modelData.tokens + " · " + modelData.cost
+                                Text { id: tip; anchors.centerIn: parent; text: day.tokens + " · " + day.cost
                                        color: Theme.label; font.pixelSize: 10 }
                             }
                         }
-                        Text { text: modelData.label; color: Theme.secondaryLabel; font.pixelSize: 10
+                        Text { text: day.label; color: Theme.secondaryLabel; font.pixelSize: 10
                                anchors.horizontalCenter: parent.horizontalCenter }
                     }
                 }
@@ -118,14 +124,14 @@ Item {
             Gauge {
                 id: gauge
                 anchors.horizontalCenter: parent.horizontalCenter
-                progress: AIUsage.block.progress || 0
+                progress: AIUsage.block.progress
                 tint: AIUsage.block.overBudget ? Theme.orange : Theme.purple
-                label: AIUsage.block.tokens || "–"
-                caption: AIUsage.block.tokens ? "5-hour window" : "No window open"
+                label: AIUsage.block.open ? AIUsage.block.tokens : "–"
+                caption: AIUsage.block.open ? "5-hour window" : "No window open"
             }
             Column {
                 anchors { top: gauge.bottom; topMargin: 6; horizontalCenter: parent.horizontalCenter }
-                visible: AIUsage.block.tokens !== undefined
+                visible: AIUsage.block.open
                 spacing: 2
                 Text { text: AIUsage.block.burn + " · " + AIUsage.block.cost; color: Theme.label; font.pixelSize: 11
                        anchors.horizontalCenter: parent.horizontalCenter }
@@ -146,6 +152,17 @@ Item {
             spacing: 4
             model: AIUsage.sessions
             delegate: Rectangle {
+                id: session
+                required property string sessionState
+                required property string tool
+                required property string project
+                required property string title
+                required property string branch
+                required property string modelFamily
+                required property string tokens
+                required property string cost
+                required property string active
+                required property string lastPrompt
                 width: sessions.width
                 height: promptText.visible ? 52 : 36
                 radius: 10
@@ -154,24 +171,24 @@ Item {
                     id: stateDot
                     anchors { left: parent.left; leftMargin: 10; top: parent.top; topMargin: 14 }
                     width: 8; height: 8; radius: 4
-                    color: modelData.state === "running" ? Theme.positive
-                         : modelData.state === "waiting" ? Theme.orange : Theme.secondaryLabel
+                    color: session.sessionState === "running" ? Theme.positive
+                         : session.sessionState === "waiting" ? Theme.orange : Theme.secondaryLabel
                 }
                 Column {
                     anchors { left: stateDot.right; leftMargin: 8; right: figures.left; rightMargin: 8; top: parent.top; topMargin: 6 }
                     Text {
                         width: parent.width
                         elide: Text.ElideRight
-                        text: modelData.project + (modelData.branch ? "  ⎇ " + modelData.branch : "") + "  ·  " + modelData.title
+                        text: session.project + (session.branch ? "  ⎇ " + session.branch : "") + "  ·  " + session.title
                         color: Theme.label
                         font.pixelSize: 12
                     }
                     Text {
                         id: promptText
-                        visible: modelData.lastPrompt !== ""
+                        visible: session.lastPrompt !== ""
                         width: parent.width
                         elide: Text.ElideRight
-                        text: "“" + modelData.lastPrompt + "”"
+                        text: "“" + session.lastPrompt + "”"
                         color: Theme.secondaryLabel
                         font.pixelSize: 11
                     }
@@ -179,9 +196,9 @@ Item {
                 Column {
                     id: figures
                     anchors { right: parent.right; rightMargin: 10; top: parent.top; topMargin: 6 }
-                    Text { anchors.right: parent.right; text: modelData.tokens + " · " + modelData.cost
+                    Text { anchors.right: parent.right; text: session.tokens + " · " + session.cost
                            color: Theme.label; font.pixelSize: 12 }
-                    Text { anchors.right: parent.right; text: modelData.tool + " · " + modelData.model + " · " + modelData.active
+                    Text { anchors.right: parent.right; text: session.tool + " · " + session.modelFamily + " · " + session.active
                            color: Theme.secondaryLabel; font.pixelSize: 10 }
                 }
             }

@@ -1,5 +1,5 @@
 import QtQuick
-import ".."
+import Vantrelle.Shell
 
 // Type maths, units or currencies; the answer appears as you type, Return keeps the line.
 Item {
@@ -73,6 +73,11 @@ Item {
         spacing: 2
         model: Calc.entries
         delegate: Rectangle {
+            id: entry
+            required property int entryIndex
+            required property string expression
+            required property string result
+            required property string detail
             width: history.width
             height: 34
             radius: 8
@@ -80,7 +85,7 @@ Item {
             Text {
                 anchors { left: parent.left; leftMargin: 12; verticalCenter: parent.verticalCenter }
                 width: parent.width * 0.55
-                text: modelData.expression
+                text: entry.expression
                 color: Theme.secondaryLabel
                 font.pixelSize: 14
                 elide: Text.ElideRight
@@ -88,9 +93,9 @@ Item {
             Row {
                 anchors { right: parent.right; rightMargin: 12; verticalCenter: parent.verticalCenter }
                 spacing: 8
-                Text { text: modelData.detail; color: Theme.secondaryLabel; font.pixelSize: 11
+                Text { text: entry.detail; color: Theme.secondaryLabel; font.pixelSize: 11
                        anchors.verticalCenter: parent.verticalCenter; visible: text !== "" }
-                Text { text: modelData.result; color: Theme.label; font.pixelSize: 15; font.weight: Font.DemiBold }
+                Text { text: entry.result; color: Theme.label; font.pixelSize: 15; font.weight: Font.DemiBold }
             }
             MouseArea {
                 id: rowHover
@@ -98,8 +103,8 @@ Item {
                 hoverEnabled: true
                 cursorShape: Qt.PointingHandCursor
                 // A click copies the answer; a double click brings the line back to edit.
-                onClicked: Calc.copy(modelData.result)
-                onDoubleClicked: { Calc.recall(modelData.index); field.forceActiveFocus() }
+                onClicked: Calc.copy(entry.result)
+                onDoubleClicked: { Calc.recall(entry.entryIndex); field.forceActiveFocus() }
             }
         }
         Text {

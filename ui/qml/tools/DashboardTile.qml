@@ -1,24 +1,29 @@
 import QtQuick
-import ".."
+import Vantrelle.Shell
 
 // One Dashboard tile.
 Rectangle {
     id: card
-    property var tile
+    required property string raw
+    required property string title
+    required property string icon
+    required property string subtitle
+    required property string tool
+    required property color tint
     radius: 16
-    color: hover.containsMouse && tile.tool !== "" ? "#262628" : Theme.surface
+    color: hover.containsMouse && card.tool !== "" ? "#262628" : Theme.surface
 
     Row {
-        id: title
+        id: heading
         anchors { left: parent.left; top: parent.top; margins: 12 }
         spacing: 6
-        Icon { glyph: card.tile.icon; size: 14; color: card.tile.tint; anchors.verticalCenter: parent.verticalCenter }
-        Text { text: card.tile.title; color: Theme.label; font.pixelSize: 12; font.weight: Font.DemiBold }
+        Icon { glyph: card.icon; size: 14; color: card.tint; anchors.verticalCenter: parent.verticalCenter }
+        Text { text: card.title; color: Theme.label; font.pixelSize: 12; font.weight: Font.DemiBold }
     }
 
     Loader {
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; top: title.bottom; margins: 12 }
-        sourceComponent: card.tile.raw === "aiUsage" ? usage : placeholder
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; top: heading.bottom; margins: 12 }
+        sourceComponent: card.raw === "aiUsage" ? usage : placeholder
     }
 
     Component {
@@ -34,14 +39,14 @@ Rectangle {
                 radius: 2.5
                 color: Qt.rgba(1, 1, 1, 0.1)
                 Rectangle {
-                    width: parent.width * (AIUsage.block.progress || 0)
+                    width: parent.width * AIUsage.block.progress
                     height: parent.height
                     radius: parent.radius
                     color: AIUsage.block.overBudget ? Theme.orange : Theme.purple
                 }
             }
             Text {
-                text: AIUsage.block.tokens ? AIUsage.block.tokens + " in window · " + AIUsage.block.timeLeft + " left"
+                text: AIUsage.block.open ? AIUsage.block.tokens + " in window · " + AIUsage.block.timeLeft + " left"
                                            : "No 5-hour window open"
                 color: Theme.secondaryLabel
                 font.pixelSize: 10
@@ -53,7 +58,7 @@ Rectangle {
         Text {
             wrapMode: Text.WordWrap
             verticalAlignment: Text.AlignBottom
-            text: card.tile.subtitle
+            text: card.subtitle
             color: Theme.secondaryLabel
             font.pixelSize: 11
         }
@@ -63,7 +68,7 @@ Rectangle {
         id: hover
         anchors.fill: parent
         hoverEnabled: true
-        cursorShape: card.tile.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
-        onClicked: if (card.tile.tool !== "") Shell.selectTab(card.tile.tool)
+        cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
+        onClicked: if (card.tool !== "") Shell.selectTab(card.tool)
     }
 }

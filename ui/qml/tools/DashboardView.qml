@@ -1,5 +1,5 @@
 import QtQuick
-import ".."
+import Vantrelle.Shell
 
 // Everything at a glance: the user's eight tiles, two rows of four. A tile whose tool is built shows
 // live figures; the others say what they will hold. A click opens the tile's tool.
@@ -9,10 +9,7 @@ Item {
     onShownNowChanged: AIUsage.setShown(shownNow && hasUsageTile)
     Component.onCompleted: AIUsage.setShown(shownNow && hasUsageTile)
     Component.onDestruction: AIUsage.setShown(false)
-    readonly property bool hasUsageTile: {
-        for (var i = 0; i < Shell.dashboardTiles.length; ++i) if (Shell.dashboardTiles[i].raw === "aiUsage") return true
-        return false
-    }
+    readonly property bool hasUsageTile: Shell.dashboardShowsUsage
 
     Grid {
         id: grid
@@ -25,7 +22,6 @@ Item {
             DashboardTile {
                 width: (grid.width - 3 * grid.spacing) / 4
                 height: (grid.height - grid.spacing) / 2
-                tile: modelData
             }
         }
     }

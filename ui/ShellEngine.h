@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QJSEngine>
+#include <QQmlEngine>
+#include <QUrl>
+
+namespace vantrelle {
+
+class AIUsageViewModel;
+class CalcViewModel;
+class ShellModel;
+
+// The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
+// singletons the view models the composition root built. The view models stay the composition root's.
+class ShellEngine final : public QQmlEngine {
+    Q_OBJECT
+
+public:
+    explicit ShellEngine(QObject* parent = nullptr);
+
+    // What the Shell, Calc and AIUsage singletons are; set before the first view that reads them loads.
+    struct ViewModels {
+        ShellModel* shell = nullptr;
+        CalcViewModel* calc = nullptr;
+        AIUsageViewModel* aiUsage = nullptr;
+    };
+    ViewModels viewModels;
+
+    // A component of the module by its type name, e.g. "NotchRoot".
+    [[nodiscard]] static QUrl componentUrl(const QString& name);
+
+    // A singleton's factory: the view model set on the engine, kept from the engine's garbage
+    // collector; null (and logged) where none was set.
+    template <typename T>
+    static T* provide(QQmlEngine* engine, T* ViewModels::*member) {
+        auto* shell = qobject_cast<ShellEngine*>(engine);
+        T* model = shell ? shell->viewModels.*member : nullptr;
+        if (!model) {
+            logMissing(T::staticMetaObject.className());
+            return nullptr;
+        }
+        QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+        return model;
+    }
+
+private:
+    static void logMissing(const char* type);
+};
+
+}  // namespace vantrelle

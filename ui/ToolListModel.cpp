@@ -1,0 +1,28 @@
+#include "ToolListModel.h"
+
+namespace vantrelle {
+
+QVariant ToolListModel::data(const QModelIndex& index, int role) const {
+    const Row* row = rowAt(m_rows, index);
+    if (!row) return {};
+    switch (static_cast<Role>(role)) {
+        case Role::raw:
+            return row->raw;
+        case Role::title:
+            return row->title;
+        case Role::icon:
+            return row->icon;
+        case Role::tint:
+            return row->tint;
+    }
+    return {};
+}
+
+QHash<int, QByteArray> ToolListModel::roleNames() const {
+    return {{static_cast<int>(Role::raw), "raw"},
+            {static_cast<int>(Role::title), "title"},
+            {static_cast<int>(Role::icon), "icon"},
+            {static_cast<int>(Role::tint), "tint"}};
+}
+
+}  // namespace vantrelle
