@@ -19,6 +19,8 @@ Application::Application(const Environment& environment)
       m_loginItem(m_paths.autostartEntry(), QCoreApplication::applicationFilePath().toStdString()),
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
+      m_desktop(m_x),
+      m_pasteboard(m_x),
       m_claudeHooks(m_paths, environment),
       m_claudeAlerts(ClaudeAlertCenter::Dependencies{
           m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(), m_activities,
@@ -103,8 +105,8 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
     m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
 
-    m_pointer =
-        std::make_unique<PointerMonitor>([&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+    m_pointer = std::make_unique<PointerMonitor>(
+        m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
             overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
         });
 

@@ -30,6 +30,7 @@
 #include "x11/DragPasteboard.h"
 #include "x11/PointerMonitor.h"
 #include "x11/X11Desktop.h"
+#include "x11/XConnection.h"
 
 namespace vantrelle {
 
@@ -55,6 +56,7 @@ private:
     XdgAutostart m_loginItem;
     AppSettings m_settings;
     LiveActivityCenter m_activities;
+    XConnection m_x;  // the X11 adapters' one connection
     X11Desktop m_desktop;
     CameraProbe m_cameraProbe;
     CameraUse m_cameraUse;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "Application.h"
+#include "DisplayPlatform.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -15,12 +16,17 @@ int main(int argc, char** argv) {
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
 
+    DisplayPlatform::preferX11();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrelle"));
     QApplication::setQuitOnLastWindowClosed(false);  // closing a window never ends the program
 
     ThreadQueueFactory logQueues;
     DebugLog::configureFromEnvironment(ProcessEnvironment::shared(), logQueues);
+    if (!DisplayPlatform::check()) {
+        DebugLog::disable();
+        return 1;
+    }
     DebugLog::write("launch: Vantrelle starting");
 
     Application app(ProcessEnvironment::shared());

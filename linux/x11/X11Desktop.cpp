@@ -29,41 +29,19 @@ std::vector<xcb_rectangle_t> rectangles(const QRegion& region) {
 
 }  // namespace
 
-X11Desktop::X11Desktop() {
-    m_connection = xcb_connect(nullptr, &m_screenNumber);
-    if (xcb_connection_has_error(m_connection)) {
-        xcb_disconnect(m_connection);
-        m_connection = nullptr;
-        return;
-    }
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
-    for (int i = 0; i < m_screenNumber && screens.rem; ++i) xcb_screen_next(&screens);
-    m_root = screens.data->root;
-}
-
-X11Desktop::~X11Desktop() {
-    if (m_connection) xcb_disconnect(m_connection);
-}
-
-std::uint32_t X11Desktop::atom(const char* name) const {
-    auto reply = own(xcb_intern_atom_reply(
-        m_connection, xcb_intern_atom(m_connection, 1, static_cast<std::uint16_t>(std::strlen(name)), name),
-        nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {
-    if (!m_connection) return false;
-    const auto activeAtom = atom("_NET_ACTIVE_WINDOW");
+    xcb_connection_t* c = m_connection.get();
+    if (!c) return false;
+    const auto activeAtom = m_connection.atom("_NET_ACTIVE_WINDOW");
     auto active = own(xcb_get_property_reply(
-        m_connection, xcb_get_property(m_connection, 0, m_root, activeAtom, XCB_ATOM_WINDOW, 0, 1), nullptr));
+        c, xcb_get_property(c, 0, m_connection.root(), activeAtom, XCB_ATOM_WINDOW, 0, 1), nullptr));
     if (!active || xcb_get_property_value_length(active.get()) < 4) return false;
     const auto window = *static_cast<xcb_window_t*>(xcb_get_property_value(active.get()));
     if (window == XCB_WINDOW_NONE) return false;
 
-    const auto fullScreenAtom = atom("_NET_WM_STATE_FULLSCREEN");
+    const auto fullScreenAtom = m_connection.atom("_NET_WM_STATE_FULLSCREEN");
     auto state = own(xcb_get_property_reply(
-        m_connection, xcb_get_property(m_connection, 0, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 0, 32),
+        c, xcb_get_property(c, 0, window, m_connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 0, 32),
         nullptr));
     if (!state) return false;
     const auto* atoms = static_cast<xcb_atom_t*>(xcb_get_property_value(state.get()));
@@ -73,39 +51,39 @@ bool X11Desktop::activeWindowIsFullScreen(const QRect& screen) const {
     if (!fullScreen) return false;
 
     // Full screen on another display leaves the notch alone.
-    auto geometry =
-        own(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    auto geometry = own(xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr));
     auto origin = own(xcb_translate_coordinates_reply(
-        m_connection, xcb_translate_coordinates(m_connection, window, m_root, 0, 0), nullptr));
+        c, xcb_translate_coordinates(c, window, m_connection.root(), 0, 0), nullptr));
     if (!geometry || !origin) return false;
     const QRect frame(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
     return frame.intersects(screen) && frame.intersected(screen).size() == screen.size();
 }
 
 bool X11Desktop::hasCompositor() const {
-    if (!m_connection) return false;
-    const std::string name = "_NET_WM_CM_S" + std::to_string(m_screenNumber);
+    xcb_connection_t* c = m_connection.get();
+    if (!c) return false;
+    const std::string name = "_NET_WM_CM_S" + std::to_string(m_connection.screenNumber());
     auto owner = own(xcb_get_selection_owner_reply(
-        m_connection, xcb_get_selection_owner(m_connection, atom(name.c_str())), nullptr));
+        c, xcb_get_selection_owner(c, m_connection.atom(name.c_str())), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
 void X11Desktop::setShapes(const QWindow& window, const std::optional<QRegion>& bounding,
                            const QRegion& input) const {
-    if (!m_connection) return;
+    xcb_connection_t* c = m_connection.get();
+    if (!c) return;
     const auto id = static_cast<xcb_window_t>(window.winId());
     if (bounding) {
         const auto rects = rectangles(*bounding);
-        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
-                             XCB_CLIP_ORDERING_UNSORTED, id, 0, 0, static_cast<std::uint32_t>(rects.size()),
-                             rects.data());
+        xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, id, 0, 0,
+                             static_cast<std::uint32_t>(rects.size()), rects.data());
     } else {
-        xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id, 0, 0, XCB_PIXMAP_NONE);
+        xcb_shape_mask(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id, 0, 0, XCB_PIXMAP_NONE);
     }
     const auto inputRects = rectangles(input);
-    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, id,
-                         0, 0, static_cast<std::uint32_t>(inputRects.size()), inputRects.data());
-    xcb_flush(m_connection);
+    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, id, 0, 0,
+                         static_cast<std::uint32_t>(inputRects.size()), inputRects.data());
+    xcb_flush(c);
 }
 
 }  // namespace vantrelle

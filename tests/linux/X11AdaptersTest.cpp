@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "TestApplication.h"
+#include "x11/DragPasteboard.h"
+#include "x11/PointerMonitor.h"
+#include "x11/X11Desktop.h"
+#include "x11/XConnection.h"
+
+namespace vantrelle {
+namespace {
+
+// Turns the event loop until `done`, for what another process does; a generous limit.
+template <typename Done>
+bool spinUntil(Done done, int limitMs = 5000) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return done();
+}
+
+// Sets DISPLAY for one test and puts the old value back.
+class DisplayVariable {
+public:
+    explicit DisplayVariable(const std::string& value) {
+        if (const char* old = std::getenv("DISPLAY")) m_old = old;
+        setenv("DISPLAY", value.c_str(), 1);
+    }
+    ~DisplayVariable() {
+        if (m_old) {
+            setenv("DISPLAY", m_old->c_str(), 1);
+        } else {
+            unsetenv("DISPLAY");
+        }
+    }
+    DisplayVariable(const DisplayVariable&) = delete;
+    DisplayVariable& operator=(const DisplayVariable&) = delete;
+
+private:
+    std::optional<std::string> m_old;
+};
+
+// A private X server for the test suite; the tests skip where Xvfb isn't installed.
+class X11Adapters : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        testing::testApplication();
+        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty()) return;
+        server = new QProcess;
+        // Xvfb writes the display number it took to the descriptor named.
+        server->start(QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("800x600x24"), QStringLiteral("-nolisten"),
+                       QStringLiteral("tcp")});
+        if (server->waitForReadyRead(10000)) display = ":" + server->readLine().trimmed().toStdString();
+    }
+    static void TearDownTestSuite() {
+        if (!server) return;
+        server->terminate();
+        server->waitForFinished(5000);
+        delete server;
+        server = nullptr;
+    }
+    void SetUp() override {
+        if (display.empty()) GTEST_SKIP() << "no Xvfb";
+        variable.emplace(display);
+    }
+
+    static inline QProcess* server = nullptr;
+    static inline std::string display;
+    std::optional<DisplayVariable> variable;
+};
+
+// Another program on the same display: owns a window and the drag selection.
+class OtherClient {
+public:
+    OtherClient() : m_c(xcb_connect(nullptr, nullptr)) {
+        m_window = xcb_generate_id(m_c);
+        const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(m_c)).data;
+        xcb_create_window(m_c, XCB_COPY_FROM_PARENT, m_window, screen->root, 0, 0, 10, 10, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+        xcb_flush(m_c);
+    }
+    ~OtherClient() { xcb_disconnect(m_c); }
+    OtherClient(const OtherClient&) = delete;
+    OtherClient& operator=(const OtherClient&) = delete;
+
+    xcb_atom_t atom(const char* name) {
+        auto* reply = xcb_intern_atom_reply(
+            m_c, xcb_intern_atom(m_c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
+        const xcb_atom_t atom = reply->atom;
+        std::free(reply);
+        return atom;
+    }
+    void startDrag(const std::vector<const char*>& types) {
+        std::vector<xcb_atom_t> atoms;
+        for (const char* type : types) atoms.push_back(atom(type));
+        if (!atoms.empty()) {
+            xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, m_window, atom("XdndTypeList"), XCB_ATOM_ATOM, 32,
+                                static_cast<std::uint32_t>(atoms.size()), atoms.data());
+        } else {
+            xcb_delete_property(m_c, m_window, atom("XdndTypeList"));
+        }
+        xcb_set_selection_owner(m_c, m_window, atom("XdndSelection"), XCB_CURRENT_TIME);
+        xcb_flush(m_c);
+    }
+    void endDrag() {
+        xcb_set_selection_owner(m_c, XCB_WINDOW_NONE, atom("XdndSelection"), XCB_CURRENT_TIME);
+        xcb_flush(m_c);
+    }
+
+private:
+    xcb_connection_t* m_c;
+    xcb_window_t m_window = 0;
+};
+
+TEST_F(X11Adapters, TheAdaptersShareOneConnectionAndEachHearsItsOwnEvents) {
+    XConnection connection;
+    ASSERT_TRUE(connection.isOpen());
+    std::vector<std::pair<int, int>> moves;
+    PointerMonitor pointer(connection, [&](NotchOverlayController::MouseEvent type, int x, int y) {
+        if (type == NotchOverlayController::MouseEvent::mouseMoved) moves.emplace_back(x, y);
+    });
+    X11DragPasteboard pasteboard(connection);
+    X11Desktop desktop(connection);
+    EXPECT_TRUE(pointer.isRunning());
+    EXPECT_TRUE(desktop.isAvailable());
+    EXPECT_FALSE(desktop.hasCompositor());
+    EXPECT_FALSE(pasteboard.hasFileUrls());
+
+    // A drag of files, then one of text, then none: each new owner of the drag selection counts.
+    OtherClient other;
+    other.startDrag({"text/plain", "text/uri-list"});
+    ASSERT_TRUE(spinUntil([&] { return pasteboard.changeCount() == 1; }));
+    EXPECT_TRUE(pasteboard.hasFileUrls());
+    other.startDrag({"text/plain", "UTF8_STRING"});
+    ASSERT_TRUE(spinUntil([&] { return pasteboard.changeCount() == 2; }));
+    EXPECT_FALSE(pasteboard.hasFileUrls());
+    other.startDrag({});  // a source that names its few types only to the target
+    ASSERT_TRUE(spinUntil([&] { return pasteboard.changeCount() == 3; }));
+    EXPECT_TRUE(pasteboard.hasFileUrls());
+    other.endDrag();
+    ASSERT_TRUE(spinUntil([&] { return pasteboard.changeCount() == 4; }));
+    EXPECT_FALSE(pasteboard.hasFileUrls());
+
+    // Real pointer motion on the same connection reaches the pointer monitor with its position.
+    if (QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty()) GTEST_SKIP() << "no xdotool";
+    QProcess::execute(QStringLiteral("xdotool"),
+                      {QStringLiteral("mousemove"), QStringLiteral("120"), QStringLiteral("80"),
+                       QStringLiteral("mousemove_relative"), QStringLiteral("1"), QStringLiteral("0")});
+    ASSERT_TRUE(spinUntil([&] { return !moves.empty() && moves.back() == std::pair{121, 80}; }));
+    EXPECT_EQ(pasteboard.changeCount(), 4);  // pointer events are not drags
+}
+
+TEST(X11AdaptersWithoutDisplay, StayOffAndAnswerNo) {
+    testing::testApplication();
+    DisplayVariable display(":65000");  // no server there
+    XConnection connection;
+    EXPECT_FALSE(connection.isOpen());
+    PointerMonitor pointer(connection, [](NotchOverlayController::MouseEvent, int, int) {});
+    X11DragPasteboard pasteboard(connection);
+    X11Desktop desktop(connection);
+    EXPECT_FALSE(pointer.isRunning());
+    EXPECT_FALSE(desktop.isAvailable());
+    EXPECT_FALSE(desktop.hasCompositor());
+    EXPECT_FALSE(desktop.activeWindowIsFullScreen(QRect(0, 0, 800, 600)));
+    EXPECT_FALSE(pasteboard.hasFileUrls());
+    EXPECT_EQ(pasteboard.changeCount(), 0);
+    EXPECT_EQ(connection.atom("XdndSelection"), 0u);
+}
+
+}  // namespace
+}  // namespace vantrelle
