@@ -10,12 +10,12 @@ namespace {
 
 constexpr std::array<DashTileInfo, kDashTileCount> kTiles{{
     {"today", "Today", "calendar", "Your next two events"},
-    {"launcher", "Launcher", "square.grid.2x2", "Your Dock apps, one click away"},
+    {"launcher", "Launcher", "square.grid.2x2", "Your favourite apps, one click away"},
     {"pomodoro", "Pomodoro", "briefcase.fill", "Timer, controls and today's blocks"},
     {"dayProgress", "Day Progress", "sunrise", "Time left in your workday, plus cursor mileage"},
     {"tasks", "Tasks", "checkmark.circle", "Your open tasks"},
     {"notes", "Notes", "note.text", "Your latest notes"},
-    {"reminders", "Reminders", "bell", "Apple Reminders due soon"},
+    {"reminders", "Reminders", "bell", "Reminders due soon"},
     {"quickToggles", "Quick toggles", "switch.2", "Dark mode, keep awake, lock and more"},
     {"music", "Music", "music.note", "What's playing, with controls"},
     {"aiUsage", "AI Usage", "sparkles", "Today's tokens, cost and the 5-hour window"},

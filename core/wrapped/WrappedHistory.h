@@ -43,7 +43,7 @@ public:
 
     [[nodiscard]] const std::map<std::string, Day>& days() const { return m_days; }
     [[nodiscard]] const std::optional<Date>& trackingSince() const { return m_trackingSince; }
-    [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file; }
+    [[nodiscard]] const std::filesystem::path& filePath() const { return m_file; }
 
     // "yyyy-MM-dd" of the local calendar.
     [[nodiscard]] static std::string key(Date date);
