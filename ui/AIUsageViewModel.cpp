@@ -25,18 +25,6 @@ QDateTime local(Date date) {
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(date.seconds * 1000));
 }
 
-QString toolName(AgentTool tool) {
-    switch (tool) {
-        case AgentTool::claudeCode:
-            return QStringLiteral("Claude Code");
-        case AgentTool::codex:
-            return QStringLiteral("Codex");
-        case AgentTool::gemini:
-            return QStringLiteral("Gemini CLI");
-    }
-    return {};
-}
-
 std::vector<UsageDayListModel::Row> dayRows(const std::vector<AIDayTotals>& days) {
     const auto fractions = AIUsageGauges::dayFractions(days);
     std::vector<UsageDayListModel::Row> rows;
@@ -51,9 +39,10 @@ std::vector<UsageDayListModel::Row> dayRows(const std::vector<AIDayTotals>& days
 std::vector<UsageSessionListModel::Row> sessionRows(const std::vector<AgentSession>& sessions) {
     std::vector<UsageSessionListModel::Row> rows;
     for (const auto& s : sessions) {
-        rows.push_back({QString::fromUtf8(rawValue(s.state).data()), toolName(s.tool), text(s.projectName),
-                        text(s.title), s.branch ? text(*s.branch) : QString(), text(s.modelFamily),
-                        tokens(s.tokens), cost(s.cost), text(AIFormat::duration(s.activeSeconds)),
+        rows.push_back({QString::fromUtf8(rawValue(s.state).data()), text(std::string(displayName(s.tool))),
+                        text(s.projectName), text(s.title), s.branch ? text(*s.branch) : QString(),
+                        text(s.modelFamily), tokens(s.tokens), cost(s.cost),
+                        text(AIFormat::duration(s.activeSeconds)),
                         s.lastPrompt ? text(*s.lastPrompt) : QString()});
     }
     return rows;

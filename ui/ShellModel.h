@@ -34,6 +34,8 @@ class ShellModel final : public QObject {
     Q_PROPERTY(qreal collapsedWidth READ collapsedWidth NOTIFY collapsedWidthChanged)
     Q_PROPERTY(qreal activityWing READ activityWing CONSTANT)
     Q_PROPERTY(qreal cornerRadius READ cornerRadius NOTIFY stateChanged)
+    Q_PROPERTY(qreal railHeight READ railHeight CONSTANT)
+    Q_PROPERTY(qreal dockGap READ dockGap CONSTANT)
     Q_PROPERTY(bool simulated READ simulated NOTIFY stateChanged)
     Q_PROPERTY(QString tab READ tab NOTIFY stateChanged)
     Q_PROPERTY(QString tabTitle READ tabTitle NOTIFY stateChanged)
@@ -74,6 +76,8 @@ public:
     [[nodiscard]] qreal panelHeight() const { return m_overlay.state().panelSize().height; }
     [[nodiscard]] qreal collapsedWidth() const { return collapsedShellWidth(notchWidth(), hasActivity()); }
     [[nodiscard]] static qreal activityWing() { return kActivityWing; }
+    [[nodiscard]] static qreal railHeight() { return kRailHeight; }
+    [[nodiscard]] static qreal dockGap() { return kDockGap; }
     [[nodiscard]] qreal cornerRadius() const {
         return expanded() ? kExpandedCornerRadius : kCollapsedCornerRadius;
     }

@@ -31,7 +31,7 @@ std::optional<NotchGeometry> NotchGeometry::detect(const std::vector<ScreenInfo>
 
 Rect NotchGeometry::panelFrame(double expandedWidth) const {
     const double width = std::max(notchRect.width + 2 * kActivityWing, expandedWidth) + 56;
-    const double height = NotchLayout::expandedHeight + 12 + 46 + 28;
+    const double height = NotchLayout::expandedHeight + kDockHeight + 28;
     return {notchRect.midX() - width / 2, notchRect.maxY() - height, width, height};
 }
 

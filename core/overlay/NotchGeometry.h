@@ -32,7 +32,10 @@ inline constexpr double kActivityWing = 68;
 // The rounded bottom corners of the shell under the notch, open and closed.
 inline constexpr double kExpandedCornerRadius = 36;
 inline constexpr double kCollapsedCornerRadius = 14;
-inline constexpr double kDockHeight = 58;
+// The row of tools, in the panel or as the dock, which hangs this far below the panel.
+inline constexpr double kRailHeight = 46;
+inline constexpr double kDockGap = 12;
+inline constexpr double kDockHeight = kDockGap + kRailHeight;
 
 // The pointer targets: the collapsed one around the notch (wider with a live activity) and the
 // expanded one from the top of the screen to just below the panel and dock.

@@ -3,9 +3,9 @@ import Vantrelle.Shell
 
 // The row of tools below the open panel.
 Rectangle {
-    height: 46
+    height: Shell.railHeight
     width: rail.width
-    radius: 23
+    radius: height / 2
     color: Shell.glass ? Theme.glassDark : "black"
     ToolRail { id: rail; anchors.centerIn: parent }
 }

@@ -49,7 +49,7 @@ Item {
         id: dock
         visible: root.expanded && Shell.showDock
         anchors.horizontalCenter: parent.horizontalCenter
-        y: Shell.panelHeight + 12
+        y: Shell.panelHeight + Shell.dockGap
     }
 
     function reportShape() {

@@ -4,7 +4,7 @@ import Vantrelle.Shell
 // The row of enabled tools, with a highlight that slides to the selected one.
 Item {
     id: rail
-    height: 46
+    height: Shell.railHeight
     width: tools.width + 16
 
     Rectangle {
