@@ -60,6 +60,8 @@ Application::Application(const Environment& environment)
 }
 
 Application::~Application() {
+    // The views go first, while everything they read is still whole.
+    m_windows.closeViews();
     SharedInstance<AppSettings>::install(nullptr);
     SharedInstance<LiveActivityCenter>::install(nullptr);
     SharedInstance<ClaudeAlertCenter>::install(nullptr);

@@ -73,7 +73,7 @@ private:
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
     QtScreenSource m_screens;
-    // The view models outlive the engine and its views, which may still read them as they close.
+    // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;

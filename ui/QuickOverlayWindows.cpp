@@ -44,6 +44,12 @@ QuickOverlayWindows::QuickOverlayWindows(QQmlEngine& engine, const X11Desktop& d
 
 QuickOverlayWindows::~QuickOverlayWindows() = default;
 
+void QuickOverlayWindows::closeViews() {
+    m_dropZone.reset();
+    m_panel.reset();
+    m_backdrop.reset();
+}
+
 std::unique_ptr<QQuickView> QuickOverlayWindows::makeWindow(const QString& component, bool transparent) {
     auto view = std::make_unique<QQuickView>(&m_engine, nullptr);
     view->setFlags(kOverlayFlags);

@@ -36,6 +36,8 @@ public:
     void setShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     [[nodiscard]] QQuickView* panel() const { return m_panel.get(); }
+    // Destroys the windows and their views; later calls do nothing until the next layout.
+    void closeViews();
 
 private:
     // A window showing a component of the shell's QML module.
