@@ -19,7 +19,7 @@ namespace vantrelle {
 namespace {
 
 constexpr double kWindow = kBlockSeconds;
-constexpr double kMaxGap = 600;     // pauses count at most 10 minutes of active time
+constexpr double kMaxGap = 600;  // pauses count at most 10 minutes of active time
 constexpr double kRunning = 30;
 constexpr double kWaiting = 1'800;
 constexpr std::size_t kMaxSessions = 50;
