@@ -7,6 +7,7 @@
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeProcessTable.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -20,11 +21,6 @@ QGuiApplication& guiApplication() {
     static QGuiApplication* app = new QGuiApplication(argc, argv);
     return *app;
 }
-
-class NoProcesses final : public ProcessTable {
-public:
-    std::optional<std::vector<ProcessInfo>> list(std::string&) override { return std::vector<ProcessInfo>{}; }
-};
 
 class ViewModels : public OverlayFixture {
 protected:
@@ -77,7 +73,7 @@ TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOf
 
 TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     TempDir home;
-    NoProcesses processes;
+    FakeProcessTable processes;
     InlineQueueFactory queues;
     AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
                                                   processes, settings, activities, nullptr, true});
