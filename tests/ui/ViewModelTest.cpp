@@ -27,7 +27,7 @@ protected:
     ViewModels() { guiApplication(); }
 };
 
-TEST_F(ViewModels, ShellFollowsTheActivityAndTicksOnlyForClocks) {
+TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     auto& overlay = started();
     ShellModel shell(overlay, settings, activities, scheduler);
     int changes = 0;
@@ -71,7 +71,7 @@ TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOf
     EXPECT_EQ(shell.toolView(), "qrc:/x.qml");
 }
 
-TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
+TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     TempDir home;
     FakeProcessTable processes;
     InlineQueueFactory queues;
