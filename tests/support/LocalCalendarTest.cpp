@@ -2,17 +2,25 @@
 // tests need no time zone database and the rules can't change under them.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <ctime>
 #include <ostream>
 #include <span>
 
-#include "agents/IsoDate.h"
-#include "agents/LocalCalendar.h"
 #include "fakes/ScopedTimeZone.h"
+#include "support/LocalCalendar.h"
 
 namespace vantrelle {
 
+// Failing rows show UTC times, as the rows are written.
 static void PrintTo(Date date, std::ostream* out) {
-    *out << formatIsoDate(date);
+    const auto whole = static_cast<std::time_t>(std::floor(date.seconds));
+    std::tm parts{};
+    gmtime_r(&whole, &parts);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S", &parts);
+    *out << text << "Z (" << std::fixed << date.seconds << ")";
 }
 
 namespace {
@@ -21,8 +29,18 @@ constexpr const char* kBerlin = "CET-1CEST,M3.5.0,M10.5.0/3";  // 02:00 → 03:0
 constexpr const char* kAdelaide = "ACST-9:30ACDT,M10.1.0,M4.1.0/3";   // half-hour offset, southern summer
 constexpr const char* kSantiago = "<-04>4<-03>,M9.1.6/24,M4.1.6/24";  // the clock jumps at midnight
 
-Date at(const char* iso) {
-    return *parseIsoDate(iso);
+// "2030-03-31T01:00:00Z" or with a fraction of a second, as a Date.
+Date at(const char* utc) {
+    std::tm parts{};
+    double seconds = 0;
+    const int read = std::sscanf(utc, "%d-%d-%dT%d:%d:%lfZ", &parts.tm_year, &parts.tm_mon, &parts.tm_mday,
+                                 &parts.tm_hour, &parts.tm_min, &seconds);
+    EXPECT_EQ(read, 6) << utc;
+    parts.tm_year -= 1900;
+    parts.tm_mon -= 1;
+    const double whole = std::floor(seconds);
+    parts.tm_sec = static_cast<int>(whole);
+    return Date{static_cast<double>(timegm(&parts)) + (seconds - whole)};
 }
 
 // One instant and what the calendar makes of it.

@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "agents/AIFormat.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 namespace {
