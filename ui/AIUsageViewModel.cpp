@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "ShellEngine.h"
-#include "agents/AIFormat.h"
 #include "agents/AIUsageGauges.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QString>
 
-#include "overlay/NotchTheme.h"
+#include "catalog/NotchTheme.h"
 
 namespace vantrelle {
 

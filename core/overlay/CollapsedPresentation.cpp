@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "agents/AIFormat.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 
@@ -18,6 +18,18 @@ template <typename... Ts>
 Overloaded(Ts...) -> Overloaded<Ts...>;
 
 constexpr const char* kNoReading = "--:--";
+
+const char* alertWord(AgentAlertKind kind) {
+    switch (kind) {
+        case AgentAlertKind::approval:
+            return "Approve";
+        case AgentAlertKind::waiting:
+            return "Waiting";
+        case AgentAlertKind::done:
+            return "Done";
+    }
+    return "";
+}
 
 }  // namespace
 
@@ -67,17 +79,7 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
             },
             [&](const LiveActivity::AgentAlert& a) {
                 c.leadingIsAgentMark = true;
-                switch (a.kind) {
-                    case AgentAlertKind::approval:
-                        c.trailingText = "Approve";
-                        break;
-                    case AgentAlertKind::waiting:
-                        c.trailingText = "Waiting";
-                        break;
-                    case AgentAlertKind::done:
-                        c.trailingText = "Done";
-                        break;
-                }
+                c.trailingText = alertWord(a.kind);
             },
             [&](const LiveActivity::Update& u) {
                 c.leadingSymbol = "arrow.down.circle.fill";

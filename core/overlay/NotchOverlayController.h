@@ -4,14 +4,14 @@
 #include <string_view>
 #include <vector>
 
-#include "overlay/LiveActivityCenter.h"
+#include "activity/LiveActivityCenter.h"
+#include "catalog/AppSettings.h"
 #include "overlay/NotchGeometry.h"
 #include "overlay/NotchState.h"
 #include "overlay/OverlayPorts.h"
 #include "overlay/QuietMonitor.h"
 #include "platform/Environment.h"
 #include "platform/SoundPlayer.h"
-#include "support/AppSettings.h"
 #include "support/NotificationCenter.h"
 
 namespace vantrelle {
@@ -77,6 +77,13 @@ public:
     [[nodiscard]] std::optional<Date> headsUpUntil() const { return m_headsUpUntil; }
 
 private:
+    struct PointerPlace {
+        bool overCollapsed = false;
+        bool overExpanded = false;
+    };
+    void followFileDrag(PointerPlace place);
+    void pointerWhileCollapsed(bool isClick, PointerPlace place);
+    void pointerWhileExpanded(bool isClick, bool isDrag, PointerPlace place);
     void scheduleOpen();
     void scheduleClose();
     void openOnMeetingIfShowing();

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "control/ShortcutTarget.h"
+#include "catalog/AppSettings.h"
+#include "catalog/ShortcutTarget.h"
 #include "overlay/Geometry.h"
 #include "platform/Date.h"
-#include "support/AppSettings.h"
 
 namespace vantrelle {
 
@@ -56,6 +56,7 @@ public:
     // Calendar and reminders, where the user allowed them.
     virtual void refreshSchedule() {}
     virtual void addToShelf(const std::vector<std::string>& /*fileUrls*/) {}
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): the platform's ports keep the callback
     virtual void installShortcuts(std::function<void(ShortcutTarget)> /*onFire*/) {}
     // The background services, in their start-up order.
     virtual void startBackgroundServices() {}

@@ -3,8 +3,8 @@
 #include <ctime>
 #include <nlohmann/json.hpp>
 
-#include "agents/LocalCalendar.h"
 #include "support/AtomicFile.h"
+#include "support/LocalCalendar.h"
 
 namespace vantrelle {
 

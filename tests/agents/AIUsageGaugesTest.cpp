@@ -1,35 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-
-#include "agents/AIFormat.h"
 #include "agents/AIUsageGauges.h"
 
 namespace vantrelle {
 namespace {
-
-struct CostRow {
-    const char* name;
-    double dollars;
-    const char* shown;
-};
-
-TEST(AIUsageGaugesTest, CostsShowCentsBelowAHundredDollarsAndWholeDollarsFromThere) {
-    const CostRow rows[] = {
-        {"nothing", 0, "$0.00"},
-        {"rounds to the cent", 3.456, "$3.46"},
-        {"just below a hundred", 99.99, "$99.99"},
-        {"a hundred", 100, "$100"},
-        {"half a dollar rounds up", 1234.5, "$1235"},
-        {"not a number", std::numeric_limits<double>::quiet_NaN(), "$0.00"},
-        {"infinite", std::numeric_limits<double>::infinity(), "$0.00"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(AIFormat::cost(row.dollars), row.shown);
-    }
-}
 
 struct BlockRow {
     const char* name;

@@ -6,6 +6,7 @@
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeProcessTable.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -17,17 +18,12 @@ QVariant role(const QAbstractListModel& model, int row, const char* name) {
     return model.data(model.index(row), model.roleNames().key(name, -1));
 }
 
-class NoProcesses final : public ProcessTable {
-public:
-    std::optional<std::vector<ProcessInfo>> list(std::string&) override { return std::vector<ProcessInfo>{}; }
-};
-
 class ViewModels : public OverlayFixture {
 protected:
     ViewModels() { guiApplication(); }
 };
 
-TEST_F(ViewModels, ShellFollowsTheActivityAndTicksOnlyForClocks) {
+TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     auto& overlay = started();
     ShellModel shell(overlay, settings, activities, scheduler);
     int changes = 0;
@@ -121,9 +117,9 @@ TEST_F(ViewModels, ShellWidensTheClosedShellByAWingEachSideWhileAnActivityIsLive
     EXPECT_EQ(shell.cornerRadius(), kExpandedCornerRadius);
 }
 
-TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
+TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     TempDir home;
-    NoProcesses processes;
+    FakeProcessTable processes;
     InlineQueueFactory queues;
     AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
                                                   processes, settings, activities, nullptr, true});
