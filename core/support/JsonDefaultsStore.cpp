@@ -94,8 +94,8 @@ std::optional<std::map<std::string, DefaultsValue, std::less<>>> JsonDefaultsSto
 }
 
 void JsonDefaultsStore::changed() {
-    if (!writeFileAtomically(m_file, encode(m_values))) {
-        DebugLog::write([&] { return "defaults: could not write " + m_file.string(); });
+    if (const WriteResult written = writeFileAtomically(m_file, encode(m_values)); !written) {
+        DebugLog::write([&] { return "defaults: " + written.error(); });
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "agents/LocalCalendar.h"
 #include "support/AtomicFile.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 
@@ -72,8 +73,10 @@ void WrappedHistory::save() {
     }
     nlohmann::json root = {{"days", std::move(days)}};
     if (m_trackingSince) root["trackingSince"] = m_trackingSince->seconds - kReferenceDate;
-    // A failed write is dropped; the next save puts it back.
-    (void)writeFileAtomically(m_file, root.dump());
+    // A failed write is logged and dropped; the next save puts it back.
+    if (const WriteResult written = writeFileAtomically(m_file, root.dump()); !written) {
+        DebugLog::write([&] { return "wrapped: " + written.error(); });
+    }
 }
 
 void WrappedHistory::recordFocusBlock(std::int64_t minutes) {
