@@ -1,5 +1,3 @@
-#include <QtQml/qqmlextensionplugin.h>
-
 #include <QApplication>
 #include <cstring>
 
@@ -7,9 +5,6 @@
 #include "DisplayPlatform.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
-
-// The shell's QML module is linked in statically.
-Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
 int main(int argc, char** argv) {
     using namespace vantrelle;
