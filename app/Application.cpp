@@ -21,10 +21,12 @@ Application::Application(const Environment& environment)
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
       m_claudeHooks(m_paths, environment),
+      m_hookSwitch(m_claudeHooks, m_queues, m_scheduler),
       m_claudeAlerts(ClaudeAlertCenter::Dependencies{
           m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(), m_activities,
           NotificationCenter::shared(), m_settings, m_sounds, m_fileWatcher,
-          [this] { return m_claudeHooks.isInstalled(); }, DemoMode::isOn()}),
+          [this](std::function<void(bool)> answer) { m_hookSwitch.whenKnown(std::move(answer)); },
+          DemoMode::isOn()}),
       m_rates(m_http, m_defaults, SystemClock::shared(), environment),
       m_calc(m_rates, DemoMode::isOn()),
       m_wrappedHistory(WrappedHistory::defaultFile(m_paths.dataRoot()), SystemClock::shared(),
@@ -98,7 +100,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
     m_engine.rootContext()->setContextProperty(QStringLiteral("Calc"), m_calcView.get());
     m_shell->registerToolView(NotchTab::calc, QStringLiteral("qrc:/qml/tools/CalcView.qml"));
-    m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_claudeHooks, SystemClock::shared());
+    m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_hookSwitch, SystemClock::shared());
     m_engine.rootContext()->setContextProperty(QStringLiteral("AIUsage"), m_aiUsageView.get());
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("qrc:/qml/tools/AIUsageView.qml"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("qrc:/qml/tools/DashboardView.qml"));

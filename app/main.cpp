@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "Application.h"
+#include "HooksCommand.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     using namespace vantrelle;
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrelle"));

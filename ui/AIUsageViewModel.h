@@ -6,7 +6,7 @@
 #include <QVariantMap>
 
 #include "agents/AIUsageModel.h"
-#include "agents/ClaudeHooks.h"
+#include "agents/ClaudeHookSwitch.h"
 
 namespace vantrelle {
 
@@ -24,7 +24,7 @@ class AIUsageViewModel final : public QObject {
     Q_PROPERTY(QString hookError READ hookError NOTIFY hooksChanged)
 
 public:
-    AIUsageViewModel(AIUsageModel& model, const ClaudeHooks& hooks, const Clock& clock);
+    AIUsageViewModel(AIUsageModel& model, ClaudeHookSwitch& hooks, const Clock& clock);
 
     [[nodiscard]] QVariantMap today() const;
     [[nodiscard]] QVariantList days() const;
@@ -32,8 +32,8 @@ public:
     [[nodiscard]] QVariantList sessions() const;
     [[nodiscard]] bool scanning() const { return m_model.isScanning(); }
     [[nodiscard]] QString lastScan() const;
-    [[nodiscard]] bool hooksInstalled() const { return m_hooksInstalled; }
-    [[nodiscard]] QString hookError() const { return m_hookError; }
+    [[nodiscard]] bool hooksInstalled() const { return m_hooks.isInstalled(); }
+    [[nodiscard]] QString hookError() const { return QString::fromStdString(m_hooks.message()); }
 
     Q_INVOKABLE void refresh() { m_model.rescan(); }
     // The panel is on screen: scan more often while it is.
@@ -48,12 +48,11 @@ Q_SIGNALS:
 
 private:
     AIUsageModel& m_model;
-    const ClaudeHooks& m_hooks;
+    ClaudeHookSwitch& m_hooks;
     const Clock& m_clock;
-    bool m_hooksInstalled = false;
-    QString m_hookError;
     Connection m_changed;
     Connection m_scanning;
+    Connection m_hooksChanged;
 };
 
 }  // namespace vantrelle

@@ -88,7 +88,9 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     paths.home = claude.path();
     paths.dataHome = claude / "data";
     ClaudeHooks hooks(paths, hookEnvironment);
-    AIUsageViewModel view(model, hooks, scheduler);
+    ClaudeHookSwitch hookSwitch(hooks, queues, scheduler);
+    AIUsageViewModel view(model, hookSwitch, scheduler);
+    scheduler.runUntilIdle();
 
     EXPECT_EQ(view.today().value(QStringLiteral("cost")).toString().front(), '$');
     EXPECT_EQ(view.days().size(), 7);
@@ -102,14 +104,21 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     EXPECT_EQ(AIUsageViewModel::cost(3.456), "$3.46");
     EXPECT_EQ(AIUsageViewModel::cost(1234.5), "$1235");
 
+    int hookSignals = 0;
+    QObject::connect(&view, &AIUsageViewModel::hooksChanged, &view, [&] { ++hookSignals; });
     EXPECT_FALSE(view.hooksInstalled());
     view.setHooksInstalled(true);
+    scheduler.runUntilIdle();
     EXPECT_TRUE(view.hooksInstalled());
     EXPECT_TRUE(view.hookError().isEmpty());
     claude.write("settings.json", "{broken,");
     view.setHooksInstalled(false);
-    EXPECT_EQ(view.hookError(),
-              "Couldn't read your Claude Code settings: it isn't valid JSON. Nothing was changed.");
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(view.hookError().startsWith("Couldn't read your Claude Code settings in "))
+        << view.hookError().toStdString();
+    EXPECT_TRUE(view.hookError().endsWith("it isn't valid JSON (line 1, column 9). Nothing was changed."))
+        << view.hookError().toStdString();
+    EXPECT_EQ(hookSignals, 2);
 }
 
 TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
