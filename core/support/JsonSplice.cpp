@@ -73,7 +73,12 @@ JsonStyle JsonStyle::of(std::string_view text, const JsonContainer& top) {
 
     const auto leading = slice(text, top.whole.begin + 1, elements[0].whole.begin);
     style.multiline = !onOneLine(leading);
-    if (style.multiline) style.indent = afterLastNewline(leading);
+    if (style.multiline) {
+        // One level is what the members add to the line the object opens on.
+        style.indent = afterLastNewline(leading);
+        const std::string outer = lineIndent(text, top.whole.begin);
+        if (style.indent.starts_with(outer)) style.indent.erase(0, outer.size());
+    }
     if (top.isObject) {
         const auto colon = slice(text, elements[0].key.end, elements[0].value.begin);
         if (onOneLine(colon)) style.colon = std::string(colon);

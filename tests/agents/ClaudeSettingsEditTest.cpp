@@ -27,6 +27,7 @@ const Case kRoundTrips[] = {
     {"one_line", R"({"z":1,"a":[1.50, 2E+3, 12345678901234567890123]})"},
     {"one_line_spaced", R"({ "z": 1, "a": 2 })"},
     {"empty_object", "{}"},
+    {"indented_object", "  {\n    \"a\": 1\n  }"},
     {"single_member", "{\"model\": \"opus\"}\n"},
     {"escapes_and_unicode", "{\"s\": \"\\u00e9\\/x\", \"é\": \"\\ud83d\\ude00\"}"},
     {"byte_order_mark", "\xEF\xBB\xBF{\"a\": 1}"},
