@@ -133,4 +133,10 @@ std::optional<std::string> ClaudeHooks::uninstall() const {
     return std::nullopt;
 }
 
+std::optional<std::string> ClaudeHooks::setInstalled(bool installed) const {
+    auto failure = installed ? install() : uninstall();
+    if (failure) DebugLog::write([&] { return "claude alerts: hooks left as they were: " + *failure; });
+    return failure;
+}
+
 }  // namespace vantrelle

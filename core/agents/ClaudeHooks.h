@@ -38,10 +38,8 @@ public:
     // Each returns the text to show the user when it could not be done, nothing on success.
     [[nodiscard]] std::optional<std::string> install() const;
     [[nodiscard]] std::optional<std::string> uninstall() const;
-    // What the switch does: install() or uninstall().
-    [[nodiscard]] std::optional<std::string> setInstalled(bool installed) const {
-        return installed ? install() : uninstall();
-    }
+    // What the switch does: install() or uninstall(), with a refusal logged.
+    [[nodiscard]] std::optional<std::string> setInstalled(bool installed) const;
 
 private:
     std::filesystem::path m_eventsFile;
