@@ -1,6 +1,7 @@
 #include "XdgAutostart.h"
 
 #include "support/AtomicFile.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 
@@ -34,7 +35,9 @@ bool XdgAutostart::setEnabled(bool enabled) {
         "Terminal=false\n"
         "NoDisplay=true\n"
         "X-GNOME-Autostart-enabled=true\n";
-    return writeFileAtomically(m_entry, contents);
+    const WriteResult written = writeFileAtomically(m_entry, contents);
+    if (!written) DebugLog::write([&] { return "login item: " + written.error(); });
+    return written.ok();
 }
 
 }  // namespace vantrelle

@@ -4,7 +4,7 @@
 
 #include "agents/ClaudeSettingsFile.h"
 #include "support/DebugLog.h"
-#include "support/JsonNesting.h"
+#include "support/JsonDepth.h"
 
 namespace vantrelle {
 
@@ -47,9 +47,9 @@ std::optional<std::string> save(const fs::path& file, const fs::path& backup, co
                    kNothingChanged;
         }
     }
-    if (jsonNestingDepth(text, kMaxJsonNesting) > kMaxJsonNesting) {
+    if (exceedsJsonDepth(text, kMaxJsonDepth)) {
         return "Couldn't write your Claude Code settings in " + file.string() +
-               ": they would nest deeper than " + std::to_string(kMaxJsonNesting) + " levels." +
+               ": they would nest deeper than " + std::to_string(kMaxJsonDepth) + " levels." +
                kNothingChanged;
     }
     // Claude Code may have written the file since we read it; its edit wins over ours.
@@ -57,9 +57,7 @@ std::optional<std::string> save(const fs::path& file, const fs::path& backup, co
         return "Your Claude Code settings in " + file.string() +
                " changed while they were being edited; try again." + kNothingChanged;
     }
-    if (auto failed = writeClaudeSettings(file, text)) {
-        return "Couldn't write your Claude Code settings: " + *failed + "." + kNothingChanged;
-    }
+    if (auto failed = writeClaudeSettings(file, text)) return *failed + "." + kNothingChanged;
     return std::nullopt;
 }
 

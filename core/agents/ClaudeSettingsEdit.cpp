@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "support/JsonDepth.h"
 #include "support/JsonLayout.h"
-#include "support/JsonNesting.h"
 #include "support/JsonSplice.h"
 
 namespace vantrelle {
@@ -165,8 +165,8 @@ std::optional<std::string> installedHooks(std::string_view text, const JsonConta
 
 std::optional<std::string> claudeSettingsProblem(std::string_view text) {
     if (isBlank(text)) return std::nullopt;
-    if (jsonNestingDepth(text, kMaxJsonNesting) > kMaxJsonNesting) {
-        return "it nests deeper than " + std::to_string(kMaxJsonNesting) + " levels";
+    if (exceedsJsonDepth(text, kMaxJsonDepth)) {
+        return "it nests deeper than " + std::to_string(kMaxJsonDepth) + " levels";
     }
     ErrorPosition errors;
     if (!nlohmann::json::sax_parse(text, &errors, nlohmann::json::input_format_t::json, /*strict=*/true)) {

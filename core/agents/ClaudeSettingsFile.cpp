@@ -1,14 +1,15 @@
 #include "agents/ClaudeSettingsFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "support/AtomicFile.h"
+#include "support/FileErrors.h"
 
 namespace vantrelle {
 
@@ -18,14 +19,6 @@ namespace {
 
 // Settings files are a few kilobytes; anything near this is not one, and reading it whole would cost.
 constexpr off_t kMaxSettingsSize = 16 * 1024 * 1024;
-
-std::string kindOf(mode_t mode) {
-    if (S_ISDIR(mode)) return "it is a folder, not a file";
-    if (S_ISFIFO(mode)) return "it is a named pipe, not a regular file";
-    if (S_ISSOCK(mode)) return "it is a socket, not a regular file";
-    if (S_ISCHR(mode) || S_ISBLK(mode)) return "it is a device, not a regular file";
-    return "it isn't a regular file";
-}
 
 ClaudeSettingsRead failed(std::string reason) {
     ClaudeSettingsRead read;
@@ -63,21 +56,21 @@ ClaudeSettingsRead readClaudeSettings(const fs::path& file) {
     struct stat info {};
     if (::stat(file.c_str(), &info) != 0) {
         if (errno == ENOENT) return {};
-        return failed(std::strerror(errno));
+        return failed(systemReason(errno));
     }
-    if (!S_ISREG(info.st_mode)) return failed(kindOf(info.st_mode));
+    if (!S_ISREG(info.st_mode)) return failed(notARegularFile(info.st_mode));
 
     // Non-blocking all the same: the path can change between the look and the open.
     const int fd = ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (fd < 0) {
         if (errno == ENOENT) return {};
-        return failed(std::strerror(errno));
+        return failed(systemReason(errno));
     }
     ClaudeSettingsRead read;
     if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
         const int error = errno;
         ::close(fd);
-        return failed(S_ISREG(info.st_mode) ? std::strerror(error) : kindOf(info.st_mode));
+        return failed(S_ISREG(info.st_mode) ? systemReason(error) : notARegularFile(info.st_mode));
     }
     if (info.st_size > kMaxSettingsSize) {
         ::close(fd);
@@ -91,7 +84,7 @@ ClaudeSettingsRead readClaudeSettings(const fs::path& file) {
         if (got < 0) {
             const int error = errno;
             ::close(fd);
-            return failed(std::strerror(error));
+            return failed(systemReason(error));
         }
         if (got == 0) break;
         read.text.append(buffer, static_cast<std::size_t>(got));
@@ -106,24 +99,34 @@ ClaudeSettingsRead readClaudeSettings(const fs::path& file) {
 }
 
 std::optional<std::string> writeBackupOnce(const fs::path& backup, std::string_view contents, mode_t mode) {
+    // The first backup stays. Something else under its name is no backup: better no edit than one
+    // without a copy of the user's file.
     struct stat info {};
-    if (::lstat(backup.c_str(), &info) == 0) return std::nullopt;  // the first backup stays
+    if (::lstat(backup.c_str(), &info) == 0) {
+        if (::stat(backup.c_str(), &info) != 0) return systemReason(errno);
+        return S_ISREG(info.st_mode) ? std::nullopt : std::optional(notARegularFile(info.st_mode));
+    }
 
-    std::string temporary = (backup.parent_path() / ("." + backup.filename().string() + ".XXXXXX")).string();
+    // Named and locked as the atomic writer's temporaries are, so a start-up sweep knows a killed
+    // one from a live one.
+    std::string temporary = (backup.parent_path() / (temporaryFilePrefix(backup) + "XXXXXX")).string();
     const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
-    if (fd < 0) return std::strerror(errno);
-    int error = 0;
-    if (::fchmod(fd, mode & 07777) != 0 || !writeAll(fd, contents) || ::fsync(fd) != 0) error = errno;
-    if (::close(fd) != 0 && error == 0) error = errno;
+    if (fd < 0) return systemReason(errno);
+    int error = ::flock(fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+    if (error == 0 && (::fchmod(fd, mode & 07777) != 0 || !writeAll(fd, contents) || ::fsync(fd) != 0))
+        error = errno;
+    // Renamed while still locked: the sweep never finds our file unlocked under its name.
     if (error == 0) error = renameNoReplace(temporary.c_str(), backup.c_str());
-    ::unlink(temporary.c_str());
+    if (error != 0) ::unlink(temporary.c_str());
+    ::close(fd);
     if (error == EEXIST) return std::nullopt;  // one appeared meanwhile: that one is the first
-    if (error != 0) return std::strerror(error);
+    if (error != 0) return systemReason(error);
     return std::nullopt;
 }
 
 std::optional<std::string> writeClaudeSettings(const fs::path& file, std::string_view contents) {
-    if (!writeFileAtomically(file, contents)) return file.string() + ": the file could not be written";
+    auto written = writeFileAtomically(file, contents);
+    if (!written) return written.error();
     return std::nullopt;
 }
 

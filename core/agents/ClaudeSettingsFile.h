@@ -30,8 +30,9 @@ struct ClaudeSettingsRead {
 [[nodiscard]] std::optional<std::string> writeBackupOnce(const std::filesystem::path& backup,
                                                          std::string_view contents, mode_t mode);
 
-// Replaces the settings atomically, keeping the file's mode, writing through a link. Nothing on
-// success, else a sentence naming the file and the system's reason.
+// Replaces the settings atomically, keeping the file's mode and owner, writing through a link,
+// refusing a read-only file. Nothing on success, else a sentence naming the file and the system's
+// reason.
 [[nodiscard]] std::optional<std::string> writeClaudeSettings(const std::filesystem::path& file,
                                                              std::string_view contents);
 

@@ -5,6 +5,7 @@
 #include "support/AtomicFile.h"
 #include "support/Base64.h"
 #include "support/DebugLog.h"
+#include "support/JsonDepth.h"
 
 namespace vantrelle {
 
@@ -63,26 +64,64 @@ std::optional<DefaultsValue> fromJson(const Json& json) {
     }
 }
 
+Json toObject(const std::map<std::string, DefaultsValue, std::less<>>& values) {
+    Json object = Json::object();
+    for (const auto& [key, value] : values) object[key] = toJson(value);
+    return object;
+}
+
 }  // namespace
 
-JsonDefaultsStore::JsonDefaultsStore(std::filesystem::path file) : m_file(std::move(file)) {
-    auto text = readWholeFile(m_file);
+JsonDefaultsStore::JsonDefaultsStore(std::filesystem::path file, const Clock& clock)
+    : m_file(std::move(file), "defaults", clock) {
+    const auto text = m_file.read();
     if (!text) return;  // first run: nothing stored yet
-    if (auto values = decode(*text)) {
-        m_values = std::move(*values);
-    } else {
-        DebugLog::write([&] { return "defaults: unreadable " + m_file.string() + ", starting empty"; });
+    if (exceedsJsonDepth(*text, kMaxJsonDepth)) {
+        m_file.setAside("it is nested deeper than " + std::to_string(kMaxJsonDepth) + " levels");
+        return;
+    }
+    const Json json = Json::parse(*text, nullptr, /*allow_exceptions=*/false);
+    if (!json.is_object()) {
+        m_file.setAside(json.is_discarded() ? "it isn't valid JSON" : "it isn't a JSON object");
+        return;
+    }
+    for (const auto& [key, element] : json.items()) {
+        if (auto value = fromJson(element)) {
+            m_values.emplace(key, std::move(*value));
+        } else {
+            m_foreign.emplace(key, element.dump());
+        }
     }
 }
 
+void JsonDefaultsStore::set(std::string_view key, DefaultsValue value) {
+    {
+        std::lock_guard lock(m_mutex);
+        if (auto it = m_foreign.find(key); it != m_foreign.end()) m_foreign.erase(it);
+    }
+    MemoryDefaultsStore::set(key, std::move(value));
+}
+
+void JsonDefaultsStore::remove(std::string_view key) {
+    {
+        // A key holds a foreign value or a known one, never both; the base class never saw a foreign one.
+        std::lock_guard lock(m_mutex);
+        if (auto it = m_foreign.find(key); it != m_foreign.end()) {
+            m_foreign.erase(it);
+            changed();
+            return;
+        }
+    }
+    MemoryDefaultsStore::remove(key);
+}
+
 std::string JsonDefaultsStore::encode(const std::map<std::string, DefaultsValue, std::less<>>& values) {
-    Json object = Json::object();
-    for (const auto& [key, value] : values) object[key] = toJson(value);
-    return object.dump(2) + "\n";
+    return toObject(values).dump(2) + "\n";
 }
 
 std::optional<std::map<std::string, DefaultsValue, std::less<>>> JsonDefaultsStore::decode(
     std::string_view text) {
+    if (exceedsJsonDepth(text, kMaxJsonDepth)) return std::nullopt;
     Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
     if (!json.is_object()) return std::nullopt;
     std::map<std::string, DefaultsValue, std::less<>> values;
@@ -94,8 +133,10 @@ std::optional<std::map<std::string, DefaultsValue, std::less<>>> JsonDefaultsSto
 }
 
 void JsonDefaultsStore::changed() {
-    if (!writeFileAtomically(m_file, encode(m_values))) {
-        DebugLog::write([&] { return "defaults: could not write " + m_file.string(); });
+    Json object = toObject(m_values);
+    for (const auto& [key, raw] : m_foreign) object[key] = Json::parse(raw, nullptr, false);
+    if (const WriteResult written = m_file.write(object.dump(2) + "\n"); !written) {
+        DebugLog::write([&] { return "defaults: " + written.error(); });
     }
 }
 

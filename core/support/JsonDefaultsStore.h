@@ -2,18 +2,24 @@
 
 #include <filesystem>
 
+#include "platform/Clock.h"
 #include "support/MemoryDefaultsStore.h"
+#include "support/StoreFile.h"
 
 namespace vantrelle {
 
 // The user defaults as one JSON object on disk. Every write replaces the file atomically. A file that
-// cannot be parsed loads as empty and stays untouched until the next write, so a hand edit gone wrong
-// costs nothing until something is saved.
+// cannot be parsed (a hand edit gone wrong) is moved aside with its contents and the store starts
+// from the defaults. A value of a shape no setting writes is kept as it is in the file until the
+// program sets or removes that key.
 class JsonDefaultsStore final : public MemoryDefaultsStore {
 public:
-    explicit JsonDefaultsStore(std::filesystem::path file);
+    explicit JsonDefaultsStore(std::filesystem::path file, const Clock& clock = SystemClock::shared());
 
-    [[nodiscard]] const std::filesystem::path& file() const { return m_file; }
+    [[nodiscard]] const std::filesystem::path& file() const { return m_file.path(); }
+
+    void set(std::string_view key, DefaultsValue value) override;
+    void remove(std::string_view key) override;
 
     // The JSON text for a set of values, and back; exposed for tests of the encoding.
     [[nodiscard]] static std::string encode(const std::map<std::string, DefaultsValue, std::less<>>& values);
@@ -24,7 +30,10 @@ protected:
     void changed() override;
 
 private:
-    std::filesystem::path m_file;
+    StoreFile m_file;
+    // Keys whose values have a shape no setting writes, as they were in the file: written back as they
+    // came until the program sets or removes the key.
+    std::map<std::string, std::string, std::less<>> m_foreign;
 };
 
 }  // namespace vantrelle

@@ -4,7 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "agents/LocalCalendar.h"
-#include "support/AtomicFile.h"
+#include "support/DebugLog.h"
+#include "support/JsonDepth.h"
 
 namespace vantrelle {
 
@@ -16,9 +17,7 @@ constexpr double kReferenceDate = 978'307'200.0;
 }  // namespace
 
 WrappedHistory::WrappedHistory(std::filesystem::path file, const Clock& clock, bool demoMode)
-    : m_file(std::move(file)), m_clock(clock), m_demo(demoMode) {
-    std::error_code error;
-    if (!m_demo) std::filesystem::create_directories(m_file.parent_path(), error);
+    : m_file(std::move(file), "wrapped", clock, /*readOnly=*/demoMode), m_clock(clock), m_demo(demoMode) {
     load();
     if (!m_trackingSince) {
         m_trackingSince = LocalCalendar::startOfDay(m_clock.now());
@@ -31,31 +30,37 @@ std::string WrappedHistory::key(Date date) {
 }
 
 void WrappedHistory::load() {
-    const auto text = readWholeFile(m_file);
-    if (!text) return;
-    const auto json = nlohmann::json::parse(*text, nullptr, false);
+    const auto text = m_file.read();
+    if (text && !parse(*text)) m_file.setAside("it isn't a Wrapped history");
+}
+
+// All or nothing: one malformed day makes the whole file unusable, so nothing of it is half taken.
+bool WrappedHistory::parse(const std::string& text) {
+    if (exceedsJsonDepth(text, kMaxJsonDepth)) return false;
+    const auto json = nlohmann::json::parse(text, nullptr, false);
     if (json.is_discarded() || !json.is_object() || !json.contains("days") || !json["days"].is_object())
-        return;
+        return false;
     std::map<std::string, Day> days;
     for (const auto& [dayKey, value] : json["days"].items()) {
-        if (!value.is_object()) return;
+        if (!value.is_object()) return false;
         Day day;
         for (auto [name, field] :
              {std::pair{"focusBlocks", &day.focusBlocks}, std::pair{"focusMinutes", &day.focusMinutes},
               std::pair{"meetingsJoined", &day.meetingsJoined}, std::pair{"aiTokens", &day.aiTokens}}) {
             const auto it = value.find(name);
-            if (it == value.end() || !it->is_number_integer()) return;
+            if (it == value.end() || !it->is_number_integer()) return false;
             *field = it->get<std::int64_t>();
         }
         days.emplace(dayKey, day);
     }
     std::optional<Date> since;
     if (const auto it = json.find("trackingSince"); it != json.end()) {
-        if (!it->is_number()) return;
+        if (!it->is_number()) return false;
         since = Date{it->get<double>() + kReferenceDate};
     }
     m_days = std::move(days);
     m_trackingSince = since;
+    return true;
 }
 
 void WrappedHistory::save() {
@@ -72,8 +77,10 @@ void WrappedHistory::save() {
     }
     nlohmann::json root = {{"days", std::move(days)}};
     if (m_trackingSince) root["trackingSince"] = m_trackingSince->seconds - kReferenceDate;
-    // A failed write is dropped; the next save puts it back.
-    (void)writeFileAtomically(m_file, root.dump());
+    // A failed write is logged and dropped; the next save puts it back.
+    if (const WriteResult written = m_file.write(root.dump()); !written) {
+        DebugLog::write([&] { return "wrapped: " + written.error(); });
+    }
 }
 
 void WrappedHistory::recordFocusBlock(std::int64_t minutes) {

@@ -9,6 +9,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Date.h"
+#include "support/StoreFile.h"
 
 namespace vantrelle {
 
@@ -29,7 +30,8 @@ public:
         std::int64_t tokens = 0;
     };
 
-    // `file` is "wrapped-history.json" in the data root. In demo mode nothing is ever written.
+    // `file` is "wrapped-history.json" in the data root. In demo mode nothing is ever written. A file
+    // that can't be read is moved aside and the history starts afresh.
     WrappedHistory(std::filesystem::path file, const Clock& clock, bool demoMode);
 
     [[nodiscard]] static std::filesystem::path defaultFile(const std::filesystem::path& dataRoot) {
@@ -43,16 +45,17 @@ public:
 
     [[nodiscard]] const std::map<std::string, Day>& days() const { return m_days; }
     [[nodiscard]] const std::optional<Date>& trackingSince() const { return m_trackingSince; }
-    [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file; }
+    [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file.path(); }
 
     // "yyyy-MM-dd" of the local calendar.
     [[nodiscard]] static std::string key(Date date);
 
 private:
     void load();
+    [[nodiscard]] bool parse(const std::string& text);
     void save();
 
-    std::filesystem::path m_file;
+    StoreFile m_file;
     const Clock& m_clock;
     bool m_demo;
     std::map<std::string, Day> m_days;

@@ -157,6 +157,7 @@ TEST_F(ClaudeHooksTest, AReadOnlyFileIsRefusedWithAMessageThatNamesIt) {
     EXPECT_EQ(text(), original);
     EXPECT_FALSE(hooks().isInstalled());
     EXPECT_TRUE(strayFiles().empty());
+    if (fs::exists(backup())) EXPECT_EQ(backupText(), original);
 }
 
 // --- Files that aren't settings we can edit ----------------------------------------------------
@@ -227,8 +228,16 @@ TEST_F(ClaudeHooksTest, ANamedPipeIsRefusedWithoutBlocking) {
 
 TEST_F(ClaudeHooksTest, AFolderWhereTheFileShouldBeIsNamedAsSuch) {
     fs::create_directories(file());
-    EXPECT_EQ(hooks().install(), unreadable("it is a folder, not a file"));
+    EXPECT_EQ(hooks().install(), unreadable("it is a folder, not a file (Is a directory)"));
     EXPECT_TRUE(fs::is_directory(file()));
+}
+
+TEST_F(ClaudeHooksTest, ABackupNameTakenBySomethingElseStopsTheEdit) {
+    writeSettings(R"({"model": "opus"})");
+    fs::create_directories(backup());
+    EXPECT_EQ(hooks().install(), "Couldn't back up your Claude Code settings to " + backup().string() +
+                                     ": it is a folder, not a file (Is a directory). Nothing was changed.");
+    EXPECT_EQ(text(), R"({"model": "opus"})");
 }
 
 TEST_F(ClaudeHooksTest, AFileWeMayNotReadGivesTheSystemsReason) {

@@ -53,13 +53,32 @@ TEST_F(WrappedHistoryTest, KeepsFourHundredDays) {
     EXPECT_TRUE(history.days().contains("2029-05-11"));  // exactly 400 days back
 }
 
-TEST_F(WrappedHistoryTest, ACorruptFileStartsOverAndDemoModeWritesNothing) {
-    dir.write("Vantrelle/wrapped-history.json", "{\"days\": 3}");
-    {
-        WrappedHistory history(file, clock, false);
-        EXPECT_TRUE(history.days().empty());
-        EXPECT_EQ(history.trackingSince(), testing::iso("2030-06-15T00:00:00Z"));
+TEST_F(WrappedHistoryTest, AnUnreadableFileIsMovedAsideAndTheHistoryStartsOver) {
+    const std::vector<std::pair<const char*, std::string>> cases = {
+        {"days is not an object", R"({"days": 3})"},
+        {"a day misses a key", R"({"days":{"2030-06-01":{"focusBlocks":1}}})"},
+        {"trackingSince is text", R"({"days":{},"trackingSince":"yesterday"})"},
+        {"truncated", R"({"days":{"2030-06-01":{"focusBlo)"},
+        {"nested 100,000 deep",
+         R"({"days":{},"x":)" + std::string(100'000, '[') + std::string(100'000, ']') + "}"},
+    };
+    for (const auto& [name, contents] : cases) {
+        testing::TempDir folder;
+        const auto path = folder / "Vantrelle/wrapped-history.json";
+        folder.write("Vantrelle/wrapped-history.json", contents);
+        {
+            WrappedHistory history(path, clock, false);
+            EXPECT_TRUE(history.days().empty()) << name;
+            EXPECT_EQ(history.trackingSince(), testing::iso("2030-06-15T00:00:00Z")) << name;
+        }
+        EXPECT_EQ(folder.read("Vantrelle/wrapped-history.json.unreadable-20300615T120000Z"), contents)
+            << name;
+        EXPECT_TRUE(WrappedHistory(path, clock, false).days().empty())
+            << name << ": the fresh file reads back";
     }
+}
+
+TEST_F(WrappedHistoryTest, DemoModeLeavesEvenAnUnreadableFileAsItWas) {
     const std::string original = R"({"days":{"2030-06-01":{"focusBlocks":1}}})";  // missing keys: undecodable
     dir.write("Vantrelle/wrapped-history.json", original);
     WrappedHistory demo(file, clock, true);
@@ -67,6 +86,7 @@ TEST_F(WrappedHistoryTest, ACorruptFileStartsOverAndDemoModeWritesNothing) {
     demo.recordFocusBlock(25);
     demo.recordMeetingJoined();
     EXPECT_EQ(dir.read("Vantrelle/wrapped-history.json"), original);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir / "Vantrelle"), {}), 1);
 }
 
 }  // namespace

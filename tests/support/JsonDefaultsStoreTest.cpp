@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "fakes/LogCapture.h"
 #include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
 #include "support/JsonDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
 
+using testing::LogCapture;
 using testing::TempDir;
 
 TEST(JsonDefaultsStore, EveryTypeSurvivesARestart) {
@@ -55,20 +58,64 @@ TEST(JsonDefaultsStore, OddShapesInTheFileAreSkippedKeyByKey) {
     EXPECT_FALSE(store.object("b").has_value());
 }
 
-TEST(JsonDefaultsStore, CorruptFileLoadsEmptyAndIsKeptUntilTheNextWrite) {
+TEST(JsonDefaultsStore, OneTrailingCommaMovesTheFileAsideWholeBeforeTheNextSave) {
     TempDir dir;
-    const std::string corrupt = "{\"hoverDelay\": 0.5,";  // truncated by a crash mid-write elsewhere
-    dir.write("d.json", corrupt);
+    const std::string handEdited =
+        "{\n  \"hoverDelay\": 0.5,\n  \"showDock\": false,\n  \"focusMinutes\": 50,\n  \"appearance\": "
+        "\"dark\",\n}\n";
+    dir.write("d.json", handEdited);
+    VirtualScheduler clock{Date{1'800'000'000.0}};  // 2027-01-15T08:00:00Z
+    LogCapture log;
+    {
+        JsonDefaultsStore store(dir / "d.json", clock);
+        EXPECT_FALSE(store.object("hoverDelay").has_value()) << "an unreadable file starts from the defaults";
+        store.set("playSounds", false);
+    }
+    EXPECT_EQ(dir.read("d.json.unreadable-20270115T080000Z"), handEdited);
+    EXPECT_NE(log.text().find("defaults: moved unreadable " + (dir / "d.json").string()), std::string::npos)
+        << log.text();
+    JsonDefaultsStore reopened(dir / "d.json", clock);
+    EXPECT_EQ(reopened.boolean("playSounds"), false);
+    EXPECT_FALSE(reopened.object("showDock").has_value());
+}
+
+TEST(JsonDefaultsStore, UnusableFilesAreMovedAsideWithoutACrash) {
+    const std::vector<std::pair<const char*, std::string>> cases = {
+        {"truncated by a crash elsewhere", "{\"hoverDelay\": 0.5,"},
+        {"not an object", "[1, 2, 3]"},
+        {"nested 100,000 deep", "{\"x\": " + std::string(100'000, '[') + std::string(100'000, ']') + "}"},
+        {"binary", std::string("\0\xff\xfe{", 4)},
+    };
+    for (const auto& [name, contents] : cases) {
+        TempDir dir;
+        dir.write("d.json", contents);
+        VirtualScheduler clock{Date{1'800'000'000.0}};
+        JsonDefaultsStore store(dir / "d.json", clock);
+        store.set("showDock", false);
+        EXPECT_EQ(dir.read("d.json.unreadable-20270115T080000Z"), contents) << name;
+        EXPECT_EQ(JsonDefaultsStore(dir / "d.json", clock).boolean("showDock"), false) << name;
+    }
+}
+
+TEST(JsonDefaultsStore, ValuesOfOddShapesSurviveSavesUntilTheirKeyIsSetOrRemoved) {
+    TempDir dir;
+    dir.write("d.json", R"({"nested": {"x": [1, 2]}, "nothing": null, "mixed": ["a", 2], "ok": 1})");
     {
         JsonDefaultsStore store(dir / "d.json");
-        EXPECT_FALSE(store.object("hoverDelay").has_value());
+        store.set("showDock", false);
     }
-    EXPECT_EQ(dir.read("d.json"), corrupt);
-
-    JsonDefaultsStore store(dir / "d.json");
-    store.set("showDock", false);
-    JsonDefaultsStore reopened(dir / "d.json");
-    EXPECT_EQ(reopened.boolean("showDock"), false);
+    {
+        JsonDefaultsStore store(dir / "d.json");
+        EXPECT_EQ(store.integer("ok"), 1);
+        EXPECT_EQ(store.boolean("showDock"), false);
+        store.set("mixed", std::vector<std::string>{"a"});
+        store.remove("nothing");
+    }
+    const std::string saved = dir.read("d.json");
+    EXPECT_NE(saved.find("\"nested\": {\n    \"x\": [\n      1,\n      2\n    ]\n  }"), std::string::npos)
+        << saved;
+    EXPECT_EQ(saved.find("nothing"), std::string::npos) << saved;
+    EXPECT_EQ(JsonDefaultsStore(dir / "d.json").stringArray("mixed"), std::vector<std::string>{"a"});
 }
 
 TEST(JsonDefaultsStore, WritesLeaveNoTemporaryFilesBehind) {

@@ -1,10 +1,9 @@
-#include "support/JsonNesting.h"
+#include "support/JsonDepth.h"
 
 namespace vantrelle {
 
-std::size_t jsonNestingDepth(std::string_view text, std::size_t limit) {
-    std::size_t depth = 0;
-    std::size_t deepest = 0;
+bool exceedsJsonDepth(std::string_view text, int limit) {
+    int depth = 0;
     bool inString = false;
     bool escaped = false;
     for (const char c : text) {
@@ -24,10 +23,7 @@ std::size_t jsonNestingDepth(std::string_view text, std::size_t limit) {
                 break;
             case '[':
             case '{':
-                if (++depth > deepest) {
-                    deepest = depth;
-                    if (deepest > limit) return limit + 1;
-                }
+                if (++depth > limit) return true;
                 break;
             case ']':
             case '}':
@@ -37,7 +33,7 @@ std::size_t jsonNestingDepth(std::string_view text, std::size_t limit) {
                 break;
         }
     }
-    return deepest;
+    return false;
 }
 
 }  // namespace vantrelle
