@@ -157,7 +157,9 @@ TEST_F(ClaudeHooksTest, AReadOnlyFileIsRefusedWithAMessageThatNamesIt) {
     EXPECT_EQ(text(), original);
     EXPECT_FALSE(hooks().isInstalled());
     EXPECT_TRUE(strayFiles().empty());
-    if (fs::exists(backup())) EXPECT_EQ(backupText(), original);
+    if (fs::exists(backup())) {
+        EXPECT_EQ(backupText(), original);
+    }
 }
 
 // --- Files that aren't settings we can edit ----------------------------------------------------
