@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ProcProcessTable.h"
-#include "agents/UsageReport.h"
+#include "app/UsageReport.h"
 #include "platform/Environment.h"
 
 int runUsageCommand(int argc, char** argv) {

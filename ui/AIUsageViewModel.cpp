@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "agents/AIFormat.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "agents/UsageReport.h"
+#include "app/UsageReport.h"
 #include "platform/Environment.h"
 
 int main(int argc, char** argv) {

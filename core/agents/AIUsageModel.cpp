@@ -4,13 +4,13 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "activity/LiveActivityCenter.h"
 #include "agents/AIPricing.h"
 #include "agents/AgentProcesses.h"
 #include "agents/Fatal.h"
-#include "agents/LocalCalendar.h"
-#include "overlay/LiveActivityCenter.h"
-#include "support/AppSettings.h"
+#include "catalog/AppSettings.h"
 #include "support/DebugLog.h"
+#include "support/LocalCalendar.h"
 #include "support/SharedInstance.h"
 #include "wrapped/WrappedHistory.h"
 

@@ -8,12 +8,12 @@
 #include <optional>
 #include <string>
 
-#include "agents/AgentAlertKind.h"
-#include "overlay/LiveActivityCenter.h"
+#include "activity/AgentAlertKind.h"
+#include "activity/LiveActivityCenter.h"
+#include "catalog/AppSettings.h"
 #include "platform/Clock.h"
 #include "platform/FileWatcher.h"
 #include "platform/SoundPlayer.h"
-#include "support/AppSettings.h"
 #include "support/NotificationCenter.h"
 
 namespace vantrelle {

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "agents/AIFormat.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "overlay/LiveActivity.h"
+#include "activity/LiveActivity.h"
 
 namespace vantrelle {
 

@@ -4,14 +4,14 @@
 #include <string_view>
 #include <vector>
 
-#include "overlay/LiveActivityCenter.h"
+#include "activity/LiveActivityCenter.h"
+#include "catalog/AppSettings.h"
 #include "overlay/NotchGeometry.h"
 #include "overlay/NotchState.h"
 #include "overlay/OverlayPorts.h"
 #include "overlay/QuietMonitor.h"
 #include "platform/Environment.h"
 #include "platform/SoundPlayer.h"
-#include "support/AppSettings.h"
 #include "support/NotificationCenter.h"
 
 namespace vantrelle {

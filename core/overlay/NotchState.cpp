@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <atomic>
 
-#include "support/AppSettings.h"
+#include "catalog/AppSettings.h"
 
 namespace vantrelle {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "catalog/NotchTab.h"
 #include "overlay/Geometry.h"
-#include "overlay/NotchTab.h"
 #include "support/Signal.h"
 
 namespace vantrelle {

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "control/ShortcutTarget.h"
+#include "catalog/AppSettings.h"
+#include "catalog/ShortcutTarget.h"
 #include "overlay/Geometry.h"
 #include "platform/Date.h"
-#include "support/AppSettings.h"
 
 namespace vantrelle {
 

@@ -3,9 +3,9 @@
 #include <ctime>
 #include <nlohmann/json.hpp>
 
-#include "agents/LocalCalendar.h"
 #include "support/DebugLog.h"
 #include "support/JsonDepth.h"
+#include "support/LocalCalendar.h"
 
 namespace vantrelle {
 

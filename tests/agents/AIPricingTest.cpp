@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "agents/AIFormat.h"
 #include "agents/AIPricing.h"
+#include "support/AIFormat.h"
 
 namespace vantrelle {
 namespace {

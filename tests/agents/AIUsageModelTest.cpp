@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "AgentsTestSupport.h"
+#include "activity/LiveActivityCenter.h"
 #include "agents/AIUsageModel.h"
+#include "catalog/AppSettings.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
-#include "overlay/LiveActivityCenter.h"
 #include "platform/VirtualScheduler.h"
-#include "support/AppSettings.h"
 #include "support/MemoryDefaultsStore.h"
 #include "support/NotificationCenter.h"
 #include "wrapped/WrappedHistory.h"

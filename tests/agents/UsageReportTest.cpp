@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "AgentsTestSupport.h"
-#include "agents/UsageReport.h"
+#include "app/UsageReport.h"
 #include "fakes/TempDir.h"
 
 namespace vantrelle {

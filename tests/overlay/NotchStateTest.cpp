@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "catalog/AppSettings.h"
 #include "fakes/FakeLoginItem.h"
 #include "overlay/CollapsedPresentation.h"
 #include "overlay/IconGlyphs.h"
 #include "overlay/NotchState.h"
 #include "platform/VirtualScheduler.h"
-#include "support/AppSettings.h"
 #include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {

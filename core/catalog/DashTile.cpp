@@ -1,4 +1,4 @@
-#include "support/DashTile.h"
+#include "catalog/DashTile.h"
 
 #include <algorithm>
 

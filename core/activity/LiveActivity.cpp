@@ -1,4 +1,4 @@
-#include "overlay/LiveActivity.h"
+#include "activity/LiveActivity.h"
 
 #include <array>
 

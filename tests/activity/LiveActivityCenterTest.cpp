@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "overlay/LiveActivityCenter.h"
+#include "activity/LiveActivityCenter.h"
 #include "platform/VirtualScheduler.h"
 
 namespace vantrelle {

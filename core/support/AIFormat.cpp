@@ -1,19 +1,20 @@
-#include "agents/AIFormat.h"
+#include "support/AIFormat.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
-
-#include "agents/Fatal.h"
 
 namespace vantrelle {
 
 namespace {
 
+// A figure computed from odd log dates can be anything; it shows as 0 rather than ending the app, and
+// a huge one is held below the range where the conversion would be undefined.
 std::int64_t wholeSeconds(double seconds) {
-    if (!std::isfinite(seconds)) agentsFatal("aiusage: duration is not finite");
-    if (seconds < 0) return 0;
-    return static_cast<std::int64_t>(seconds);
+    constexpr double kLongest = 1e15;
+    if (!std::isfinite(seconds) || seconds < 0) return 0;
+    return static_cast<std::int64_t>(std::min(seconds, kLongest));
 }
 
 }  // namespace

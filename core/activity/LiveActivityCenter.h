@@ -3,7 +3,7 @@
 #include <array>
 #include <optional>
 
-#include "overlay/LiveActivity.h"
+#include "activity/LiveActivity.h"
 #include "platform/Scheduler.h"
 #include "support/Signal.h"
 

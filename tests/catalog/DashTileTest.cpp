@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/DashTile.h"
+#include "catalog/DashTile.h"
 
 namespace vantrelle {
 namespace {

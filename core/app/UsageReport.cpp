@@ -1,21 +1,21 @@
-#include "agents/UsageReport.h"
+#include "app/UsageReport.h"
 
 #include <fmt/format.h>
 
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "agents/AIFormat.h"
+#include "activity/LiveActivityCenter.h"
 #include "agents/AIPricing.h"
 #include "agents/AIUsageModel.h"
 #include "agents/IsoDate.h"
-#include "agents/LocalCalendar.h"
-#include "overlay/LiveActivityCenter.h"
+#include "catalog/AppSettings.h"
 #include "platform/VirtualScheduler.h"
+#include "support/AIFormat.h"
 #include "support/AppPaths.h"
-#include "support/AppSettings.h"
 #include "support/AtomicFile.h"
 #include "support/JsonDefaultsStore.h"
+#include "support/LocalCalendar.h"
 #include "support/MemoryDefaultsStore.h"
 #include "support/NotificationCenter.h"
 

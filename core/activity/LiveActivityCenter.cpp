@@ -1,4 +1,4 @@
-#include "overlay/LiveActivityCenter.h"
+#include "activity/LiveActivityCenter.h"
 
 #include "support/SharedInstance.h"
 

@@ -1,4 +1,4 @@
-#include "control/QuickToggle.h"
+#include "catalog/QuickToggle.h"
 
 #include "support/RawEnum.h"
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "catalog/AppSettings.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
-#include "support/AppSettings.h"
 #include "support/JsonDefaultsStore.h"
 #include "support/MemoryDefaultsStore.h"
 

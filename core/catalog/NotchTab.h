@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "overlay/NotchTheme.h"
+#include "catalog/NotchTheme.h"
 #include "support/RawEnum.h"
 
 namespace vantrelle {

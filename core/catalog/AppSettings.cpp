@@ -1,4 +1,4 @@
-#include "support/AppSettings.h"
+#include "catalog/AppSettings.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "overlay/NotchTab.h"
+#include "catalog/NotchTab.h"
 
 namespace vantrelle {
 

@@ -1,4 +1,4 @@
-#include "agents/LocalCalendar.h"
+#include "support/LocalCalendar.h"
 
 #include <fmt/format.h>
 

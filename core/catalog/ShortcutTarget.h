@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "overlay/NotchTab.h"
+#include "catalog/NotchTab.h"
 
 namespace vantrelle {
 

@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
-#include "control/QuickToggle.h"
-#include "overlay/NotchTab.h"
+#include "catalog/DashTile.h"
+#include "catalog/NotchTab.h"
+#include "catalog/QuickToggle.h"
 #include "platform/DefaultsStore.h"
 #include "platform/LoginItem.h"
 #include "platform/Scheduler.h"
-#include "support/DashTile.h"
 #include "support/NotificationCenter.h"
 #include "support/Signal.h"
 

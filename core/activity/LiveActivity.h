@@ -6,7 +6,7 @@
 #include <string_view>
 #include <variant>
 
-#include "agents/AgentAlertKind.h"
+#include "activity/AgentAlertKind.h"
 #include "platform/Date.h"
 
 namespace vantrelle {

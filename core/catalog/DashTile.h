@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "overlay/NotchTab.h"
+#include "catalog/NotchTab.h"
 
 namespace vantrelle {
 
