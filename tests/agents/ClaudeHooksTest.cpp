@@ -234,6 +234,13 @@ TEST_F(ClaudeHooksTest, AFolderWhereTheFileShouldBeIsNamedAsSuch) {
     EXPECT_TRUE(fs::is_directory(file()));
 }
 
+TEST_F(ClaudeHooksTest, AFileFarTooLargeForSettingsIsNotReadWhole) {
+    writeSettings("{}");
+    fs::resize_file(file(), 17 * 1024 * 1024);  // sparse: costs no disk
+    EXPECT_EQ(hooks().install(), unreadable("it is larger than 16 MB, too large for a settings file"));
+    EXPECT_EQ(fs::file_size(file()), 17u * 1024 * 1024);
+}
+
 TEST_F(ClaudeHooksTest, ABackupNameTakenBySomethingElseStopsTheEdit) {
     writeSettings(R"({"model": "opus"})");
     fs::create_directories(backup());

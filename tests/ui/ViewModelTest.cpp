@@ -116,7 +116,7 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
     scheduler.runUntilIdle();
     EXPECT_TRUE(view.hookError().startsWith("Couldn't read your Claude Code settings in "))
         << view.hookError().toStdString();
-    EXPECT_TRUE(view.hookError().endsWith("it isn't valid JSON (line 1, column 9). Nothing was changed."))
+    EXPECT_TRUE(view.hookError().endsWith("it isn't valid JSON (line 1, column 2). Nothing was changed."))
         << view.hookError().toStdString();
     EXPECT_EQ(hookSignals, 2);
 }
