@@ -249,6 +249,12 @@ TEST_F(ClaudeHooksTest, ABackupNameTakenBySomethingElseStopsTheEdit) {
     EXPECT_EQ(text(), R"({"model": "opus"})");
 }
 
+TEST_F(ClaudeHooksTest, APathThroughAFileGivesTheSystemsReason) {
+    dir.write("home/.claude", "not a folder");
+    EXPECT_EQ(hooks().install(), unreadable("Not a directory"));
+    EXPECT_EQ(dir.read("home/.claude"), "not a folder");
+}
+
 TEST_F(ClaudeHooksTest, AFileWeMayNotReadGivesTheSystemsReason) {
     if (::geteuid() == 0) GTEST_SKIP() << "the superuser reads every file";
     writeSettings(R"({"model": "opus"})");
