@@ -7,15 +7,21 @@
 #include <QScreen>
 #include <QUrl>
 
+#include "app/LaunchFiles.h"
 #include "overlay/DeclaredNotch.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
 namespace vantrelle {
 
+Application::LaunchFilesReady::LaunchFilesReady(const AppPaths& paths) {
+    prepareLaunchFiles(paths, SystemClock::shared());
+}
+
 Application::Application(const Environment& environment)
     : m_environment(environment),
       m_paths(AppPaths::fromEnvironment(environment)),
+      m_launchFilesReady(m_paths),
       m_defaults(m_paths.defaultsFile()),
       m_loginItem(m_paths.autostartEntry(), QCoreApplication::applicationFilePath().toStdString()),
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
@@ -37,9 +43,7 @@ Application::Application(const Environment& environment)
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
-          AppDelegate::Dependencies{m_paths,
-                                    SystemClock::shared(),
-                                    environment,
+          AppDelegate::Dependencies{environment,
                                     m_scheduler,
                                     m_hooks,
                                     [this] { return makeOverlay(); },
@@ -48,6 +52,8 @@ Application::Application(const Environment& environment)
                                     [] {
                                         return PermissionStatus{3, 3, 3};
                                     }}) {
+    // Our files in folders shared with other programs: Claude Code's settings, the autostart entry.
+    removeStaleTemporaryFilesBeside({m_claudeHooks.settingsFile(), m_paths.autostartEntry()});
     SharedInstance<AppSettings>::install(&m_settings);
     SharedInstance<LiveActivityCenter>::install(&m_activities);
     SharedInstance<ClaudeAlertCenter>::install(&m_claudeAlerts);

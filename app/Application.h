@@ -50,6 +50,10 @@ private:
 
     const Environment& m_environment;
     AppPaths m_paths;
+    // Built before every store, so the files are in place when the stores open them.
+    struct LaunchFilesReady {
+        explicit LaunchFilesReady(const AppPaths& paths);
+    } m_launchFilesReady;
     QtMainScheduler m_scheduler;
     ThreadQueueFactory m_queues;
     JsonDefaultsStore m_defaults;

@@ -6,12 +6,7 @@
 
 namespace vantrelle {
 
-void AppDelegate::migrateLegacyData() const {
-    LegacyMigration(m_d.clock, m_d.creationDate).migrate(m_d.paths.legacyRoot(), m_d.paths.dataRoot());
-}
-
 void AppDelegate::applicationDidFinishLaunching() {
-    migrateLegacyData();
     if (m_d.setAccessoryPolicy) m_d.setAccessoryPolicy();
     m_overlay = m_d.makeOverlay();
     m_overlay->start();

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "app/LaunchHooks.h"
-#include "app/LegacyMigration.h"
 #include "overlay/NotchOverlayController.h"
-#include "support/AppPaths.h"
+#include "platform/Environment.h"
+#include "platform/Scheduler.h"
 
 namespace vantrelle {
 
@@ -18,14 +18,12 @@ struct PermissionStatus {
     int camera = 0;
 };
 
-// The launch, in its fixed order: data moves into place before any store opens its file, the program
-// leaves the task bar before any panel exists, and the overlay (which starts every service) is up
-// before any test hook runs.
+// The launch, in its fixed order: the program leaves the task bar before any panel exists, and the
+// overlay (which starts every service) is up before any test hook runs. Data has moved into place
+// before this object exists: the composition root runs prepareLaunchFiles before it builds any store.
 class AppDelegate {
 public:
     struct Dependencies {
-        AppPaths paths;
-        const Clock& clock;
         const Environment& environment;
         Scheduler& scheduler;
         LaunchHooks& hooks;
@@ -33,7 +31,6 @@ public:
         std::function<void()> setAccessoryPolicy;
         std::function<void()> registerNotificationCategories;
         std::function<PermissionStatus()> permissions;
-        LegacyMigration::CreationDate creationDate = LegacyMigration::fileCreationDate;
     };
 
     explicit AppDelegate(Dependencies dependencies) : m_d(std::move(dependencies)) {}
@@ -42,7 +39,6 @@ public:
     // Closing the settings or recap window never ends the process.
     [[nodiscard]] static constexpr bool applicationShouldTerminateAfterLastWindowClosed() { return false; }
 
-    void migrateLegacyData() const;
     [[nodiscard]] NotchOverlayController* overlay() const { return m_overlay.get(); }
 
 private:

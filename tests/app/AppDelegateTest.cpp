@@ -10,11 +10,7 @@ namespace {
 class AppDelegateTest : public OverlayFixture {
 protected:
     AppDelegate::Dependencies dependencies() {
-        AppPaths paths;
-        paths.dataHome = dir.path();
         return AppDelegate::Dependencies{
-            paths,
-            scheduler,
             environment,
             scheduler,
             hooks,
@@ -24,32 +20,26 @@ protected:
                     settings, activities, notifications, scheduler, scheduler, environment, windows, screens,
                     pasteboard, sounds, services, QuietMonitor::Probes{}, camera});
             },
-            [this] {
-                steps.push_back(std::string("accessory, data moved=") +
-                                (std::filesystem::exists(dir / "Vantrelle/notes.json") ? "yes" : "no"));
-            },
+            [this] { steps.push_back("accessory"); },
             [this] { steps.push_back("categories"); },
             [] {
                 return PermissionStatus{3, 0, 2};
-            },
-            [](const std::filesystem::path&) { return std::nullopt; }};
+            }};
     }
 
-    TempDir dir;
     LaunchHooks hooks;
     std::vector<std::string> steps;
 };
 
 TEST_F(AppDelegateTest, LaunchRunsInItsFixedOrderAndHooksRunAfterwards) {
     captureLog();
-    dir.write("Kestrand/notes.json", "[]");
     environment.set("VANTRELLE_START_EXPANDED", "1");
     environment.set("VANTRELLE_START_TAB", "calc");
     AppDelegate delegate(dependencies());
     registerShellHooks(hooks, delegate, settings, environment, {});
     delegate.applicationDidFinishLaunching();
 
-    EXPECT_EQ(steps, (std::vector<std::string>{"accessory, data moved=yes", "overlay", "categories"}));
+    EXPECT_EQ(steps, (std::vector<std::string>{"accessory", "overlay", "categories"}));
     ASSERT_NE(delegate.overlay(), nullptr);
     EXPECT_FALSE(delegate.overlay()->state().isExpanded()) << "hooks run only after the launch returned";
     scheduler.advance(0.6);

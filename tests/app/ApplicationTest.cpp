@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+
+#include "Application.h"
+#include "fakes/TempDir.h"
+#include "support/AtomicFile.h"
+#include "support/SharedInstance.h"
+
+// Read by LeakSanitizer in sanitizer builds. fontconfig keeps its configuration until the process
+// ends, by design; Qt's font database loads it once when the shell's QML first draws text.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n";
+}
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::TempDir;
+
+// The files are seconds since 2001-01-01 00:00:00 UTC.
+constexpr double kReferenceDate = 978'307'200.0;
+
+// Offscreen and without any X display, whatever the environment the tests run in.
+QApplication& qtApplication() {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ::unsetenv("DISPLAY");
+    static int argc = 1;
+    static char name[] = "app_composition_tests";
+    static char* argv[] = {name, nullptr};
+    static auto* app = new QApplication(argc, argv);  // the tray menu is a widget
+    return *app;
+}
+
+// The real program, built by its own composition root on an offscreen platform, in a home of its own.
+class ApplicationTest : public ::testing::Test {
+protected:
+    void SetUp() override { (void)qtApplication(); }
+
+    TempDir home;
+    MapEnvironment environment{{{"HOME", home.path().string()}}};
+    fs::path history = home / ".local/share/Vantrelle/wrapped-history.json";
+};
+
+TEST_F(ApplicationTest, AMigratedWrappedHistorySurvivesTheLaunchAndTheNextSave) {
+    const Date now = SystemClock::shared().now();
+    const std::string yesterday = WrappedHistory::key(now - 86'400);
+    const double since = (now - 30 * 86'400).seconds - kReferenceDate;
+    nlohmann::json legacy = {
+        {"days",
+         {{yesterday, {{"focusBlocks", 4}, {"focusMinutes", 100}, {"meetingsJoined", 2}, {"aiTokens", 7}}}}},
+        {"trackingSince", since}};
+    home.write(".local/share/Kestrand/wrapped-history.json", legacy.dump());
+
+    {
+        Application app(environment);
+        app.launch();
+        SharedInstance<WrappedHistory>::get().recordMeetingJoined();  // the next save
+    }
+
+    const auto saved = nlohmann::json::parse(*readWholeFile(history));
+    EXPECT_EQ(saved["days"][yesterday], legacy["days"][yesterday]) << saved.dump();
+    EXPECT_EQ(saved["days"][WrappedHistory::key(SystemClock::shared().now())]["meetingsJoined"], 1)
+        << saved.dump();
+    EXPECT_DOUBLE_EQ(saved["trackingSince"].get<double>(), since);
+    EXPECT_FALSE(fs::exists(home / ".local/share/Kestrand")) << "the emptied legacy root is removed";
+
+    Application restarted(environment);
+    EXPECT_EQ(SharedInstance<WrappedHistory>::get().days().at(yesterday).focusBlocks, 4);
+}
+
+TEST_F(ApplicationTest, TemporaryFilesOfAKilledWriterAreGoneAfterTheNextStart) {
+    const std::vector<fs::path> leftovers = {
+        home.write(".config/Vantrelle/" + temporaryFilePrefix("defaults.json") + "Ab12Cd", "{\"half"),
+        home.write(".config/Vantrelle/defaults.json.x7Y8z9", "{\"half"),  // an earlier version's shape
+        home.write(".local/share/Vantrelle/" + temporaryFilePrefix("wrapped-history.json") + "Qw3Er4", "{"),
+        home.write(".claude/" + temporaryFilePrefix("settings.json") + "Zx5Cv6", "{"),
+        home.write(".config/autostart/" + temporaryFilePrefix("vantrelle.desktop") + "Po9Iu8", "["),
+    };
+    const auto kept = home.write(".claude/settings.json.backup", "{}");
+    {
+        Application app(environment);
+        for (const auto& file : leftovers) EXPECT_FALSE(fs::exists(file)) << file;
+        EXPECT_TRUE(fs::exists(kept));
+    }
+}
+
+TEST_F(ApplicationTest, AnUnreadableDefaultsFileIsMovedAsideAtStartAndSettingsStillSave) {
+    const std::string handEdited = "{\"showDock\": false, \"hoverDelay\": 0.5,}";
+    home.write(".config/Vantrelle/defaults.json", handEdited);
+    {
+        Application app(environment);
+        SharedInstance<AppSettings>::get().setShowDock(true);
+    }
+    std::vector<std::string> aside;
+    for (const auto& entry : fs::directory_iterator(home / ".config/Vantrelle")) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind("defaults.json.unreadable-", 0) == 0) aside.push_back(name);
+    }
+    ASSERT_EQ(aside.size(), 1u);
+    EXPECT_EQ(home.read(".config/Vantrelle/" + aside[0]), handEdited);
+    EXPECT_NE(home.read(".config/Vantrelle/defaults.json").find("\"showDock\": true"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vantrelle
