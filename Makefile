@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: deps configure build run test test-asan bench fuzz format format-check clean
+.PHONY: deps configure build run test test-asan bench fuzz format format-check tidy clean
 
 deps:
 	@scripts/install-deps
@@ -49,6 +49,11 @@ format: deps
 
 format-check: deps
 	@git ls-files '*.cpp' '*.h' | xargs $(CLANG_FORMAT) --dry-run --Werror
+
+# The checks of .clang-tidy over core/ (several minutes on two cores).
+tidy: configure
+	@scripts/install-deps tidy
+	@git ls-files 'core/*.cpp' | xargs -P $(JOBS) -n 4 clang-tidy-14 -p $(BUILD) --quiet
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

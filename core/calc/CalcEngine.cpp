@@ -150,9 +150,8 @@ void CalcEngine::evaluate(std::string_view text, std::optional<double> previous,
     const std::string normalized = normalize(text);
     if (auto query = parseCurrency(normalized)) {
         rates.rate(query->from, query->to,
-                   [query = *query, completion = std::move(completion)](std::optional<RateQuote> quote) {
-                       completion(currencyResult(query, quote));
-                   });
+                   [query = *query, completion = std::move(completion)](
+                       const std::optional<RateQuote>& quote) { completion(currencyResult(query, quote)); });
         return;
     }
     completion(evaluateLocally(normalized, previous));

@@ -26,7 +26,7 @@ std::string messageFor(CalcError::Case which, const std::string& a, const std::s
 
 }  // namespace
 
-CalcError::CalcError(Case which, std::string a, std::string b)
+CalcError::CalcError(Case which, const std::string& a, const std::string& b)
     : m_case(which), m_message(messageFor(which, a, b)) {}
 
 }  // namespace vantrelle

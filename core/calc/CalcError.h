@@ -39,7 +39,7 @@ public:
     static constexpr const char* genericMessage = "Couldn't work that out";
 
 private:
-    explicit CalcError(Case which, std::string a = {}, std::string b = {});
+    explicit CalcError(Case which, const std::string& a = {}, const std::string& b = {});
 
     Case m_case;
     std::string m_message;

@@ -1,5 +1,7 @@
 #include "calc/CalcModel.h"
 
+#include <ranges>
+
 #include "calc/CalcDemo.h"
 #include "calc/CalcEngine.h"
 #include "calc/CalcText.h"
@@ -18,8 +20,8 @@ CalcModel::CalcModel(RatesService& rates, bool demo) : m_rates(rates) {
 CalcModel::~CalcModel() = default;
 
 std::optional<double> CalcModel::previousAnswer() const {
-    for (auto it = m_entries.rbegin(); it != m_entries.rend(); ++it) {
-        if (it->value) return it->value;
+    for (const CalcEntry& entry : std::views::reverse(m_entries)) {
+        if (entry.value) return entry.value;
     }
     return std::nullopt;
 }

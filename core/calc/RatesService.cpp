@@ -59,10 +59,11 @@ void RatesService::load(TableCompletion completion) {
 
     const std::string url = endpoint();
     DebugLog::write([&] { return fmt::format("rates: fetching {}", url); });
-    m_http.get(url, requestTimeout, [this, alive = std::weak_ptr<int>(m_alive)](HttpResponse response) {
-        if (alive.expired()) return;
-        finishFetch(response);
-    });
+    m_http.get(url, requestTimeout,
+               [this, alive = std::weak_ptr<int>(m_alive)](const HttpResponse& response) {
+                   if (alive.expired()) return;
+                   finishFetch(response);
+               });
 }
 
 void RatesService::finishFetch(const HttpResponse& response) {
@@ -92,7 +93,8 @@ void RatesService::finishFetch(const HttpResponse& response) {
 void RatesService::deliver(const std::optional<RatesTable>& table) {
     // The completions may load again; they start from an empty list.
     auto waiting = std::exchange(m_waiting, {});
-    const std::optional<RatesTable> answer = table;
+    // A copy: `table` may be the cache that a completion replaces.
+    const std::optional<RatesTable> answer = table;  // NOLINT(performance-unnecessary-copy-initialization)
     for (auto& completion : waiting) completion(answer);
 }
 

@@ -196,7 +196,7 @@ void AppSettings::setWrappedReminders(bool on) {
     write(m_wrappedReminders, on, "wrappedReminders");
 }
 
-void AppSettings::setDashboardTiles(std::vector<DashTile> tiles) {
+void AppSettings::setDashboardTiles(const std::vector<DashTile>& tiles) {
     m_dashboardTiles = normalizedDashTiles(tiles);
     m_defaults.set("dashboardTiles", rawStrings(m_dashboardTiles));
     stored("dashboardTiles");

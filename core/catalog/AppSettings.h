@@ -72,7 +72,7 @@ public:
     [[nodiscard]] bool wrappedReminders() const { return m_wrappedReminders; }
     void setWrappedReminders(bool on);
     [[nodiscard]] const std::vector<DashTile>& dashboardTiles() const { return m_dashboardTiles; }
-    void setDashboardTiles(std::vector<DashTile> tiles);
+    void setDashboardTiles(const std::vector<DashTile>& tiles);
     [[nodiscard]] std::int64_t meetingHeadsUpMinutes() const { return m_meetingHeadsUpMinutes; }
     void setMeetingHeadsUpMinutes(std::int64_t minutes);
     [[nodiscard]] std::int64_t aiBlockTokenBudget() const { return m_aiBlockTokenBudget; }

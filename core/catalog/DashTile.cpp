@@ -48,7 +48,6 @@ std::optional<NotchTab> toolForTile(DashTile tile) {
         case DashTile::today:
             return NotchTab::today;
         case DashTile::pomodoro:
-            return NotchTab::focus;
         case DashTile::dayProgress:
             return NotchTab::focus;
         case DashTile::tasks:

@@ -19,6 +19,18 @@ Overloaded(Ts...) -> Overloaded<Ts...>;
 
 constexpr const char* kNoReading = "--:--";
 
+const char* alertWord(AgentAlertKind kind) {
+    switch (kind) {
+        case AgentAlertKind::approval:
+            return "Approve";
+        case AgentAlertKind::waiting:
+            return "Waiting";
+        case AgentAlertKind::done:
+            return "Done";
+    }
+    return "";
+}
+
 }  // namespace
 
 std::string compactStopwatch(double seconds) {
@@ -67,17 +79,7 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
             },
             [&](const LiveActivity::AgentAlert& a) {
                 c.leadingIsAgentMark = true;
-                switch (a.kind) {
-                    case AgentAlertKind::approval:
-                        c.trailingText = "Approve";
-                        break;
-                    case AgentAlertKind::waiting:
-                        c.trailingText = "Waiting";
-                        break;
-                    case AgentAlertKind::done:
-                        c.trailingText = "Done";
-                        break;
-                }
+                c.trailingText = alertWord(a.kind);
             },
             [&](const LiveActivity::Update& u) {
                 c.leadingSymbol = "arrow.down.circle.fill";

@@ -149,54 +149,55 @@ void NotchOverlayController::handleMouse(MouseEvent type, Point p) {
     if (isClick) {
         // The menu bar tool's own synthetic clicks must not open or close anything.
         if (auto until = m_services.menuBarIgnoreClicksUntil(); until && m_clock.now() < *until) return;
-    }
-
-    const bool overCollapsed = collapsedHitRect().contains(p);
-    const bool overExpanded = expandedHitRect().contains(p);
-    bool dragging = false;
-
-    if (isClick) {
         m_dragCountAtMouseDown = m_pasteboard.changeCount();
         m_fileDragActive = false;
     }
-    if (isDrag) {
-        if (!m_settings.isEnabled(NotchTab::shelf) || !fileDragInProgress()) {
-            dragging = true;
-        } else {
-            // A file drag: turn to the Shelf once per drag, so a tab the user picks afterwards stays.
-            if (!m_fileDragActive) {
-                m_fileDragActive = true;
-                m_state.setTab(NotchTab::shelf);
-            }
-            if (!overCollapsed && !overExpanded) return;
-            m_closeWork.reset();
-            if (!m_state.isExpanded()) setExpanded(true, "unspecified");
-            return;
-        }
+
+    const PointerPlace place{collapsedHitRect().contains(p), expandedHitRect().contains(p)};
+    if (isDrag && m_settings.isEnabled(NotchTab::shelf) && fileDragInProgress()) {
+        followFileDrag(place);
+        return;
     }
     if (isMove && m_fileDragActive) m_fileDragActive = false;
 
     if (!m_state.isExpanded()) {
-        if (isClick && overCollapsed) {
-            // A click opens at once, ignoring calls and the hover delay.
-            openOnMeetingIfShowing();
-            setExpanded(true, "unspecified");
-        } else if (!isClick && overCollapsed && !inCall()) {
-            scheduleOpen();
-        } else {
-            m_openWork.reset();
-        }
-        return;
+        pointerWhileCollapsed(isClick, place);
+    } else if (!m_pinnedOpen) {
+        pointerWhileExpanded(isClick, isDrag, place);
     }
+}
 
-    if (m_pinnedOpen) return;
-    if (dragging) {
+void NotchOverlayController::followFileDrag(PointerPlace place) {
+    // Turn to the Shelf once per drag, so a tab the user picks afterwards stays.
+    if (!m_fileDragActive) {
+        m_fileDragActive = true;
+        m_state.setTab(NotchTab::shelf);
+    }
+    if (!place.overCollapsed && !place.overExpanded) return;
+    m_closeWork.reset();
+    if (!m_state.isExpanded()) setExpanded(true, "unspecified");
+}
+
+void NotchOverlayController::pointerWhileCollapsed(bool isClick, PointerPlace place) {
+    if (isClick && place.overCollapsed) {
+        // A click opens at once, ignoring calls and the hover delay.
+        openOnMeetingIfShowing();
+        setExpanded(true, "unspecified");
+    } else if (!isClick && place.overCollapsed && !inCall()) {
+        scheduleOpen();
+    } else {
+        m_openWork.reset();
+    }
+}
+
+void NotchOverlayController::pointerWhileExpanded(bool isClick, bool isDrag, PointerPlace place) {
+    if (isDrag) {
         // A text selection or a slider drag never closes the panel, wherever it goes.
         m_closeWork.reset();
         return;
     }
     if (isClick) {
-        if (!overExpanded) {
+        if (!place.overExpanded) {
             setExpanded(false, "click outside");
             return;
         }
@@ -206,7 +207,7 @@ void NotchOverlayController::handleMouse(MouseEvent type, Point p) {
         m_headsUpWork.reset();
         return;
     }
-    if (overCollapsed || overExpanded) {
+    if (place.overCollapsed || place.overExpanded) {
         m_closeWork.reset();
         return;
     }

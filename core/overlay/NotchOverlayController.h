@@ -77,6 +77,13 @@ public:
     [[nodiscard]] std::optional<Date> headsUpUntil() const { return m_headsUpUntil; }
 
 private:
+    struct PointerPlace {
+        bool overCollapsed = false;
+        bool overExpanded = false;
+    };
+    void followFileDrag(PointerPlace place);
+    void pointerWhileCollapsed(bool isClick, PointerPlace place);
+    void pointerWhileExpanded(bool isClick, bool isDrag, PointerPlace place);
     void scheduleOpen();
     void scheduleClose();
     void openOnMeetingIfShowing();

@@ -56,6 +56,7 @@ public:
     // Calendar and reminders, where the user allowed them.
     virtual void refreshSchedule() {}
     virtual void addToShelf(const std::vector<std::string>& /*fileUrls*/) {}
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): the platform's ports keep the callback
     virtual void installShortcuts(std::function<void(ShortcutTarget)> /*onFire*/) {}
     // The background services, in their start-up order.
     virtual void startBackgroundServices() {}

@@ -15,6 +15,7 @@ struct Date {
     constexpr Date operator+(double delta) const { return Date{seconds + delta}; }
     constexpr Date operator-(double delta) const { return Date{seconds - delta}; }
     constexpr double operator-(Date other) const { return seconds - other.seconds; }
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 misreads a defaulted comparison
     constexpr auto operator<=>(const Date&) const = default;
 };
 

@@ -15,6 +15,9 @@
 
 #include "agents/ClaudeAlertCenter.h"
 #include "agents/ClaudeHooks.h"
+#include "fakes/FakeFileWatcher.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakeOverlayPorts.h"
 #include "platform/VirtualScheduler.h"
 #include "support/JsonLayout.h"
 #include "support/MemoryDefaultsStore.h"
@@ -23,24 +26,6 @@ namespace {
 
 using namespace vantrelle;
 namespace fs = std::filesystem;
-
-class SilentSounds final : public SoundPlayer {
-public:
-    void play(std::string_view) override {}
-};
-
-class ManualWatcher final : public FileWatcher {
-public:
-    std::unique_ptr<FileWatch> watchFile(const fs::path&, std::function<void()>) override {
-        return std::make_unique<FileWatch>();
-    }
-};
-
-class NoLogin final : public LoginItem {
-public:
-    [[nodiscard]] bool isEnabled() const override { return false; }
-    bool setEnabled(bool) override { return false; }
-};
 
 // A broken rule is a crash: libFuzzer keeps the input.
 void require(bool rule) {
@@ -180,11 +165,11 @@ void checkEvents(std::string_view bytes, const ClaudeHooks& hooks, const fs::pat
     VirtualScheduler scheduler;
     MemoryDefaultsStore defaults;
     NotificationCenter notifications;
-    NoLogin login;
+    testing::FakeLoginItem login;
     AppSettings settings(defaults, notifications, login, scheduler);
     LiveActivityCenter activities(scheduler);
-    SilentSounds sounds;
-    ManualWatcher watcher;
+    testing::RecordingSounds sounds;
+    testing::FakeFileWatcher watcher;
     ClaudeAlertCenter center(ClaudeAlertCenter::Dependencies{hooks.eventsFile(),
                                                              scheduler,
                                                              scheduler,

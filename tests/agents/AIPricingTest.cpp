@@ -1,50 +1,150 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cctype>
+#include <ostream>
+#include <string>
+
 #include "agents/AIPricing.h"
-#include "support/AIFormat.h"
 
 namespace vantrelle {
-namespace {
 
-TEST(AIPricingTest, RowsAreSearchedInOrder) {
-    EXPECT_EQ(AIPricing::rates("claude-opus-4-8-20260101").input, 5);
-    EXPECT_EQ(AIPricing::rates("claude-opus-4-8-20260101").output, 25);
-    EXPECT_EQ(AIPricing::rates("claude-opus-4-1").input, 15);
-    EXPECT_EQ(AIPricing::rates("gemini-3.5-flash-lite").input, 0.3);
-    EXPECT_EQ(AIPricing::rates("gemini-3.5-flash").input, 1.5);
-    EXPECT_EQ(AIPricing::rates("Claude-Sonnet-5").input, 2);
-    EXPECT_EQ(AIPricing::family("Claude-Sonnet-5"), "Sonnet");
-    EXPECT_EQ(AIPricing::family("gpt-5-codex"), "GPT");
-    EXPECT_EQ(AIPricing::family(""), "Model");
-    EXPECT_EQ(AIPricing::rates("mystery").cacheWrite, 3.75);
-    EXPECT_FALSE(AIPricing::rates("mystery").longContext);
+// Failing rows print their prices, not bytes.
+static void PrintTo(const AIPricing& p, std::ostream* out) {
+    *out << "{" << p.input << ", " << p.output << ", " << p.cacheRead << ", " << p.cacheWrite;
+    if (p.longContext) {
+        *out << ", long {" << p.longContext->input << ", " << p.longContext->output << ", "
+             << p.longContext->cacheRead << "}";
+    }
+    *out << "}";
 }
 
-TEST(AIPricingTest, LongContextIsDecidedPerEvent) {
+namespace {
+
+struct PriceRow {
+    const char* needle;
+    const char* family;
+    AIPricing rates;
+};
+
+constexpr AIPricing::LongContext kGeminiProLong{2.5, 15, 0.25};
+
+// The published price list, US dollars per million tokens, in the order it is searched.
+const std::array<PriceRow, 25> kPriceList{{
+    {"fable", "Fable", {10, 50, 0.25, 12.5, std::nullopt}},
+    {"mythos", "Fable", {10, 50, 0.25, 12.5, std::nullopt}},
+    {"opus-5", "Opus", {5, 25, 0.5, 6.25, std::nullopt}},
+    {"opus-4-8", "Opus", {5, 25, 0.5, 6.25, std::nullopt}},
+    {"opus-4-7", "Opus", {5, 25, 0.5, 6.25, std::nullopt}},
+    {"opus-4-6", "Opus", {5, 25, 0.5, 6.25, std::nullopt}},
+    {"opus", "Opus", {15, 75, 1.5, 18.75, std::nullopt}},
+    {"sonnet-5", "Sonnet", {2, 10, 0.2, 2.5, std::nullopt}},
+    {"sonnet", "Sonnet", {3, 15, 0.3, 3.75, std::nullopt}},
+    {"haiku-4-5", "Haiku", {1, 5, 0.1, 1.25, std::nullopt}},
+    {"haiku", "Haiku", {0.8, 4, 0.08, 1, std::nullopt}},
+    {"gemini-3.1-flash-lite", "Gemini", {0.25, 1.5, 0.025, 0, std::nullopt}},
+    {"gemini-3.5-flash-lite", "Gemini", {0.3, 2.5, 0.03, 0, std::nullopt}},
+    {"gemini-2.5-flash-lite", "Gemini", {0.1, 0.4, 0.01, 0, std::nullopt}},
+    {"gemini-3.6-flash", "Gemini", {0.75, 3.75, 0.075, 0, std::nullopt}},
+    {"gemini-3.7-flash", "Gemini", {0.75, 3.75, 0.075, 0, std::nullopt}},
+    {"gemini-3.8-flash", "Gemini", {0.75, 3.75, 0.075, 0, std::nullopt}},
+    {"gemini-3.5-flash", "Gemini", {1.5, 9, 0.15, 0, std::nullopt}},
+    {"gemini-3-flash", "Gemini", {0.5, 3, 0.05, 0, std::nullopt}},
+    {"gemini-2.5-flash", "Gemini", {0.3, 2.5, 0.03, 0, std::nullopt}},
+    {"gemini-3.1-pro", "Gemini", {2, 12, 0.2, 0, AIPricing::LongContext{4, 18, 0.4}}},
+    {"gemini-2.5-pro", "Gemini", {1.25, 10, 0.125, 0, kGeminiProLong}},
+    {"gemini", "Gemini", {1.25, 10, 0.125, 0, kGeminiProLong}},
+    {"gpt", "GPT", {0, 0, 0, 0, std::nullopt}},
+    {"codex", "GPT", {0, 0, 0, 0, std::nullopt}},
+}};
+
+const AIPricing kFallback{3, 15, 0.3, 3.75, std::nullopt};
+
+// A test name from any text: letters and digits kept, the rest as "_".
+std::string nameOf(std::string_view text) {
+    std::string name;
+    for (char c : text) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+    return name;
+}
+
+class PriceListRow : public ::testing::TestWithParam<PriceRow> {};
+
+TEST_P(PriceListRow, ItsNeedleAnywhereInAModelNameFindsIt) {
+    const PriceRow& row = GetParam();
+    for (const std::string& model :
+         {std::string(row.needle), "models/" + std::string(row.needle) + "-latest"}) {
+        SCOPED_TRACE(model);
+        EXPECT_EQ(AIPricing::rates(model), row.rates);
+        EXPECT_EQ(AIPricing::family(model), row.family);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AIPricing, PriceListRow, ::testing::ValuesIn(kPriceList),
+                         [](const auto& row) { return nameOf(row.param.needle); });
+
+// Model names that hold more than one needle, or none: the first row in the list wins.
+struct Lookup {
+    const char* model;
+    int row;  // 1-based in the price list; 0 is the fallback
+};
+
+class PriceLookup : public ::testing::TestWithParam<Lookup> {};
+
+TEST_P(PriceLookup, TheFirstMatchingRowDecides) {
+    const Lookup& lookup = GetParam();
+    const AIPricing expected = lookup.row == 0 ? kFallback : kPriceList.at(lookup.row - 1).rates;
+    const std::string_view family = lookup.row == 0 ? "Model" : kPriceList.at(lookup.row - 1).family;
+    EXPECT_EQ(AIPricing::rates(lookup.model), expected);
+    EXPECT_EQ(AIPricing::family(lookup.model), family);
+}
+
+const Lookup kLookups[] = {
+    {"claude-fable-opus-5", 1},       // "fable" before any "opus"
+    {"claude-opus-5", 3},             // "opus-5" before "opus"
+    {"claude-opus-4-8-20260101", 4},  // a dated snapshot
+    {"claude-opus-4-1", 7},           // an older Opus falls to "opus"
+    {"Claude-Sonnet-5", 8},           // case is ignored
+    {"claude-sonnet-4-5", 9},         // "sonnet-4-5" holds no "sonnet-5"
+    {"claude-haiku-4-5", 10},
+    {"claude-3-5-haiku", 11},
+    {"gemini-3.1-flash-lite", 12},  // "-lite" rows before the plain "flash" and "gemini" rows
+    {"GEMINI-3.5-FLASH-LITE", 13},
+    {"gemini-2.5-flash-lite-preview", 14},
+    {"gemini-3.5-flash", 18},
+    {"gemini-2.5-flash-001", 20},
+    {"gemini-3.1-pro-preview", 21},
+    {"gemini-2.0-flash", 23},  // a Gemini the list doesn't name
+    {"gpt-5-codex", 24},       // "gpt" before "codex"
+    {"codex-mini", 25},
+    {"mystery", 0},  // no needle: the fallback
+    {"", 0},
+    {"op us", 0},  // needles match as they stand
+};
+
+INSTANTIATE_TEST_SUITE_P(AIPricing, PriceLookup, ::testing::ValuesIn(kLookups), [](const auto& row) {
+    return row.param.model[0] ? nameOf(row.param.model) : std::string("empty");
+});
+
+TEST(AIPricingCost, EachEventAloneCrossesTheLongContextLine) {
     AIUsageEvent event;
     event.model = "gemini-2.5-pro";
     event.input = 150'000;
-    event.cacheRead = 50'000;
+    event.cacheRead = 50'000;  // exactly 200,000 stays at the normal price
     event.output = 1'000'000;
     EXPECT_DOUBLE_EQ(AIPricing::cost(event), (1.25 * 150'000 + 10 * 1'000'000 + 0.125 * 50'000) / 1e6);
     event.cacheRead = 50'001;
     EXPECT_DOUBLE_EQ(AIPricing::cost(event), (2.5 * 150'000 + 15 * 1'000'000 + 0.25 * 50'001) / 1e6);
+
+    event.model = "gemini-3.1-pro";
+    EXPECT_DOUBLE_EQ(AIPricing::cost(event), (4 * 150'000 + 18 * 1'000'000 + 0.4 * 50'001) / 1e6);
+
+    // Without long-context prices a big call costs the same per token; cache writes count too.
+    event.model = "claude-sonnet-4-5";
+    event.cacheWrite = 1'000'000;
+    EXPECT_DOUBLE_EQ(AIPricing::cost(event),
+                     (3 * 150'000 + 15 * 1'000'000 + 0.3 * 50'001 + 3.75 * 1e6) / 1e6);
     event.model = "gpt-5";
     EXPECT_EQ(AIPricing::cost(event), 0);
-}
-
-TEST(AIFormatTest, TokensDurationsAndRemaining) {
-    EXPECT_EQ(AIFormat::tokens(-5), "-5");
-    EXPECT_EQ(AIFormat::tokens(999), "999");
-    EXPECT_EQ(AIFormat::tokens(1000), "1.0k");
-    EXPECT_EQ(AIFormat::tokens(999'999), "1000.0k");
-    EXPECT_EQ(AIFormat::tokens(1'000'000), "1.00M");
-    EXPECT_EQ(AIFormat::tokens(2'500'000'000), "2.50B");
-    EXPECT_EQ(AIFormat::duration(3599), "59m 59s");
-    EXPECT_EQ(AIFormat::duration(3600), "1h 00m");
-    EXPECT_EQ(AIFormat::duration(-3), "0m 00s");
-    EXPECT_EQ(AIFormat::remaining(59), "0m");
-    EXPECT_EQ(AIFormat::remaining(3660), "1h 1m");
 }
 
 }  // namespace

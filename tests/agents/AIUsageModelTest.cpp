@@ -5,6 +5,7 @@
 #include "agents/AIUsageModel.h"
 #include "catalog/AppSettings.h"
 #include "fakes/FakeLoginItem.h"
+#include "fakes/FakeProcessTable.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
 #include "support/MemoryDefaultsStore.h"
@@ -15,19 +16,6 @@ namespace vantrelle {
 namespace {
 
 using testing::iso;
-
-class FakeProcessTable final : public ProcessTable {
-public:
-    std::optional<std::vector<ProcessInfo>> list(std::string& error) override {
-        if (failing) {
-            error = "no /proc";
-            return std::nullopt;
-        }
-        return processes;
-    }
-    std::vector<ProcessInfo> processes;
-    bool failing = false;
-};
 
 std::vector<AIUsageEvent> eventsAt(std::initializer_list<std::string_view> times, std::int64_t tokens = 100) {
     std::vector<AIUsageEvent> events;
@@ -70,7 +58,7 @@ protected:
     MapEnvironment environment;
     VirtualScheduler clock{iso("2030-01-01T18:40:00Z")};
     InlineQueueFactory queues;
-    FakeProcessTable processes;
+    testing::FakeProcessTable processes;
     MemoryDefaultsStore defaults;
     NotificationCenter notifications;
     testing::FakeLoginItem loginItem;

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "agents/ClaudeAlertCenter.h"
+#include "fakes/FakeFileWatcher.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/TempDir.h"
@@ -14,19 +15,6 @@ namespace vantrelle {
 namespace {
 
 using testing::TempDir;
-
-// Hands the test the watcher's callback, which it calls after each real append.
-class ManualWatcher final : public FileWatcher {
-public:
-    std::unique_ptr<FileWatch> watchFile(const std::filesystem::path&,
-                                         std::function<void()> onChange) override {
-        if (refuse) return nullptr;
-        wake = std::move(onChange);
-        return std::make_unique<FileWatch>();
-    }
-    std::function<void()> wake;
-    bool refuse = false;
-};
 
 class ClaudeAlertCenterTest : public ::testing::Test {
 protected:
@@ -75,7 +63,7 @@ protected:
     AppSettings settings{defaults, notifications, login, scheduler};
     LiveActivityCenter activities{scheduler};
     testing::RecordingSounds sounds;
-    ManualWatcher watcher;
+    testing::FakeFileWatcher watcher;
     std::map<std::filesystem::path, Date> modified;
     std::vector<std::string> posted;
     Connection messages;

@@ -18,28 +18,59 @@ CalcResult eval(std::string_view text, const RatesTable* rates = nullptr) {
 }
 
 TEST(ConversionQuery, SplitsAtTheLastConnectiveButNeverTheFirstWord) {
-    EXPECT_EQ(ConversionQuery::split("100 km in miles"), (ConversionQuery{"100 km", "miles"}));
-    EXPECT_EQ(ConversionQuery::split("5 in in cm"), (ConversionQuery{"5 in", "cm"}));
-    EXPECT_EQ(ConversionQuery::split("10 usd to us dollars"), (ConversionQuery{"10 usd", "us dollars"}));
-    EXPECT_EQ(ConversionQuery::split("1 kg as lb"), (ConversionQuery{"1 kg", "lb"}));
-    EXPECT_FALSE(ConversionQuery::split("5 km"));
-    EXPECT_FALSE(ConversionQuery::split("in 5 km"));
-    EXPECT_FALSE(ConversionQuery::split("5 km in"));
-    EXPECT_FALSE(ConversionQuery::split("20% of 150"));
+    const struct {
+        const char* text;
+        std::optional<ConversionQuery> query;
+    } rows[] = {
+        {"100 km in miles", ConversionQuery{"100 km", "miles"}},
+        {"5 in in cm", ConversionQuery{"5 in", "cm"}},
+        {"10 usd to us dollars", ConversionQuery{"10 usd", "us dollars"}},
+        {"1 kg as lb", ConversionQuery{"1 kg", "lb"}},
+        {"5 km", std::nullopt},
+        {"in 5 km", std::nullopt},
+        {"5 km in", std::nullopt},
+        {"20% of 150", std::nullopt},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(ConversionQuery::split(row.text), row.query);
+    }
 }
 
 TEST(SplitAmount, SymbolAmountAndRest) {
-    EXPECT_EQ(SplitAmount::parse("$1,200.50"), (SplitAmount{"$", 1200.5, ""}));
-    EXPECT_EQ(SplitAmount::parse("€ 5"), (SplitAmount{"€", 5, ""}));
-    EXPECT_EQ(SplitAmount::parse("5 km"), (SplitAmount{"", 5, "km"}));
-    EXPECT_EQ(SplitAmount::parse("5km"), (SplitAmount{"", 5, "km"}));
-    EXPECT_EQ(SplitAmount::parse("-40 f"), (SplitAmount{"", -40, "f"}));
-    EXPECT_EQ(SplitAmount::parse("2.5e3 m"), (SplitAmount{"", 2500, "m"}));
-    EXPECT_EQ(SplitAmount::parse("3 eur"), (SplitAmount{"", 3, "eur"}));
-    EXPECT_EQ(SplitAmount::parse("100 rs."), (SplitAmount{"", 100, "rs."}));
-    EXPECT_FALSE(SplitAmount::parse("km"));
-    EXPECT_FALSE(SplitAmount::parse(".5 km"));
-    EXPECT_FALSE(SplitAmount::parse("$"));
+    const struct {
+        const char* text;
+        std::optional<SplitAmount> split;
+    } rows[] = {
+        {"$1,200.50", SplitAmount{"$", 1200.5, ""}},
+        {"€ 5", SplitAmount{"€", 5, ""}},
+        {"5 km", SplitAmount{"", 5, "km"}},
+        {"5km", SplitAmount{"", 5, "km"}},
+        {"-40 f", SplitAmount{"", -40, "f"}},
+        {"2.5e3 m", SplitAmount{"", 2500, "m"}},
+        {"3 eur", SplitAmount{"", 3, "eur"}},
+        {"100 rs.", SplitAmount{"", 100, "rs."}},
+        {"km", std::nullopt},
+        {".5 km", std::nullopt},
+        {"$", std::nullopt},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(SplitAmount::parse(row.text), row.split);
+    }
+}
+
+// A line and the answer shown for it.
+struct Shown {
+    const char* text;
+    const char* display;
+};
+
+void expectShown(std::initializer_list<Shown> rows) {
+    for (const Shown& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(eval(row.text).display, row.display);
+    }
 }
 
 TEST(UnitConversion, AnswerAndDetail) {
@@ -48,39 +79,47 @@ TEST(UnitConversion, AnswerAndDetail) {
     EXPECT_EQ(km.display, "3.106856 mi");
     EXPECT_EQ(km.detail, "5 km = 3.106856 mi · 1 km = 0.621371 mi");
     EXPECT_DOUBLE_EQ(*km.value, 5000 / 1609.344);
-
-    EXPECT_EQ(eval("100 km in miles").display, "62.137119 miles");
-    EXPECT_EQ(eval("5 in in cm").display, "12.7 cm");
-    EXPECT_EQ(eval("5 km → mi").display, "3.106856 mi");
-    EXPECT_EQ(eval("1 kg as lbs").display, "2.204623 lbs");
-    EXPECT_EQ(eval("1,500 g to kg").display, "1.5 kg");
-    EXPECT_EQ(eval("1 gal in l").display, "3.785412 l");
-    EXPECT_EQ(eval("1 kib in b").display, "1,024 b");
-    EXPECT_EQ(eval("1 wk in h").display, "168 h");
-    EXPECT_EQ(eval("10 m/s in km/h").display, "36 km/h");
-    EXPECT_EQ(eval("1 acre in sqft").display, "43,560 sqft");
-    EXPECT_EQ(eval("1 m² in sqft").display, "10.76391 sqft");
-    EXPECT_EQ(eval("1 knot in km/h").display, "1.852 km/h");
-    EXPECT_EQ(eval("1 kcal in kj").display, "4.184 kj");
-    EXPECT_EQ(eval("12\" in cm").display, "30.48 cm");
-    EXPECT_EQ(eval("3' in in").display, "36 in");
     EXPECT_EQ(eval("1 mm in mi").detail, "1 mm = 6.21371e-7 mi · 1 mm = 6.21371e-7 mi");
+}
+
+TEST(UnitConversion, EveryDimensionAndSpelling) {
+    expectShown({
+        {"100 km in miles", "62.137119 miles"},
+        {"5 in in cm", "12.7 cm"},
+        {"5 km → mi", "3.106856 mi"},
+        {"1 kg as lbs", "2.204623 lbs"},
+        {"1,500 g to kg", "1.5 kg"},
+        {"1 gal in l", "3.785412 l"},
+        {"1 kib in b", "1,024 b"},
+        {"1 wk in h", "168 h"},
+        {"10 m/s in km/h", "36 km/h"},
+        {"1 acre in sqft", "43,560 sqft"},
+        {"1 m² in sqft", "10.76391 sqft"},
+        {"1 knot in km/h", "1.852 km/h"},
+        {"1 kcal in kj", "4.184 kj"},
+        {"12\" in cm", "30.48 cm"},
+        {"3' in in", "36 in"},
+    });
 }
 
 TEST(UnitConversion, TemperatureGoesThroughItsOffset) {
     const CalcResult boiling = eval("100 c in f");
     EXPECT_EQ(boiling.display, "212 f");
     EXPECT_EQ(boiling.detail, "100 c = 212 f");  // no factor for an affine scale
-    EXPECT_EQ(eval("-40 f to celsius").display, "-40 celsius");
-    EXPECT_EQ(eval("0 kelvin in c").display, "-273.15 c");
-    EXPECT_EQ(eval("98.6 degf in degc").display, "37 degc");
+    expectShown({
+        {"-40 f to celsius", "-40 celsius"},
+        {"0 kelvin in c", "-273.15 c"},
+        {"98.6 degf in degc", "37 degc"},
+    });
 }
 
 TEST(UnitConversion, UnknownNamesFallThrough) {
     // Not a conversion: the expression stage gets the line and explains it.
-    EXPECT_EQ(eval("5 parsec in km").display, "Unexpected 'parsec'");
-    EXPECT_EQ(eval("5 km in parsec").display, "Unexpected 'km'");
-    EXPECT_EQ(eval("5 ft in kg").display, "Can't convert ft to kg");
+    expectShown({
+        {"5 parsec in km", "Unexpected 'parsec'"},
+        {"5 km in parsec", "Unexpected 'km'"},
+        {"5 ft in kg", "Can't convert ft to kg"},
+    });
 }
 
 TEST(UnitTable, EveryAliasNamesAUnitAndNamesAreUnique) {
@@ -95,15 +134,19 @@ TEST(UnitTable, EveryAliasNamesAUnitAndNamesAreUnique) {
 TEST(CurrencyNames, AliasesCodesAndKnownCodes) {
     EXPECT_EQ(CurrencyNames::aliases().size(), 64u);
     EXPECT_EQ(CurrencyNames::knownCodes().size(), 28u);
+    const struct {
+        const char* name;
+        std::optional<std::string_view> code;
+    } rows[] = {
+        {"Euros", "EUR"},     {"us dollars", "USD"}, {"rs.", "INR"}, {"sek", "SEK"},
+        {"SGD", "SGD"},       {"xyz", std::nullopt},  // three letters, but no code we know
+        {"kg", std::nullopt}, {"", std::nullopt},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(CurrencyNames::currencyCode(row.name), row.code);
+    }
     EXPECT_EQ(CurrencyNames::currencyCode("€"), "EUR");
-    EXPECT_EQ(CurrencyNames::currencyCode("Euros"), "EUR");
-    EXPECT_EQ(CurrencyNames::currencyCode("us dollars"), "USD");
-    EXPECT_EQ(CurrencyNames::currencyCode("rs."), "INR");
-    EXPECT_EQ(CurrencyNames::currencyCode("sek"), "SEK");
-    EXPECT_EQ(CurrencyNames::currencyCode("SGD"), "SGD");
-    EXPECT_FALSE(CurrencyNames::currencyCode("xyz"));  // three letters, but not a code we know
-    EXPECT_FALSE(CurrencyNames::currencyCode("kg"));
-    EXPECT_FALSE(CurrencyNames::currencyCode(""));
 }
 
 TEST(CurrencyQuery, RecognisedBeforeUnits) {

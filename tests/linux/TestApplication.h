@@ -1,6 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QCoreApplication>
+#include <QElapsedTimer>
 
 namespace vantrelle::testing {
 
@@ -12,6 +15,21 @@ inline QCoreApplication& testApplication() {
     static QCoreApplication* app =
         QCoreApplication::instance() ? QCoreApplication::instance() : new QCoreApplication(argc, argv);
     return *app;
+}
+
+// Tests of adapters that deliver through the Qt event loop.
+class EventLoopTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { testApplication(); }
+};
+
+// The real main queue needs an event loop; this turns it until `done` or a generous deadline.
+template <typename Done>
+bool spinUntil(Done done, int limitMs = 5000) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return done();
 }
 
 }  // namespace vantrelle::testing

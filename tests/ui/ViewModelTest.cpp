@@ -7,6 +7,7 @@
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeProcessTable.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -21,17 +22,12 @@ QGuiApplication& guiApplication() {
     return *app;
 }
 
-class NoProcesses final : public ProcessTable {
-public:
-    std::optional<std::vector<ProcessInfo>> list(std::string&) override { return std::vector<ProcessInfo>{}; }
-};
-
 class ViewModels : public OverlayFixture {
 protected:
     ViewModels() { guiApplication(); }
 };
 
-TEST_F(ViewModels, ShellFollowsTheActivityAndTicksOnlyForClocks) {
+TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     auto& overlay = started();
     ShellModel shell(overlay, settings, activities, scheduler);
     int changes = 0;
@@ -75,9 +71,9 @@ TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOf
     EXPECT_EQ(shell.toolView(), "qrc:/x.qml");
 }
 
-TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndDrivesTheScanPace) {
+TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     TempDir home;
-    NoProcesses processes;
+    FakeProcessTable processes;
     InlineQueueFactory queues;
     AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
                                                   processes, settings, activities, nullptr, true});
