@@ -31,13 +31,16 @@ test-asan: deps
 bench: build
 	@ls $(BUILD)/bench/ | grep -E '^bench_' | while read b; do $(BUILD)/bench/$$b; done
 
-# libFuzzer builds for long runs: make fuzz FUZZ_SECONDS=600
+# libFuzzer builds for long runs: make fuzz FUZZ_SECONDS=600 [FUZZ_TARGETS="fuzz_claude_hooks ..."].
+# Every target runs, seeded with its corpus, even after another one failed; the exit status says
+# whether any failed.
 FUZZ_SECONDS ?= 60
+FUZZ_TARGETS ?=
 fuzz:
 	@scripts/install-deps fuzz
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_FUZZ=ON -DVANTRELLE_WITH_QT=OFF -DBUILD_TESTING=OFF -DVANTRELLE_BENCH=OFF
 	cmake --build build-fuzz -j $(JOBS)
-	@for f in $$(find build-fuzz/fuzz -type f -executable -name 'fuzz_*'); do echo "== $$f"; $$f -max_total_time=$(FUZZ_SECONDS) -rss_limit_mb=1024 || exit 1; done
+	@scripts/run-fuzzers build-fuzz $(FUZZ_SECONDS) $(FUZZ_TARGETS)
 
 # Debian 12's clang-format; another version formats some constructs differently.
 CLANG_FORMAT ?= clang-format-14

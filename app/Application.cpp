@@ -33,10 +33,12 @@ Application::Application(const Environment& environment)
       m_desktop(m_x),
       m_pasteboard(m_x),
       m_claudeHooks(m_paths, environment),
+      m_hookSwitch(m_claudeHooks, m_queues, m_scheduler),
       m_claudeAlerts(ClaudeAlertCenter::Dependencies{
           m_claudeHooks.eventsFile(), m_scheduler, SystemClock::shared(), m_activities,
           NotificationCenter::shared(), m_settings, m_sounds, m_fileWatcher,
-          [this] { return m_claudeHooks.isInstalled(); }, DemoMode::isOn()}),
+          [this](std::function<void(bool)> answer) { m_hookSwitch.whenKnown(std::move(answer)); },
+          DemoMode::isOn()}),
       m_rates(m_http, m_defaults, SystemClock::shared(), environment),
       m_calc(m_rates, DemoMode::isOn()),
       m_wrappedHistory(WrappedHistory::defaultFile(m_paths.dataRoot()), SystemClock::shared(),
@@ -112,7 +114,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     // The tools that are built, each with the model its view reads.
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
     m_shell->registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
-    m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_claudeHooks, SystemClock::shared());
+    m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_hookSwitch, SystemClock::shared());
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
     // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.

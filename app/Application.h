@@ -21,6 +21,7 @@
 #include "XdgAutostart.h"
 #include "agents/AIUsageModel.h"
 #include "agents/ClaudeAlertCenter.h"
+#include "agents/ClaudeHookSwitch.h"
 #include "agents/ClaudeHooks.h"
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
@@ -69,6 +70,7 @@ private:
     AppServices m_services;
     InotifyFileWatcher m_fileWatcher;
     ClaudeHooks m_claudeHooks;
+    ClaudeHookSwitch m_hookSwitch;
     ClaudeAlertCenter m_claudeAlerts;
     QtHttpClient m_http;
     RatesService m_rates;

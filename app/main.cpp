@@ -3,6 +3,7 @@
 
 #include "Application.h"
 #include "DisplayPlatform.h"
+#include "HooksCommand.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
     using namespace vantrelle;
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);

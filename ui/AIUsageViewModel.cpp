@@ -50,13 +50,15 @@ std::vector<UsageSessionListModel::Row> sessionRows(const std::vector<AgentSessi
 
 }  // namespace
 
-AIUsageViewModel::AIUsageViewModel(AIUsageModel& model, const ClaudeHooks& hooks, const Clock& clock)
-    : m_model(model), m_hooks(hooks), m_clock(clock), m_hooksInstalled(hooks.isInstalled()) {
+AIUsageViewModel::AIUsageViewModel(AIUsageModel& model, ClaudeHookSwitch& hooks, const Clock& clock)
+    : m_model(model), m_hooks(hooks), m_clock(clock) {
     m_changed = m_model.changed.connect([this] {
         refreshLists();
         Q_EMIT changed();
     });
     m_scanning = m_model.scanningChanged.connect([this](bool) { Q_EMIT changed(); });
+    m_hooksChanged = m_hooks.changed.connect([this] { Q_EMIT hooksChanged(); });
+    m_hooks.refresh();
     refreshLists();
 }
 
@@ -108,10 +110,8 @@ void AIUsageViewModel::setShown(bool shown) {
 }
 
 void AIUsageViewModel::setHooksInstalled(bool installed) {
-    const auto failure = installed ? m_hooks.install() : m_hooks.uninstall();
-    m_hookError = failure ? text(*failure) : QString();
-    m_hooksInstalled = m_hooks.isInstalled();
-    Q_EMIT hooksChanged();
+    // The answer arrives through hooksChanged; until then the switch shows what the user asked for.
+    m_hooks.set(installed);
 }
 
 }  // namespace vantrelle

@@ -9,7 +9,7 @@
 #include "UsageFigures.h"
 #include "UsageSessionListModel.h"
 #include "agents/AIUsageModel.h"
-#include "agents/ClaudeHooks.h"
+#include "agents/ClaudeHookSwitch.h"
 
 class QQmlEngine;
 class QJSEngine;
@@ -32,7 +32,7 @@ class AIUsageViewModel final : public QObject {
     Q_PROPERTY(QString hookError READ hookError NOTIFY hooksChanged)
 
 public:
-    AIUsageViewModel(AIUsageModel& model, const ClaudeHooks& hooks, const Clock& clock);
+    AIUsageViewModel(AIUsageModel& model, ClaudeHookSwitch& hooks, const Clock& clock);
     // The instance the composition root gave the engine.
     static AIUsageViewModel* create(QQmlEngine* engine, QJSEngine*);
 
@@ -42,8 +42,8 @@ public:
     [[nodiscard]] UsageSessionListModel* sessions() { return &m_sessions; }
     [[nodiscard]] bool scanning() const { return m_model.isScanning(); }
     [[nodiscard]] QString lastScan() const;
-    [[nodiscard]] bool hooksInstalled() const { return m_hooksInstalled; }
-    [[nodiscard]] QString hookError() const { return m_hookError; }
+    [[nodiscard]] bool hooksInstalled() const { return m_hooks.isInstalled(); }
+    [[nodiscard]] QString hookError() const { return QString::fromStdString(m_hooks.message()); }
 
     Q_INVOKABLE void refresh() { m_model.rescan(); }
     // The panel is on screen: scan more often while it is.
@@ -58,14 +58,13 @@ private:
     void refreshLists();
 
     AIUsageModel& m_model;
-    const ClaudeHooks& m_hooks;
+    ClaudeHookSwitch& m_hooks;
     const Clock& m_clock;
-    bool m_hooksInstalled = false;
-    QString m_hookError;
     UsageDayListModel m_days;
     UsageSessionListModel m_sessions;
     Connection m_changed;
     Connection m_scanning;
+    Connection m_hooksChanged;
 };
 
 }  // namespace vantrelle

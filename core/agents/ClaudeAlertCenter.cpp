@@ -59,11 +59,18 @@ void ClaudeAlertCenter::start() {
         DebugLog::write([&] { return "claude alerts: cannot watch " + m_d.eventsFile.string(); });
         return;
     }
-    DebugLog::write([&] {
-        const bool installed = m_d.hooksInstalled && m_d.hooksInstalled();
-        return std::string("claude alerts: watching events, hooks installed=") +
-               (installed ? "true" : "false");
-    });
+    const auto report = [](bool installed) {
+        DebugLog::write([&] {
+            return std::string("claude alerts: watching events, hooks installed=") +
+                   (installed ? "true" : "false");
+        });
+    };
+    // The answer needs Claude Code's settings file, which is read off the main thread.
+    if (m_d.hooksInstalled) {
+        m_d.hooksInstalled(report);
+    } else {
+        report(false);
+    }
 }
 
 void ClaudeAlertCenter::readNew() {

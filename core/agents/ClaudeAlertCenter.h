@@ -32,7 +32,8 @@ public:
         const AppSettings& settings;
         SoundPlayer& sounds;
         FileWatcher& watcher;
-        std::function<bool()> hooksInstalled;
+        // Asks whether our hooks are in Claude Code's settings; the answer comes later, on the main thread.
+        std::function<void(std::function<void(bool)>)> hooksInstalled;
         bool demoMode = false;
         // The modification date of a transcript; nothing when it cannot be read.
         std::function<std::optional<Date>(const std::filesystem::path&)> modificationDate =

@@ -1,103 +1,63 @@
 #include "agents/ClaudeHooks.h"
 
-#include <cerrno>
-#include <cstring>
-#include <nlohmann/json.hpp>
 #include <variant>
 
-#include "support/AtomicFile.h"
+#include "agents/ClaudeSettingsFile.h"
 #include "support/DebugLog.h"
+#include "support/JsonDepth.h"
 
 namespace vantrelle {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::json;
 
 namespace {
 
-struct WantedHook {
-    const char* event;
-    const char* matcher;  // null for none
-};
-constexpr WantedHook kWanted[] = {
-    {"Notification", "permission_prompt|idle_prompt|elicitation_dialog"},
-    {"Stop", nullptr},
-};
+constexpr const char* kNothingChanged = " Nothing was changed.";
 
-// Why a settings file could not be used, in the words the user sees.
-struct Unreadable {
-    std::string reason;
-    [[nodiscard]] std::string message() const {
-        return "Couldn't read your Claude Code settings: " + reason + ". Nothing was changed.";
-    }
+// The settings as they are on disk, checked.
+struct Loaded {
+    std::string text;
+    bool existed = false;
+    mode_t mode = 0600;
 };
 
-bool isBlank(const std::string& text) {
-    return text.find_first_not_of(" \t\n\r") == std::string::npos;
+std::variant<Loaded, std::string> load(const fs::path& file) {
+    const auto unreadable = [&](const std::string& reason) {
+        return "Couldn't read your Claude Code settings in " + file.string() + ": " + reason + ".";
+    };
+    auto read = readClaudeSettings(file);
+    if (read.status == ClaudeSettingsRead::Status::failed) return unreadable(read.reason);
+    Loaded loaded{std::move(read.text), read.status == ClaudeSettingsRead::Status::ok, read.mode};
+    if (auto problem = claudeSettingsProblem(loaded.text)) return unreadable(*problem);
+    return loaded;
 }
 
-std::variant<Json, Unreadable> readSettings(const fs::path& file) {
-    std::error_code error;
-    if (!fs::exists(file, error)) return Json::object();
-    auto text = readWholeFile(file);
-    if (!text) return Unreadable{std::strerror(errno)};
-    if (isBlank(*text)) return Json::object();
-    Json json = Json::parse(*text, nullptr, /*allow_exceptions=*/false);
-    if (json.is_discarded() || !json.is_object()) return Unreadable{"it isn't valid JSON"};
-    return json;
+bool unchangedSince(const fs::path& file, const Loaded& loaded) {
+    const auto again = readClaudeSettings(file);
+    if (again.status == ClaudeSettingsRead::Status::missing) return !loaded.existed;
+    return again.status == ClaudeSettingsRead::Status::ok && loaded.existed && again.text == loaded.text;
 }
 
-bool groupIsOurs(const Json& group) {
-    if (!group.is_object()) return false;
-    auto hooks = group.find("hooks");
-    if (hooks == group.end() || !hooks->is_array()) return false;
-    for (const auto& hook : *hooks) {
-        if (!hook.is_object()) continue;
-        auto command = hook.find("command");
-        if (command != hook.end() && command->is_string() &&
-            command->get_ref<const std::string&>().find(ClaudeHooks::kMarker) != std::string::npos) {
-            return true;
+// Backs up (once), then writes the edited text over the file as it was loaded.
+std::optional<std::string> save(const fs::path& file, const fs::path& backup, const Loaded& loaded,
+                                const std::string& text) {
+    if (loaded.existed) {
+        if (auto failed = writeBackupOnce(backup, loaded.text, loaded.mode)) {
+            return "Couldn't back up your Claude Code settings to " + backup.string() + ": " + *failed + "." +
+                   kNothingChanged;
         }
     }
-    return false;
-}
-
-bool isArrayOfObjects(const Json& value) {
-    if (!value.is_array()) return false;
-    for (const auto& element : value) {
-        if (!element.is_object()) return false;
+    if (exceedsJsonDepth(text, kMaxJsonDepth)) {
+        return "Couldn't write your Claude Code settings in " + file.string() +
+               ": they would nest deeper than " + std::to_string(kMaxJsonDepth) + " levels." +
+               kNothingChanged;
     }
-    return true;
-}
-
-// The hooks object without our groups; an event left with no group is dropped.
-Json removingOurs(const Json& hooks) {
-    Json result = Json::object();
-    for (const auto& [event, groups] : hooks.items()) {
-        if (!isArrayOfObjects(groups)) {
-            result[event] = groups;
-            continue;
-        }
-        Json kept = Json::array();
-        for (const auto& group : groups) {
-            if (!groupIsOurs(group)) kept.push_back(group);
-        }
-        if (!kept.empty()) result[event] = std::move(kept);
+    // Claude Code may have written the file since we read it; its edit wins over ours.
+    if (!unchangedSince(file, loaded)) {
+        return "Your Claude Code settings in " + file.string() +
+               " changed while they were being edited; try again." + kNothingChanged;
     }
-    return result;
-}
-
-std::optional<std::string> backUp(const fs::path& settings, const fs::path& backup) {
-    std::error_code error;
-    if (!fs::exists(settings, error)) return std::nullopt;
-    fs::remove(backup, error);
-    if (!fs::copy_file(settings, backup, fs::copy_options::overwrite_existing, error)) return error.message();
-    return std::nullopt;
-}
-
-std::optional<std::string> write(const fs::path& file, const Json& settings) {
-    // Keys come out sorted (the object is ordered) and slashes are never escaped.
-    if (!writeFileAtomically(file, settings.dump(2) + "\n")) return "The settings file could not be written.";
+    if (auto failed = writeClaudeSettings(file, text)) return *failed + "." + kNothingChanged;
     return std::nullopt;
 }
 
@@ -133,66 +93,48 @@ fs::path ClaudeHooks::backupFile() const {
     return m_settingsFile.parent_path() / "settings.json.vantrelle-backup";
 }
 
-bool ClaudeHooks::isInstalled() const {
-    auto read = readSettings(m_settingsFile);
-    const Json* settings = std::get_if<Json>(&read);
-    if (!settings) return false;
-    auto hooks = settings->find("hooks");
-    if (hooks == settings->end() || !hooks->is_object()) return false;
-    for (const auto& [event, groups] : hooks->items()) {
-        if (!groups.is_array()) continue;
-        for (const auto& group : groups) {
-            if (groupIsOurs(group)) return true;
-        }
-    }
-    return false;
+ClaudeHooks::Status ClaudeHooks::status() const {
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded)) return {false, std::move(*problem)};
+    return {claudeHooksInstalled(std::get<Loaded>(loaded).text), std::nullopt};
 }
 
 std::optional<std::string> ClaudeHooks::install() const {
-    auto read = readSettings(m_settingsFile);
-    if (auto* failure = std::get_if<Unreadable>(&read)) return failure->message();
-    Json settings = std::get<Json>(std::move(read));
-    if (auto failed = backUp(m_settingsFile, backupFile())) return failed;
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded)) return *problem + kNothingChanged;
+    const Loaded& settings = std::get<Loaded>(loaded);
 
-    auto existing = settings.find("hooks");
-    Json hooks =
-        existing != settings.end() && existing->is_object() ? removingOurs(*existing) : Json::object();
-    for (const auto& wanted : kWanted) {
-        Json group = {
-            {"hooks", Json::array({{{"type", "command"}, {"command", m_command}, {"timeout", 5}}})}};
-        if (wanted.matcher) group["matcher"] = wanted.matcher;
-        Json& groups = hooks[wanted.event];
-        if (!groups.is_array()) groups = Json::array();
-        groups.push_back(std::move(group));
+    const auto edit = installClaudeHooks(settings.text, m_command);
+    if (edit.outcome == ClaudeSettingsEdit::Outcome::refused) {
+        return "Couldn't add the hooks to your Claude Code settings in " + m_settingsFile.string() + ": " +
+               edit.reason + "." + kNothingChanged;
     }
-    settings["hooks"] = std::move(hooks);
-    if (auto failed = write(m_settingsFile, settings)) return failed;
-
+    if (edit.outcome == ClaudeSettingsEdit::Outcome::changed) {
+        if (auto failed = save(m_settingsFile, backupFile(), settings, edit.text)) return failed;
+        DebugLog::write([&] { return "claude alerts: hooks installed in " + m_settingsFile.string(); });
+    }
     std::error_code error;
     fs::create_directories(m_eventsFile.parent_path(), error);
-    DebugLog::write([&] { return "claude alerts: hooks installed in " + m_settingsFile.string(); });
     return std::nullopt;
 }
 
 std::optional<std::string> ClaudeHooks::uninstall() const {
-    auto read = readSettings(m_settingsFile);
-    if (auto* failure = std::get_if<Unreadable>(&read)) return failure->message();
-    Json settings = std::get<Json>(std::move(read));
-    auto existing = settings.find("hooks");
-    if (existing == settings.end()) return std::nullopt;
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded)) return *problem + kNothingChanged;
+    const Loaded& settings = std::get<Loaded>(loaded);
 
-    const Json hooks = existing->is_object() ? removingOurs(*existing) : *existing;
-    // Nothing of ours in there: leave the user's file exactly as it is.
-    if (hooks == *existing) return std::nullopt;
-    if (auto failed = backUp(m_settingsFile, backupFile())) return failed;
-    if (hooks.empty()) {
-        settings.erase("hooks");
-    } else {
-        settings["hooks"] = hooks;
-    }
-    if (auto failed = write(m_settingsFile, settings)) return failed;
+    // Nothing of ours in there: the user's file stays exactly as it is, and no backup is made.
+    const auto edit = uninstallClaudeHooks(settings.text);
+    if (edit.outcome != ClaudeSettingsEdit::Outcome::changed) return std::nullopt;
+    if (auto failed = save(m_settingsFile, backupFile(), settings, edit.text)) return failed;
     DebugLog::write([&] { return "claude alerts: hooks removed from " + m_settingsFile.string(); });
     return std::nullopt;
+}
+
+std::optional<std::string> ClaudeHooks::setInstalled(bool installed) const {
+    auto failure = installed ? install() : uninstall();
+    if (failure) DebugLog::write([&] { return "claude alerts: hooks left as they were: " + *failure; });
+    return failure;
 }
 
 }  // namespace vantrelle

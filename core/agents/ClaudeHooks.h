@@ -4,18 +4,25 @@
 #include <optional>
 #include <string>
 
+#include "agents/ClaudeSettingsEdit.h"
 #include "platform/Environment.h"
 #include "support/AppPaths.h"
 
 namespace vantrelle {
 
 // Installs and removes the hooks in Claude Code's user settings that append each hook payload, as
-// one line, to the events file the alert center watches. The user's file is kept key by key, backed
-// up before every edit, and left alone when it cannot be understood.
+// one line, to the events file the alert center watches. The user's file is edited in place: what we
+// don't add or remove keeps its bytes, its mode and its link. It is backed up once, before our first
+// change, and left alone, with a message that names it, when it can't be understood. Every call reads
+// or writes the file: keep them off the main thread (ClaudeHookSwitch does).
 class ClaudeHooks {
 public:
-    // Any command containing this text is ours.
-    static constexpr const char* kMarker = "Vantrelle/claude-events.jsonl";
+    static constexpr std::string_view kMarker = kClaudeHookMarker;
+
+    struct Status {
+        bool installed = false;
+        std::optional<std::string> problem;  // why the settings can't be read, naming the file
+    };
 
     ClaudeHooks(const AppPaths& paths, const Environment& environment);
 
@@ -26,10 +33,13 @@ public:
     // never fail.
     [[nodiscard]] const std::string& command() const { return m_command; }
 
-    [[nodiscard]] bool isInstalled() const;
+    [[nodiscard]] Status status() const;
+    [[nodiscard]] bool isInstalled() const { return status().installed; }
     // Each returns the text to show the user when it could not be done, nothing on success.
     [[nodiscard]] std::optional<std::string> install() const;
     [[nodiscard]] std::optional<std::string> uninstall() const;
+    // What the switch does: install() or uninstall(), with a refusal logged.
+    [[nodiscard]] std::optional<std::string> setInstalled(bool installed) const;
 
 private:
     std::filesystem::path m_eventsFile;

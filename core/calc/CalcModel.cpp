@@ -1,7 +1,5 @@
 #include "calc/CalcModel.h"
 
-#include <ranges>
-
 #include "calc/CalcDemo.h"
 #include "calc/CalcEngine.h"
 #include "calc/CalcText.h"
@@ -20,8 +18,10 @@ CalcModel::CalcModel(RatesService& rates, bool demo) : m_rates(rates) {
 CalcModel::~CalcModel() = default;
 
 std::optional<double> CalcModel::previousAnswer() const {
-    for (const CalcEntry& entry : std::views::reverse(m_entries)) {
-        if (entry.value) return entry.value;
+    // Reverse iterators, not std::views::reverse: clang 14 (the fuzz builds) can't compile
+    // libstdc++ 12's ranges.
+    for (auto entry = m_entries.rbegin(); entry != m_entries.rend(); ++entry) {
+        if (entry->value) return entry->value;
     }
     return std::nullopt;
 }

@@ -21,7 +21,7 @@ protected:
     ClaudeAlertCenter& make(bool demo = false) {
         center.emplace(
             ClaudeAlertCenter::Dependencies{events, scheduler, scheduler, activities, notifications, settings,
-                                            sounds, watcher, [] { return true; }, demo,
+                                            sounds, watcher, [](auto answer) { answer(true); }, demo,
                                             [this](const std::filesystem::path& p) -> std::optional<Date> {
                                                 auto it = modified.find(p);
                                                 if (it == modified.end()) return std::nullopt;

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 
@@ -8,7 +10,8 @@
 namespace vantrelle {
 namespace {
 
-using Json = nlohmann::json;
+namespace fs = std::filesystem;
+using Json = nlohmann::ordered_json;
 using testing::TempDir;
 
 class ClaudeHooksTest : public ::testing::Test {
@@ -18,10 +21,25 @@ protected:
         paths.dataHome = dir / "home/.local/share";
     }
     ClaudeHooks hooks() const { return ClaudeHooks(paths, environment); }
-    Json settings() const { return Json::parse(dir.read("home/.claude/settings.json")); }
-    void writeSettings(std::string_view text) const { dir.write("home/.claude/settings.json", text); }
-    bool backupExists() const {
-        return std::filesystem::exists(dir / "home/.claude/settings.json.vantrelle-backup");
+    fs::path file() const { return dir / "home/.claude/settings.json"; }
+    fs::path backup() const { return dir / "home/.claude/settings.json.vantrelle-backup"; }
+    std::string text() const { return dir.read("home/.claude/settings.json"); }
+    Json settings() const { return Json::parse(text()); }
+    void writeSettings(std::string_view contents) const { dir.write("home/.claude/settings.json", contents); }
+    std::string backupText() const { return dir.read("home/.claude/settings.json.vantrelle-backup"); }
+    static fs::perms mode(const fs::path& path) { return fs::status(path).permissions() & fs::perms::mask; }
+    // What the folder holds besides the settings and the backup: temporary files must not be left.
+    std::vector<std::string> strayFiles() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(file().parent_path())) {
+            const auto name = entry.path().filename().string();
+            if (name != "settings.json" && name != "settings.json.vantrelle-backup") names.push_back(name);
+        }
+        return names;
+    }
+    std::string unreadable(std::string_view reason) const {
+        return "Couldn't read your Claude Code settings in " + file().string() + ": " + std::string(reason) +
+               ". Nothing was changed.";
     }
 
     TempDir dir;
@@ -29,90 +47,222 @@ protected:
     MapEnvironment environment;
 };
 
-TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooks) {
+// --- Installing and removing -------------------------------------------------------------------
+
+TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooksAndNoBackup) {
     ASSERT_EQ(hooks().install(), std::nullopt);
     const Json s = settings();
     EXPECT_EQ(s.size(), 1u);
     ASSERT_EQ(s["hooks"]["Notification"].size(), 1u);
-    const Json& group = s["hooks"]["Notification"][0];
-    EXPECT_EQ(group["matcher"], "permission_prompt|idle_prompt|elicitation_dialog");
-    EXPECT_EQ(group["hooks"][0]["type"], "command");
-    EXPECT_EQ(group["hooks"][0]["timeout"], 5);
-    EXPECT_EQ(group["hooks"][0]["command"],
+    EXPECT_EQ(s["hooks"]["Notification"][0]["hooks"][0]["command"],
               "{ cat; echo; } >> \"$HOME/.local/share/Vantrelle/claude-events.jsonl\" 2>/dev/null; exit 0");
-    EXPECT_FALSE(s["hooks"]["Stop"][0].contains("matcher"));
-    EXPECT_FALSE(backupExists());
+    EXPECT_FALSE(fs::exists(backup()));
     EXPECT_TRUE(hooks().isInstalled());
-    EXPECT_TRUE(std::filesystem::is_directory(dir / "home/.local/share/Vantrelle"));
-    EXPECT_EQ(dir.read("home/.claude/settings.json").find("\\/"), std::string::npos)
-        << "slashes stay unescaped";
+    EXPECT_TRUE(fs::is_directory(dir / "home/.local/share/Vantrelle"));
+    EXPECT_EQ(text().find("\\/"), std::string::npos) << "slashes stay unescaped";
+    EXPECT_TRUE(strayFiles().empty());
 }
 
-TEST_F(ClaudeHooksTest, BlankFileCountsAsEmpty) {
+TEST_F(ClaudeHooksTest, ABlankFileCountsAsEmptyAndIsBackedUp) {
     writeSettings(" \n\t\r\n");
     ASSERT_EQ(hooks().install(), std::nullopt);
-    EXPECT_TRUE(backupExists());
+    EXPECT_EQ(backupText(), " \n\t\r\n");
     EXPECT_EQ(settings().size(), 1u);
 }
 
-TEST_F(ClaudeHooksTest, UnreadableJsonIsLeftAloneWithAPlainMessage) {
+TEST_F(ClaudeHooksTest, InstallThenUninstallGivesBackTheUsersFileByteForByte) {
+    const std::string original =
+        "{\n    \"model\": \"opus\",\n    \"cleanupPeriodDays\": 1e2,\n    \"zeta\": [1.50, -0],\n"
+        "    \"alpha\": {\"nested\": 12345678901234567890123},\n"
+        "    \"hooks\": {\"Stop\": [{\"hooks\": [{\"type\": \"command\", \"command\": \"say done\"}]}]}\n}\n";
+    writeSettings(original);
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    const std::string installed = text();
+    EXPECT_TRUE(
+        installed.starts_with("{\n    \"model\": \"opus\",\n    \"cleanupPeriodDays\": 1e2,\n"
+                              "    \"zeta\": [1.50, -0],\n"))
+        << "keys keep their order and numbers their spelling:\n"
+        << installed;
+    const Json stop = settings()["hooks"]["Stop"];
+    ASSERT_EQ(stop.size(), 2u);
+    EXPECT_EQ(stop[0]["hooks"][0]["command"], "say done") << "foreign hooks come first and stay";
+
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    EXPECT_EQ(text(), installed) << "installing again changes nothing";
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_EQ(text(), original);
+    EXPECT_EQ(backupText(), original);
+    EXPECT_FALSE(hooks().isInstalled());
+    EXPECT_TRUE(strayFiles().empty());
+}
+
+TEST_F(ClaudeHooksTest, UninstallWithNothingOfOursLeavesTheFileAndMakesNoBackup) {
+    for (const std::string contents :
+         {"{\n    \"model\":\"opus\"   }\n", R"({"hooks": {"Stop": [{"hooks": [{"command": "say done"}]}]}})",
+          R"({"hooks": "not an object"})"}) {
+        writeSettings(contents);
+        ASSERT_EQ(hooks().uninstall(), std::nullopt) << contents;
+        EXPECT_EQ(text(), contents);
+        EXPECT_FALSE(fs::exists(backup()));
+    }
+}
+
+TEST_F(ClaudeHooksTest, TheBackupHoldsTheFileAsItWasBeforeOurFirstChange) {
+    const std::string original = R"({"model": "opus"})";
+    writeSettings(original);
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    // The user edits the file; later changes of ours never replace the first backup.
+    writeSettings(R"({"model": "sonnet", "hooks": {"Stop": []}})");
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_EQ(backupText(), original);
+    EXPECT_EQ(text(), R"({"model": "sonnet"})") << "the emptied event goes, and then the empty hooks";
+}
+
+// --- The file's nature: mode, link, read-only --------------------------------------------------
+
+TEST_F(ClaudeHooksTest, APrivateFileStaysPrivateAndSoDoesItsBackup) {
+    writeSettings(R"({"apiKeyHelper": "secret"})");
+    fs::permissions(file(), fs::perms::owner_read | fs::perms::owner_write);
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    EXPECT_EQ(mode(file()), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(mode(backup()), fs::perms::owner_read | fs::perms::owner_write);
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_EQ(mode(file()), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(ClaudeHooksTest, ALinkedFileStaysALinkAndItsTargetChanges) {
+    const fs::path target = dir.write("dotfiles/claude.json", R"({"model": "opus"})");
+    fs::create_directories(file().parent_path());
+    fs::create_symlink("../../dotfiles/claude.json", file());
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(fs::symlink_status(file())));
+    EXPECT_TRUE(hooks().isInstalled());
+    EXPECT_NE(dir.read("dotfiles/claude.json").find(ClaudeHooks::kMarker), std::string::npos);
+    EXPECT_EQ(backupText(), R"({"model": "opus"})");
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(fs::symlink_status(file())));
+    EXPECT_EQ(dir.read("dotfiles/claude.json"), R"({"model": "opus"})");
+}
+
+TEST_F(ClaudeHooksTest, AReadOnlyFileIsRefusedWithAMessageThatNamesIt) {
+    const std::string original = R"({"model": "opus"})";
+    writeSettings(original);
+    fs::permissions(file(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    const auto failure = hooks().install();
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_NE(failure->find(file().string()), std::string::npos) << *failure;
+    EXPECT_NE(failure->find("read-only"), std::string::npos) << *failure;
+    EXPECT_TRUE(failure->ends_with("Nothing was changed.")) << *failure;
+    EXPECT_EQ(text(), original);
+    EXPECT_FALSE(hooks().isInstalled());
+    EXPECT_TRUE(strayFiles().empty());
+    if (fs::exists(backup())) {
+        EXPECT_EQ(backupText(), original);
+    }
+}
+
+// --- Files that aren't settings we can edit ----------------------------------------------------
+
+TEST_F(ClaudeHooksTest, UnparsableJsonIsLeftInPlaceWithAMessageThatSaysWhere) {
     const std::string broken = "{\"model\": \"opus\",}";
     writeSettings(broken);
+    const std::string message = unreadable("it isn't valid JSON (line 1, column 18)");
+    EXPECT_EQ(hooks().install(), message);
+    EXPECT_EQ(hooks().uninstall(), message);
+    EXPECT_EQ(text(), broken);
+    EXPECT_FALSE(fs::exists(backup()));
+    EXPECT_TRUE(strayFiles().empty()) << "nothing moved aside: Claude Code reads this file too";
+    const auto status = hooks().status();
+    EXPECT_FALSE(status.installed);
+    EXPECT_EQ(status.problem, "Couldn't read your Claude Code settings in " + file().string() +
+                                  ": it isn't valid JSON (line 1, column 18).");
+}
+
+TEST_F(ClaudeHooksTest, HooksOfTheWrongShapeSurviveBothAndTheSwitchSaysWhatItFound) {
+    const std::string notAnObject = R"({"hooks": ["x"], "model": "opus"})";
+    writeSettings(notAnObject);
+    EXPECT_EQ(hooks().install(), "Couldn't add the hooks to your Claude Code settings in " + file().string() +
+                                     ": \"hooks\" is an array, not an object. Nothing was changed.");
+    EXPECT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_EQ(text(), notAnObject);
+    EXPECT_FALSE(fs::exists(backup()));
+
+    const std::string notAnArray = R"({"hooks": {"Stop": "say done"}})";
+    writeSettings(notAnArray);
     EXPECT_EQ(hooks().install(),
-              "Couldn't read your Claude Code settings: it isn't valid JSON. Nothing was changed.");
-    EXPECT_EQ(dir.read("home/.claude/settings.json"), broken);
-    EXPECT_FALSE(backupExists());
+              "Couldn't add the hooks to your Claude Code settings in " + file().string() +
+                  ": \"Stop\" in \"hooks\" is a string, not an array. Nothing was changed.");
+    EXPECT_EQ(text(), notAnArray);
+
+    // An odd event we don't add to stays as it is through install and uninstall, and the backup holds it.
+    const std::string oddElsewhere = R"({"hooks": {"PreToolUse": "say hi", "Stop": [1]}})";
+    writeSettings(oddElsewhere);
+    ASSERT_EQ(hooks().install(), std::nullopt);
+    EXPECT_EQ(settings()["hooks"]["PreToolUse"], "say hi");
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_EQ(text(), oddElsewhere);
+    EXPECT_EQ(backupText(), oddElsewhere);
+}
+
+TEST_F(ClaudeHooksTest, NestingTooDeepIsRefusedWithoutACrash) {
+    const std::string deep = "{\"a\": " + std::string(100'000, '[') + std::string(100'000, ']') + "}";
+    writeSettings(deep);
+    const std::string message = unreadable("it nests deeper than 512 levels");
+    EXPECT_EQ(hooks().install(), message);
+    EXPECT_EQ(hooks().uninstall(), message);
     EXPECT_FALSE(hooks().isInstalled());
-    EXPECT_TRUE(hooks().uninstall().has_value());
-    writeSettings("[1, 2]");
-    EXPECT_TRUE(hooks().install().has_value()) << "a top level that is not an object is unreadable too";
+    EXPECT_EQ(text(), deep);
 }
 
-TEST_F(ClaudeHooksTest, ForeignHooksAndKeysStayInOrderAndInstallingTwiceDoesNotDuplicate) {
-    writeSettings(R"({"model": "opus", "env": {"A": "1"},
-        "hooks": {"Stop": [{"hooks": [{"type": "command", "command": "say done"}]}],
-                  "PreToolUse": [{"matcher": "Bash", "hooks": [{"type": "command", "command": "audit"}]}],
-                  "Odd": "not an array"}})");
-    ASSERT_EQ(hooks().install(), std::nullopt);
-    ASSERT_EQ(hooks().install(), std::nullopt);
-    const Json s = settings();
-    EXPECT_EQ(s["model"], "opus");
-    EXPECT_EQ(s["env"]["A"], "1");
-    ASSERT_EQ(s["hooks"]["Stop"].size(), 2u);
-    EXPECT_EQ(s["hooks"]["Stop"][0]["hooks"][0]["command"], "say done");
-    EXPECT_NE(s["hooks"]["Stop"][1]["hooks"][0]["command"].get<std::string>().find(ClaudeHooks::kMarker),
-              std::string::npos);
-    EXPECT_EQ(s["hooks"]["Notification"].size(), 1u);
-    EXPECT_EQ(s["hooks"]["PreToolUse"][0]["hooks"][0]["command"], "audit");
-    EXPECT_EQ(s["hooks"]["Odd"], "not an array");
-
-    // The backup holds the file as it stood before the last edit: after the first install.
-    const Json backup = Json::parse(dir.read("home/.claude/settings.json.vantrelle-backup"));
-    EXPECT_EQ(backup["hooks"]["Stop"].size(), 2u);
+TEST_F(ClaudeHooksTest, ANamedPipeIsRefusedWithoutBlocking) {
+    fs::create_directories(file().parent_path());
+    ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
+    // Opening a pipe with no writer would wait forever; the test would hang, not fail.
+    const std::string message = unreadable("it is a named pipe, not a regular file");
+    EXPECT_EQ(hooks().install(), message);
+    EXPECT_EQ(hooks().uninstall(), message);
+    EXPECT_EQ(hooks().status().problem,
+              message.substr(0, message.size() - std::string(" Nothing was changed.").size()));
+    EXPECT_TRUE(fs::is_fifo(file()));
+    EXPECT_FALSE(fs::exists(backup()));
 }
 
-TEST_F(ClaudeHooksTest, UninstallRemovesOnlyOursAndDropsAnEmptyHooksKey) {
+TEST_F(ClaudeHooksTest, AFolderWhereTheFileShouldBeIsNamedAsSuch) {
+    fs::create_directories(file());
+    EXPECT_EQ(hooks().install(), unreadable("it is a folder, not a file (Is a directory)"));
+    EXPECT_TRUE(fs::is_directory(file()));
+}
+
+TEST_F(ClaudeHooksTest, AFileFarTooLargeForSettingsIsNotReadWhole) {
+    writeSettings("{}");
+    fs::resize_file(file(), 17 * 1024 * 1024);  // sparse: costs no disk
+    EXPECT_EQ(hooks().install(), unreadable("it is larger than 16 MB, too large for a settings file"));
+    EXPECT_EQ(fs::file_size(file()), 17u * 1024 * 1024);
+}
+
+TEST_F(ClaudeHooksTest, ABackupNameTakenBySomethingElseStopsTheEdit) {
     writeSettings(R"({"model": "opus"})");
-    ASSERT_EQ(hooks().install(), std::nullopt);
-    ASSERT_EQ(hooks().uninstall(), std::nullopt);
-    const Json s = settings();
-    EXPECT_FALSE(s.contains("hooks"));
-    EXPECT_EQ(s["model"], "opus");
-    EXPECT_FALSE(hooks().isInstalled());
+    fs::create_directories(backup());
+    EXPECT_EQ(hooks().install(), "Couldn't back up your Claude Code settings to " + backup().string() +
+                                     ": it is a folder, not a file (Is a directory). Nothing was changed.");
+    EXPECT_EQ(text(), R"({"model": "opus"})");
 }
 
-TEST_F(ClaudeHooksTest, UninstallWithNothingToRemoveKeepsTheFileByteForByte) {
-    const std::string withoutHooks = "{\n    \"model\":\"opus\"   }\n";
-    writeSettings(withoutHooks);
-    ASSERT_EQ(hooks().uninstall(), std::nullopt);
-    EXPECT_EQ(dir.read("home/.claude/settings.json"), withoutHooks);
-    EXPECT_FALSE(backupExists());
-
-    const std::string foreignOnly = R"({"hooks": {"Stop": [{"hooks": [{"command": "say done"}]}]}})";
-    writeSettings(foreignOnly);
-    ASSERT_EQ(hooks().uninstall(), std::nullopt);
-    EXPECT_EQ(dir.read("home/.claude/settings.json"), foreignOnly);
+TEST_F(ClaudeHooksTest, APathThroughAFileGivesTheSystemsReason) {
+    dir.write("home/.claude", "not a folder");
+    EXPECT_EQ(hooks().install(), unreadable("Not a directory"));
+    EXPECT_EQ(dir.read("home/.claude"), "not a folder");
 }
+
+TEST_F(ClaudeHooksTest, AFileWeMayNotReadGivesTheSystemsReason) {
+    if (::geteuid() == 0) GTEST_SKIP() << "the superuser reads every file";
+    writeSettings(R"({"model": "opus"})");
+    fs::permissions(file(), fs::perms::none);
+    EXPECT_EQ(hooks().install(), unreadable("Permission denied"));
+}
+
+// --- Paths and the command ---------------------------------------------------------------------
 
 TEST_F(ClaudeHooksTest, AnyCommandWithTheMarkerCountsAsInstalled) {
     writeSettings(

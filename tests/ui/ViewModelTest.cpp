@@ -129,7 +129,9 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     paths.home = claude.path();
     paths.dataHome = claude / "data";
     ClaudeHooks hooks(paths, hookEnvironment);
-    AIUsageViewModel view(model, hooks, scheduler);
+    ClaudeHookSwitch hookSwitch(hooks, queues, scheduler);
+    AIUsageViewModel view(model, hookSwitch, scheduler);
+    scheduler.runUntilIdle();
     EXPECT_FALSE(view.block().open);
     EXPECT_EQ(view.sessions()->count(), 0);
 
@@ -160,14 +162,21 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     EXPECT_EQ(role(sessions, 0, "project"), QString::fromStdString(model.sessions().front().projectName));
     EXPECT_EQ(role(sessions, 0, "cost").toString().front(), '$');
 
+    int hookSignals = 0;
+    QObject::connect(&view, &AIUsageViewModel::hooksChanged, &view, [&] { ++hookSignals; });
     EXPECT_FALSE(view.hooksInstalled());
     view.setHooksInstalled(true);
+    scheduler.runUntilIdle();
     EXPECT_TRUE(view.hooksInstalled());
     EXPECT_TRUE(view.hookError().isEmpty());
     claude.write("settings.json", "{broken,");
     view.setHooksInstalled(false);
-    EXPECT_EQ(view.hookError(),
-              "Couldn't read your Claude Code settings: it isn't valid JSON. Nothing was changed.");
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(view.hookError().startsWith("Couldn't read your Claude Code settings in "))
+        << view.hookError().toStdString();
+    EXPECT_TRUE(view.hookError().endsWith("it isn't valid JSON (line 1, column 2). Nothing was changed."))
+        << view.hookError().toStdString();
+    EXPECT_EQ(hookSignals, 2);
 }
 
 TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {

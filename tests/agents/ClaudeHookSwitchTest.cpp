@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include "agents/ClaudeHookSwitch.h"
+#include "fakes/ManualQueue.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ManualQueueFactory;
+using testing::TempDir;
+
+class ClaudeHookSwitchTest : public ::testing::Test {
+protected:
+    fs::path settings() const { return dir / ".claude/settings.json"; }
+
+    static AppPaths homeIn(const TempDir& folder) {
+        AppPaths result;
+        result.home = folder.path();
+        result.dataHome = folder / ".local/share";
+        return result;
+    }
+
+    TempDir dir;
+    AppPaths paths = homeIn(dir);
+    MapEnvironment environment;
+    ClaudeHooks hooks{paths, environment};
+    ManualQueueFactory queues;
+    VirtualScheduler scheduler;
+    ClaudeHookSwitch hookSwitch{hooks, queues, scheduler};
+    int signals = 0;
+    Connection counting = hookSwitch.changed.connect([this] { ++signals; });
+};
+
+TEST_F(ClaudeHookSwitchTest, TheFileIsTouchedOnlyOnTheQueueAndTheAnswerArrivesOnTheMainQueue) {
+    hookSwitch.set(true);
+    EXPECT_TRUE(hookSwitch.isBusy());
+    EXPECT_FALSE(fs::exists(settings())) << "nothing is written on the calling thread";
+
+    ASSERT_EQ(queues.runAll(), 1u);
+    EXPECT_TRUE(fs::exists(settings()));
+    EXPECT_FALSE(hookSwitch.isInstalled()) << "the state changes on the main queue only";
+    EXPECT_EQ(signals, 0);
+
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(hookSwitch.isInstalled());
+    EXPECT_TRUE(hookSwitch.message().empty());
+    EXPECT_FALSE(hookSwitch.isBusy());
+    EXPECT_EQ(signals, 1);
+}
+
+TEST_F(ClaudeHookSwitchTest, AFailureIsShownUntilTheNextChangeSucceeds) {
+    dir.write(".claude/settings.json", "{\"a\": 1,}");
+    hookSwitch.refresh();
+    queues.runAll();
+    scheduler.runUntilIdle();
+    EXPECT_FALSE(hookSwitch.isInstalled());
+    EXPECT_EQ(hookSwitch.message(), "Couldn't read your Claude Code settings in " + settings().string() +
+                                        ": it isn't valid JSON (line 1, column 9).");
+
+    hookSwitch.set(true);
+    queues.runAll();
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(hookSwitch.message().ends_with("Nothing was changed.")) << hookSwitch.message();
+
+    dir.write(".claude/settings.json", "{\"a\": 1}");
+    hookSwitch.set(true);
+    queues.runAll();
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(hookSwitch.isInstalled());
+    EXPECT_TRUE(hookSwitch.message().empty());
+    EXPECT_EQ(signals, 3);
+}
+
+TEST_F(ClaudeHookSwitchTest, AnswersAreAskedForOffTheMainQueueAndGivenOnIt) {
+    dir.write(".claude/settings.json",
+              R"({"hooks": {"Stop": [{"hooks": [{"command": "x >> Vantrelle/claude-events.jsonl"}]}]}})");
+    std::optional<bool> answer;
+    hookSwitch.whenKnown([&](bool installed) { answer = installed; });
+    queues.runAll();
+    EXPECT_FALSE(answer.has_value());
+    scheduler.runUntilIdle();
+    EXPECT_EQ(answer, true);
+}
+
+TEST(ClaudeHookSwitchLifetime, AnAnswerThatArrivesAfterTheSwitchIsGoneIsDropped) {
+    TempDir dir;
+    AppPaths paths;
+    paths.home = dir.path();
+    paths.dataHome = dir / "data";
+    ClaudeHooks hooks(paths, MapEnvironment{});
+    ManualQueueFactory queues;
+    VirtualScheduler scheduler;
+    int signals = 0;
+    {
+        ClaudeHookSwitch hookSwitch(hooks, queues, scheduler);
+        auto counting = hookSwitch.changed.connect([&] { ++signals; });
+        hookSwitch.refresh();
+        queues.runAll();
+    }
+    scheduler.runUntilIdle();
+    EXPECT_EQ(signals, 0);
+}
+
+}  // namespace
+}  // namespace vantrelle
