@@ -63,7 +63,8 @@ protected:
     AppPaths hooksPaths;
     MapEnvironment hooksEnvironment{{{"VANTRELLE_CLAUDE_SETTINGS", (hooksHome / "settings.json").string()}}};
     ClaudeHooks hooks{hooksPaths, hooksEnvironment};
-    AIUsageViewModel usageView{usage, hooks, scheduler};
+    ClaudeHookSwitch hookSwitch{hooks, queues, scheduler};
+    AIUsageViewModel usageView{usage, hookSwitch, scheduler};
     FakeHttpClient http{scheduler};
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
