@@ -4,16 +4,16 @@
 
 #include <cmath>
 
-#include "agents/Fatal.h"
+#include "agents/Saturating.h"
 
 namespace vantrelle {
 
 namespace {
 
+// Negative and not-a-number count as 0; an endless duration is held at the largest count.
 std::int64_t wholeSeconds(double seconds) {
-    if (!std::isfinite(seconds)) agentsFatal("aiusage: duration is not finite");
-    if (seconds < 0) return 0;
-    return static_cast<std::int64_t>(seconds);
+    if (std::isnan(seconds) || seconds < 0) return 0;
+    return saturatingCount(seconds);
 }
 
 }  // namespace
