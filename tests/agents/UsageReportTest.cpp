@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "AgentsTestSupport.h"
@@ -132,6 +133,43 @@ TEST(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative) {
     EXPECT_EQ(json["block"]["start"], "2030-01-01T11:00:00.000Z");  // not pinned by the line dated 9999
     EXPECT_EQ(json["skipped"]["futureLines"], 1);
     for (const auto& session : json["sessions"]) EXPECT_GE(session["tokens"].get<std::int64_t>(), 0);
+}
+
+TEST(UsageReportTest, AStreamedReplyCopiedIntoAResumedSessionCountsOnceEverywhere) {
+    testing::useTimeZone("UTC");
+    testing::TempDir home;
+    const auto prompt = [](std::string_view date, std::string_view text) {
+        return R"({"type":"user","timestamp":")" + std::string(date) + R"(","message":{"content":")" +
+               std::string(text) + "\"}}\n";
+    };
+    const std::string reply = testing::claudeAssistant("m1", "r1", 10, 3, "2030-01-01T10:00:00Z") +
+                              testing::claudeAssistant("m1", "r1", 10, 9, "2030-01-01T10:00:00Z") +
+                              testing::claudeAssistant("m1", "r1", 10, 159, "2030-01-01T10:00:00Z");
+    const auto older =
+        home.write(".claude/projects/p/older.jsonl", prompt("2030-01-01T09:59:00Z", "first") + reply);
+    const auto resumed =
+        home.write(".claude/projects/p/resumed.jsonl",
+                   prompt("2030-01-01T09:59:00Z", "first") + reply + prompt("2030-01-01T11:00:00Z", "again") +
+                       testing::claudeAssistant("m2", "r2", 1, 1, "2030-01-01T11:00:01Z"));
+    for (const auto& file : {older, resumed})
+        testing::setModified(file, testing::iso("2030-01-01T11:00:01Z"));
+    std::string error;
+    const auto options = parseUsageArguments(
+        {"--json", "--now", "2030-01-01T11:01:00Z", "--home", home.path().string()}, error);
+    ASSERT_TRUE(options) << error;
+    testing::TempDir config;
+    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
+    const auto json = nlohmann::json::parse(usageReport(*options, environment));
+    EXPECT_EQ(json["today"]["output"], 160);
+    EXPECT_EQ(json["today"]["messages"], 2);
+    EXPECT_EQ(json["last7Days"][6]["tokens"], (10 + 159 + 3 + 4) + (1 + 1 + 3 + 4));
+    EXPECT_EQ(json["block"]["tokens"], (10 + 159 + 3 + 4) + (1 + 1 + 3 + 4));
+    std::map<std::string, std::pair<std::int64_t, std::int64_t>> sessions;  // messages, tokens
+    for (const auto& session : json["sessions"])
+        sessions[session["id"]] = {session["messages"], session["tokens"]};
+    // Equal starts: the path that sorts first, older.jsonl, owns the shared reply.
+    EXPECT_EQ(sessions["older"], std::make_pair(std::int64_t{1}, std::int64_t{10 + 159 + 3 + 4}));
+    EXPECT_EQ(sessions["resumed"], std::make_pair(std::int64_t{1}, std::int64_t{1 + 1 + 3 + 4}));
 }
 
 }  // namespace
