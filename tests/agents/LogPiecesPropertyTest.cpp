@@ -176,5 +176,33 @@ TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneRea
     }
 }
 
+TEST_F(LogPiecesPropertyTest, AnUnchangedLogWithAnUnfinishedTailScannedAHundredTimesStaysAsItIs) {
+    struct Tool {
+        const char* name;
+        const char* file;
+        std::string (*make)(std::mt19937&);
+    };
+    for (const Tool& tool : {Tool{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
+                             Tool{"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
+                             Tool{"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}}) {
+        SCOPED_TRACE(tool.name);
+        std::mt19937 random(7);
+        const std::string text = tool.make(random);
+        testing::TempDir home;
+        const auto file = home / tool.file;
+        testing::appendTo(file, text.substr(0, text.size() - 25));  // the last line cut short
+        testing::setModified(file, clock.now());
+        ClaudeCodeLog log(environment, home.path(), clock);
+        const auto first = log.scan();
+        const LogProblems problems = log.problems();  // the cut line is not among them
+        for (int i = 0; i < 100; ++i) {
+            const auto again = log.scan();
+            ASSERT_EQ(again.events(), first.events());
+            ASSERT_EQ(again.sessions(), first.sessions());
+        }
+        EXPECT_EQ(log.problems(), problems);
+    }
+}
+
 }  // namespace
 }  // namespace vantrelle
