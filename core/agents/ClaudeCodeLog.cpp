@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <span>
 #include <thread>
 #include <unordered_set>
 
@@ -14,6 +15,7 @@ namespace vantrelle {
 namespace {
 
 constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
+constexpr std::uint64_t kBatchBytes = 64u << 20;     // read before their results are merged
 constexpr Date kNoStart{1e300};                      // a log without any date starts after all others
 
 // Each kind of problem is written to the debug log the first time a file shows it; later ones are
@@ -137,7 +139,7 @@ void ClaudeCodeLog::addClaudeEvents(Date cutoff, AILogSnapshot::Events& events,
                 owner = other;
         }
         if (!owner.state) return;
-        AIUsageEvent event = ClaudeReplies::combined(reply);
+        AIUsageEvent event = m_replies.event(reply);
         event.sessionId = owner.state->sessionId;
         if (const auto meta = sessions.find(event.sessionId); meta != sessions.end()) {
             ++meta->second.messages;
@@ -160,7 +162,6 @@ void ClaudeCodeLog::forget(const std::string& path) {
 }
 
 void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates, Date now) {
-    LogFileReader& first = *m_readers.front();
     std::unordered_set<std::string> stems;
     bool distinct = true;
     for (const auto& candidate : candidates)
@@ -169,7 +170,7 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates, Date no
         // Files that share a session id meet in one record: read them strictly one after the other.
         for (const auto& candidate : candidates) {
             if (auto job = prepare(candidate)) {
-                first.read(*job, now);
+                m_readers.front()->read(*job, now);
                 merge(*job);
             }
         }
@@ -177,36 +178,53 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates, Date no
     }
     // No two files share a session, so every file's work is its own: find it all first, then read.
     std::vector<LogRead> jobs;
-    std::uint64_t bytes = 0;
     for (const auto& candidate : candidates) {
-        if (auto job = prepare(candidate)) {
-            bytes += job->wholeJson ? job->size : job->size - std::min(job->size, job->state->offset);
-            jobs.push_back(std::move(*job));
+        if (auto job = prepare(candidate)) jobs.push_back(std::move(*job));
+    }
+    // PERF NOTE: a batch's results are merged in file order and freed before the next batch is read,
+    // so a cold scan of a gigabyte never holds the figures of every file at once.
+    for (std::size_t begin = 0; begin < jobs.size();) {
+        std::size_t end = begin;
+        std::uint64_t bytes = 0;
+        while (end < jobs.size() && (end == begin || bytes < kBatchBytes)) {
+            const LogRead& job = jobs[end++];
+            bytes += job.wholeJson ? job.size : job.size - std::min(job.size, job.state->offset);
+        }
+        readBatch(std::span(jobs).subspan(begin, end - begin), bytes, now);
+        for (; begin < end; ++begin) {
+            merge(jobs[begin]);
+            jobs[begin].sink = LineSink{};
         }
     }
+}
+
+void ClaudeCodeLog::readBatch(std::span<LogRead> jobs, std::uint64_t bytes, Date now) {
+    LogFileReader& first = *m_readers.front();
     const unsigned threads = std::min(4u, std::max(1u, std::thread::hardware_concurrency()));
-    if (bytes >= kParallelBytes && threads >= 2 && jobs.size() >= 2) {
-        // PERF NOTE: a cold scan reads hundreds of megabytes; the files are parsed on all cores, each
-        // into its own sink, and the sinks merged in file order, as one thread would have.
-        while (m_readers.size() < threads) m_readers.push_back(std::make_unique<LogFileReader>());
-        std::atomic<std::size_t> next{0};
-        const auto work = [&](LogFileReader& reader) {
-            for (std::size_t i = next++; i < jobs.size(); i = next++) reader.read(jobs[i], now);
-        };
-        std::vector<std::thread> workers;
-        for (unsigned t = 1; t < threads; ++t) workers.emplace_back(work, std::ref(*m_readers[t]));
-        work(first);
-        for (auto& worker : workers) worker.join();
-    } else {
+    if (bytes < kParallelBytes || threads < 2 || jobs.size() < 2) {
         for (auto& job : jobs) first.read(job, now);
+        return;
     }
-    for (auto& job : jobs) merge(job);
+    // PERF NOTE: a cold scan reads hundreds of megabytes; the files are parsed on all cores, each
+    // into its own sink.
+    while (m_readers.size() < threads) m_readers.push_back(std::make_unique<LogFileReader>());
+    std::atomic<std::size_t> next{0};
+    const auto work = [&](LogFileReader& reader) {
+        for (std::size_t i = next++; i < jobs.size(); i = next++) reader.read(jobs[i], now);
+    };
+    std::vector<std::thread> workers;
+    for (unsigned t = 1; t < threads; ++t) workers.emplace_back(work, std::ref(*m_readers[t]));
+    work(first);
+    for (auto& worker : workers) worker.join();
 }
 
 void ClaudeCodeLog::merge(LogRead& job) {
     m_events.insert(m_events.end(), std::make_move_iterator(job.sink.events.begin()),
                     std::make_move_iterator(job.sink.events.end()));
-    for (auto& sighting : job.sink.claudeReplies) m_replies.add(job.state->id, std::move(sighting));
+    for (auto& sighting : job.sink.claudeReplies) {
+        m_replies.add(job.state->id, std::move(sighting.key), sighting.figures,
+                      job.sink.models[sighting.figures.model]);
+    }
     logProblems(job.sink.problems, *job.state, job.url);
     m_problems += job.sink.problems;
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -58,6 +59,7 @@ public:
 
 private:
     void readAll(const std::vector<LogCandidate>& candidates, Date now);
+    void readBatch(std::span<LogRead> jobs, std::uint64_t bytes, Date now);
     std::optional<LogRead> prepare(const LogCandidate& candidate);
     void merge(LogRead& job);
     void forget(const std::string& path);

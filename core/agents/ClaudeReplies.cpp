@@ -5,46 +5,29 @@
 
 namespace vantrelle {
 
-namespace {
+void ClaudeReplies::add(std::uint32_t file, std::string key, ReplyFigures figures, std::string_view model) {
+    const auto [known, fresh] =
+        m_modelIndex.try_emplace(std::string(model), static_cast<std::uint32_t>(m_models.size()));
+    if (fresh) m_models.emplace_back(model);
+    figures.model = known->second;
 
-// A reply's final size shows in its line with the most output; among equals the earliest is taken,
-// so a copy made later never moves the reply to another day.
-bool better(const AIUsageEvent& line, const AIUsageEvent& best) {
-    return line.output > best.output || (line.output == best.output && line.timestamp < best.timestamp);
-}
-
-void merge(AIUsageEvent& into, const AIUsageEvent& line) {
-    const bool taken = better(line, into);
-    into.input = std::max(into.input, line.input);
-    into.cacheRead = std::max(into.cacheRead, line.cacheRead);
-    into.cacheWrite = std::max(into.cacheWrite, line.cacheWrite);
-    if (!taken) return;
-    into.output = line.output;
-    into.timestamp = line.timestamp;
-    into.model = line.model;
-}
-
-}  // namespace
-
-void ClaudeReplies::add(std::uint32_t file, ClaudeSighting&& sighting) {
-    sighting.event.sessionId.clear();
     auto at = static_cast<std::uint32_t>(m_replies.size());
-    if (sighting.key.empty()) {
+    if (key.empty()) {
         m_replies.push_back(Reply{});
-    } else if (auto it = m_index.find(sighting.key); it != m_index.end()) {
+    } else if (auto it = m_index.find(key); it != m_index.end()) {
         at = it->second;
     } else {
-        m_replies.push_back(Reply{std::move(sighting.key), {}});
+        m_replies.push_back(Reply{std::move(key), {}});
         m_index.emplace(m_replies.back().key, at);
     }
     Reply& reply = m_replies[at];
     for (Seen& seen : reply.seen) {
         if (seen.file == file) {
-            merge(seen.best, sighting.event);
+            seen.figures.merge(figures);
             return;
         }
     }
-    reply.seen.push_back(Seen{file, std::move(sighting.event)});
+    reply.seen.push_back(Seen{file, figures});
     m_byFile[file].push_back(at);
 }
 
@@ -63,10 +46,18 @@ void ClaudeReplies::dropFile(std::uint32_t file) {
     if (m_dead > 1024 && m_dead * 2 > m_replies.size()) compact();
 }
 
-AIUsageEvent ClaudeReplies::combined(const Reply& reply) {
-    AIUsageEvent result = reply.seen.front().best;
-    for (std::size_t i = 1; i < reply.seen.size(); ++i) merge(result, reply.seen[i].best);
-    return result;
+AIUsageEvent ClaudeReplies::event(const Reply& reply) const {
+    ReplyFigures figures = reply.seen.front().figures;
+    for (std::size_t i = 1; i < reply.seen.size(); ++i) figures.merge(reply.seen[i].figures);
+    AIUsageEvent event;
+    event.timestamp = figures.time;
+    event.tool = AgentTool::claudeCode;
+    event.model = m_models[figures.model];
+    event.input = figures.input;
+    event.output = figures.output;
+    event.cacheRead = figures.cacheRead;
+    event.cacheWrite = figures.cacheWrite;
+    return event;
 }
 
 void ClaudeReplies::compact() {
@@ -87,6 +78,19 @@ void ClaudeReplies::compact() {
     for (auto& [file, positions] : m_byFile) {
         for (auto& at : positions) at = moved[at];
     }
+    // The names only gone replies used go too.
+    std::vector<std::string> models;
+    m_modelIndex.clear();
+    for (auto& reply : m_replies) {
+        for (auto& seen : reply.seen) {
+            const std::string& name = m_models[seen.figures.model];
+            const auto [it, fresh] =
+                m_modelIndex.try_emplace(name, static_cast<std::uint32_t>(models.size()));
+            if (fresh) models.push_back(name);
+            seen.figures.model = it->second;
+        }
+    }
+    m_models = std::move(models);
     m_dead = 0;
 }
 

@@ -42,24 +42,21 @@ void takePrompt(std::string text, AISessionMeta& meta) {
 
 void claudeReply(const ClaudeLine& line, const std::optional<Date>& date, LineContext& context) {
     if (!line.messageIsObject || !line.usageIsObject) return;
-    ClaudeSighting sighting;
+    std::string key;
     // Without requestId and uuid the key stays empty: such a line is a reply of its own.
     if (line.hasRequestId || line.hasUuid) {
         const std::string_view second = line.hasRequestId ? line.requestId : line.uuid;
         const std::string_view id = line.hasMessageId ? line.messageId : std::string_view{};
-        sighting.key.reserve(id.size() + 1 + second.size());
-        sighting.key.append(id).append(1, '|').append(second);
+        key.reserve(id.size() + 1 + second.size());
+        key.append(id).append(1, '|').append(second);
     }
-    AIUsageEvent& event = sighting.event;
-    event.timestamp = date ? *date : context.now;
-    event.sessionId = context.meta.sessionId;
-    event.tool = AgentTool::claudeCode;
-    if (line.hasModel) event.model = line.model;
-    event.input = count(line.input);
-    event.output = count(line.output);
-    event.cacheRead = count(line.cacheRead);
-    event.cacheWrite = count(line.cacheWrite);
-    context.sink.claudeReplies.push_back(std::move(sighting));
+    ReplyFigures figures;
+    figures.time = date ? *date : context.now;
+    figures.input = count(line.input);
+    figures.output = count(line.output);
+    figures.cacheRead = count(line.cacheRead);
+    figures.cacheWrite = count(line.cacheWrite);
+    context.sink.addClaude(std::move(key), figures, line.hasModel ? line.model : std::string_view{});
 }
 
 void claudeTitle(const ClaudeLine& line, AISessionMeta& meta) {
