@@ -13,11 +13,12 @@ int runUsageCommand(int argc, char** argv) {
     std::string error;
     const auto options = vantrelle::parseUsageArguments(arguments, error);
     if (!options) {
-        std::fprintf(
-            stderr,
-            "vantrelle usage: %s\nusage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n",
-            error.c_str());
+        std::fprintf(stderr, "vantrelle usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis());
         return 2;
+    }
+    if (options->help) {
+        std::fputs(vantrelle::usageSynopsis(), stdout);
+        return 0;
     }
     vantrelle::ProcProcessTable processes;
     const std::string report =

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Times `vantrelle usage --json` against ccusage 20.0.24 (`daily --json --offline`) and `cat` on one
-# generated home folder, and checks that both tools find the same per-day input, cache-write and
-# cache-read tokens. Output tokens differ by design: we take the first line of a streamed reply.
+# generated home folder, and checks that both tools find the same per-day input, output, cache-write
+# and cache-read tokens. The generated logs hold streamed replies (one message id and request id on
+# several lines with growing output) and resumed sessions that copy earlier replies, so the figures
+# agree only if each reply counts once, at its final size. Exits non-zero if any day differs.
 #
 #   bench/compare-ccusage.sh [SIZE_MB=1024] [RUNS=5]
 #
@@ -14,7 +16,7 @@ SIZE_MB=${1:-1024}
 RUNS=${2:-5}
 BUILD=${BUILD:-build-core}
 CACHE=build/bench-cache
-HOME_DIR=$CACHE/home-${SIZE_MB}mb
+HOME_DIR=$CACHE/home-${SIZE_MB}mb-v2  # v2: with resumed sessions
 export TZ=UTC
 
 if [[ -x $BUILD/app/vantrelle ]]; then
@@ -30,7 +32,8 @@ if [[ ! -x $CACHE/ccusage/node_modules/.bin/ccusage ]]; then
 fi
 CCUSAGE=$CACHE/ccusage/node_modules/.bin/ccusage
 
-if [[ ! -f $HOME_DIR/.done ]]; then
+# Dates are relative to the day of generation; data more than a day old is made again.
+if [[ ! -f $HOME_DIR/.done || -z $(find "$HOME_DIR/.done" -mmin -1440) ]]; then
   rm -rf "$HOME_DIR"
   bench/agents/generate-logs --out "$HOME_DIR" --size-mb "$SIZE_MB" --agents claude
   touch "$HOME_DIR/.done"
@@ -44,6 +47,7 @@ run_ours()    { "${OURS[@]}" --json --home "$HOME_ABS"; }
 run_ccusage() { HOME=$HOME_ABS CLAUDE_CONFIG_DIR=$HOME_ABS/.claude CODEX_HOME=$HOME_ABS/.codex "$CCUSAGE" daily --json --offline; }
 run_cat()     { find "$HOME_ABS/.claude" -type f -name '*.jsonl' -exec cat {} +; }
 
+# Every generated line is dated inside the last 30 days and never after now.
 # Warm the page cache so every tool reads from memory.
 run_cat >/dev/null
 
@@ -91,11 +95,13 @@ peer = {d.get("date", d.get("period")): d for d in json.load(open(sys.argv[2]))[
 bad = 0
 for date in sorted(set(ours) | set(peer)):
     o, p = ours.get(date, {}), peer.get(date, {})
-    pairs = [("input", "inputTokens"), ("cacheWrite", "cacheCreationTokens"), ("cacheRead", "cacheReadTokens")]
+    pairs = [("input", "inputTokens"), ("output", "outputTokens"), ("cacheWrite", "cacheCreationTokens"),
+             ("cacheRead", "cacheReadTokens")]
     diff = [(a, o.get(a, 0), p.get(b, 0)) for a, b in pairs if o.get(a, 0) != p.get(b, 0)]
     if diff:
         bad += 1
         print("  %s differs: %s" % (date, diff))
-print("per-day input / cache-write / cache-read: %s over %d days" % ("agree" if not bad else "%d days differ" % bad, len(ours)))
+print("per-day input / output / cache-write / cache-read: %s over %d days" % (
+    "agree" if not bad else "%d days differ" % bad, len(ours)))
 sys.exit(1 if bad else 0)
 PY

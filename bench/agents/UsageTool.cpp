@@ -13,8 +13,12 @@ int main(int argc, char** argv) {
     std::string error;
     const auto options = vantrelle::parseUsageArguments(arguments, error);
     if (!options) {
-        std::fprintf(stderr, "vantrelle-usage: %s\n", error.c_str());
+        std::fprintf(stderr, "vantrelle-usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis());
         return 2;
+    }
+    if (options->help) {
+        std::fputs(vantrelle::usageSynopsis(), stdout);
+        return 0;
     }
     const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared());
     std::fwrite(report.data(), 1, report.size(), stdout);

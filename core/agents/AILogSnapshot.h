@@ -7,6 +7,7 @@
 
 #include "agents/AISessionMeta.h"
 #include "agents/AIUsageEvent.h"
+#include "agents/LogProblems.h"
 
 namespace vantrelle {
 
@@ -19,6 +20,7 @@ struct AILogSnapshot {
     std::shared_ptr<const Events> eventList = std::make_shared<const Events>();
     std::shared_ptr<const Sessions> sessionMap = std::make_shared<const Sessions>();
     Date scannedAt;
+    LogProblems problems;  // what the scanner has skipped so far
 
     // Claude Code and Codex events in order of arrival, then the Gemini events.
     [[nodiscard]] const Events& events() const { return *eventList; }

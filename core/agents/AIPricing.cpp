@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include "support/Saturating.h"
+
 namespace vantrelle {
 
 namespace {
@@ -82,7 +84,7 @@ double AIPricing::costOf(const AIUsageEvent& event) const {
     const auto out = static_cast<double>(event.output);
     const auto read = static_cast<double>(event.cacheRead);
     const auto write = static_cast<double>(event.cacheWrite);
-    if (r.longContext && event.input + event.cacheRead > 200'000) {
+    if (r.longContext && saturatingAdd(event.input, event.cacheRead) > 200'000) {
         const auto& l = *r.longContext;
         return (l.input * in + l.output * out + l.cacheRead * read + r.cacheWrite * write) / 1'000'000;
     }

@@ -5,6 +5,7 @@
 
 #include "agents/AgentTool.h"
 #include "platform/Date.h"
+#include "support/Saturating.h"
 
 namespace vantrelle {
 
@@ -19,8 +20,10 @@ struct AIUsageEvent {
     std::int64_t cacheRead = 0;
     std::int64_t cacheWrite = 0;  // always 0 for Codex and Gemini
 
-    // Every token figure shown means this sum, cache included.
-    [[nodiscard]] std::int64_t totalTokens() const { return input + output + cacheRead + cacheWrite; }
+    // Every token figure shown means this sum, cache included; held at the top of the range.
+    [[nodiscard]] std::int64_t totalTokens() const {
+        return saturatingAdd(saturatingAdd(input, output), saturatingAdd(cacheRead, cacheWrite));
+    }
 
     bool operator==(const AIUsageEvent&) const = default;
 };

@@ -7,10 +7,10 @@
 #include "activity/LiveActivityCenter.h"
 #include "agents/AIPricing.h"
 #include "agents/AgentProcesses.h"
-#include "agents/Fatal.h"
 #include "catalog/AppSettings.h"
 #include "support/DebugLog.h"
 #include "support/LocalCalendar.h"
+#include "support/Saturating.h"
 #include "support/SharedInstance.h"
 #include "wrapped/WrappedHistory.h"
 
@@ -147,7 +147,7 @@ std::vector<AIBlockUsage> AIUsageModel::blocks(const std::vector<const AIUsageEv
     for (const AIUsageEvent* event : sorted) {
         const Date at = event->timestamp;
         if (current && at < current->start + kWindow && at - current->lastActivity < kWindow) {
-            current->tokens += event->totalTokens();
+            current->tokens = saturatingAdd(current->tokens, event->totalTokens());
             current->cost += costs.cost(*event);
             current->lastActivity = at;
             continue;
@@ -191,14 +191,15 @@ void AIUsageModel::recompute() {
         if (event->timestamp >= boundaries[0] && event->timestamp < boundaries[7]) {
             const auto at = std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) -
                             boundaries.begin() - 1;
-            buckets[static_cast<std::size_t>(at)].tokens += tokens;
-            buckets[static_cast<std::size_t>(at)].cost += cost;
+            auto& bucket = buckets[static_cast<std::size_t>(at)];
+            bucket.tokens = saturatingAdd(bucket.tokens, tokens);
+            bucket.cost += cost;
         }
         if (event->timestamp >= startOfToday) {
-            today.input += event->input;
-            today.output += event->output;
-            today.cacheRead += event->cacheRead;
-            today.cacheWrite += event->cacheWrite;
+            today.input = saturatingAdd(today.input, event->input);
+            today.output = saturatingAdd(today.output, event->output);
+            today.cacheRead = saturatingAdd(today.cacheRead, event->cacheRead);
+            today.cacheWrite = saturatingAdd(today.cacheWrite, event->cacheWrite);
             today.cost += cost;
             today.messages += 1;
             todaySessions.insert(event->sessionId);
@@ -210,7 +211,7 @@ void AIUsageModel::recompute() {
             const double gap = event->timestamp - aggregate.last;
             if (gap >= 0) aggregate.active += std::min(gap, kMaxGap);
         }
-        aggregate.tokens += tokens;
+        aggregate.tokens = saturatingAdd(aggregate.tokens, tokens);
         aggregate.cost += cost;
         aggregate.count += 1;
         aggregate.first = std::min(aggregate.first, event->timestamp);
@@ -243,9 +244,8 @@ void AIUsageModel::recompute() {
         if (now < current.start + kWindow || now - current.lastActivity < kWindow) {
             const double minutes = std::max((now - current.start) / 60, 1.0);
             current.burnTokensPerMinute = static_cast<double>(current.tokens) / minutes;
-            const double projected = current.burnTokensPerMinute * 300;
-            if (!std::isfinite(projected)) agentsFatal("aiusage: projected tokens are not finite");
-            current.projectedTokens = static_cast<std::int64_t>(projected);
+            // Held inside the range: a window near the largest count would project past it.
+            current.projectedTokens = saturatingCount(current.burnTokensPerMinute * 300);
             current.budget = budget;
             m_block = current;
         }
@@ -362,7 +362,7 @@ std::int64_t AIUsageModel::tokens(Date from, Date to) const {
     if (!m_snapshot) return 0;
     std::int64_t sum = 0;
     for (const auto& event : m_snapshot->events()) {
-        if (from <= event.timestamp && event.timestamp < to) sum += event.totalTokens();
+        if (from <= event.timestamp && event.timestamp < to) sum = saturatingAdd(sum, event.totalTokens());
     }
     return sum;
 }
@@ -376,7 +376,8 @@ std::optional<std::pair<std::string, std::int64_t>> AIUsageModel::topProject(Dat
         if (!(from <= event.timestamp && event.timestamp < to)) continue;
         const auto it = sessions.find(event.sessionId);
         if (it == sessions.end() || it->second.cwd.empty()) continue;
-        sums[std::filesystem::path(it->second.cwd).filename().string()] += event.totalTokens();
+        auto& sum = sums[std::filesystem::path(it->second.cwd).filename().string()];
+        sum = saturatingAdd(sum, event.totalTokens());
     }
     std::optional<std::pair<std::string, std::int64_t>> best;
     for (const auto& [name, sum] : sums) {

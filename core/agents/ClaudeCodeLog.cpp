@@ -1,95 +1,54 @@
 #include "agents/ClaudeCodeLog.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
-#include <cstring>
+#include <span>
 #include <thread>
+#include <unordered_set>
 
-#include "agents/Fatal.h"
-#include "agents/LogLineParser.h"
+#include "agents/LogFileReader.h"
 #include "agents/LogLocator.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 
 namespace {
 
-constexpr std::size_t kMaxCarry = 1'000'001;  // an unfinished line this long is dropped
-constexpr std::size_t kReadBlock = 1 << 20;
-constexpr std::size_t kStreamBlock = 1u << 20;       // read block; small enough to stay in cache
 constexpr std::uint64_t kParallelBytes = 16u << 20;  // below this one thread is quicker
+constexpr std::uint64_t kBatchBytes = 64u << 20;     // read before their results are merged
+constexpr Date kNoStart{1e300};                      // a log without any date starts after all others
 
-// Closes a descriptor at the end of a scope.
-struct FileDescriptor {
-    int fd = -1;
-    explicit FileDescriptor(int value) : fd(value) {}
-    ~FileDescriptor() {
-        if (fd >= 0) ::close(fd);
+// Each kind of problem is written to the debug log the first time a file shows it; later ones are
+// only counted, so a broken log can't flood the log.
+void logProblems(const LogProblems& found, LogFileState& state, const std::filesystem::path& path) {
+    struct Kind {
+        std::int64_t LogProblems::*count;
+        const char* what;
+    };
+    static constexpr Kind kKinds[] = {
+        {&LogProblems::brokenLines, "lines that are not a whole JSON object"},
+        {&LogProblems::futureLines, "lines dated more than a day ahead"},
+        {&LogProblems::longLines, "lines over 1,000,000 bytes"},
+        {&LogProblems::unreadableFiles, "a file that is not a regular file or can't be read"},
+        {&LogProblems::oversizedFiles, "a whole-file log too large to parse"},
+    };
+    for (std::size_t i = 0; i < std::size(kKinds); ++i) {
+        const std::int64_t count = found.*kKinds[i].count;
+        const auto bit = static_cast<std::uint8_t>(1u << i);
+        if (count == 0 || (state.loggedProblems & bit) != 0) continue;
+        state.loggedProblems |= bit;
+        DebugLog::write([&] {
+            return "aiusage: skipped " + std::to_string(count) + " " + kKinds[i].what + ": " + path.string();
+        });
     }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-};
-
-}  // namespace
-
-namespace {
-
-// A byte buffer that grows without zero-filling and keeps its size between reads.
-class ReadBuffer {
-public:
-    [[nodiscard]] char* data() { return m_data.get(); }
-    [[nodiscard]] std::size_t size() const { return m_capacity; }
-    // Room for `needed` bytes, keeping the first `keep` of them.
-    void reserve(std::size_t needed, std::size_t keep) {
-        if (needed <= m_capacity) return;
-        const std::size_t capacity = std::max(needed, m_capacity + m_capacity / 2);
-        std::unique_ptr<char[]> grown(new char[capacity]);
-        if (keep > 0) std::memcpy(grown.get(), m_data.get(), keep);
-        m_data = std::move(grown);
-        m_capacity = capacity;
-    }
-
-private:
-    std::unique_ptr<char[]> m_data;
-    std::size_t m_capacity = 0;
-};
-
-// Reads the rest of `fd` into `buffer` from byte `filled` on, expecting about `expected` more bytes.
-// Leaves `padding` bytes of room behind the data. Returns the new fill level.
-std::size_t readToEnd(int fd, ReadBuffer& buffer, std::size_t filled, std::size_t expected,
-                      std::size_t padding) {
-    // PERF NOTE: the buffer is sized for the whole file at once, so nothing is copied on the way.
-    buffer.reserve(filled + expected + padding, filled);
-    while (true) {
-        if (buffer.size() - padding - filled < kReadBlock / 16)
-            buffer.reserve(filled + kReadBlock + padding, filled);
-        const ssize_t got = ::read(fd, buffer.data() + filled, buffer.size() - padding - filled);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            break;
-        }
-        if (got == 0) break;
-        filled += static_cast<std::size_t>(got);
-    }
-    return filled;
 }
 
 }  // namespace
 
-struct ClaudeCodeLog::Reader {
-    explicit Reader(const Clock& clock) : parser(clock) {}
-    LogLineParser parser;
-    ReadBuffer buffer;  // carry + chunk + parser padding, reused across reads
-};
-
 ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome,
                              const Clock& clock)
     : m_home(resolveHome(environment, userHome)), m_clock(clock) {
-    m_readers.push_back(std::make_unique<Reader>(m_clock));
+    m_readers.push_back(std::make_unique<LogFileReader>());
 }
 
 ClaudeCodeLog::~ClaudeCodeLog() = default;
@@ -105,7 +64,7 @@ AILogSnapshot ClaudeCodeLog::scan() {
     const Date cutoff = now - window;
     ++m_generation;
 
-    readAll(candidateLogFiles(m_home, cutoff));
+    readAll(candidateLogFiles(m_home, cutoff), now);
 
     // A log that no longer qualifies, by age or removal, takes its session and events with it.
     std::vector<std::string> gone;
@@ -117,50 +76,92 @@ AILogSnapshot ClaudeCodeLog::scan() {
     const auto before = m_events.size();
     std::erase_if(m_events, [cutoff](const AIUsageEvent& event) { return event.timestamp < cutoff; });
     if (m_events.size() != before) m_changed = true;
-    // Gemini events only age; the published ones need a new list once the oldest falls out.
-    if (m_oldestPublishedGemini && *m_oldestPublishedGemini < cutoff) m_changed = true;
+    // The other events only age; the published list needs renewing once the oldest falls out.
+    if (m_oldestPublished && *m_oldestPublished < cutoff) m_changed = true;
 
+    // PERF NOTE: an unchanged scan hands out the lists of the last one; no event is copied.
+    if (m_changed || !m_publishedEvents || !m_publishedSessions) publish(cutoff);
     AILogSnapshot snapshot;
     snapshot.scannedAt = now;
-    if (!m_changed && m_publishedEvents && m_publishedSessions) {
-        // PERF NOTE: an unchanged scan hands out the lists of the last one; no event is copied.
-        snapshot.eventList = m_publishedEvents;
-        snapshot.sessionMap = m_publishedSessions;
-        return snapshot;
-    }
-    auto events = std::make_shared<AILogSnapshot::Events>();
-    events->reserve(m_events.size());
-    events->insert(events->end(), m_events.begin(), m_events.end());
-    m_oldestPublishedGemini.reset();
-    for (const auto& [path, state] : m_files) {
-        for (const auto& [id, event] : state.geminiEvents) {
-            if (event.timestamp < cutoff) continue;
-            events->push_back(event);
-            if (!m_oldestPublishedGemini || event.timestamp < *m_oldestPublishedGemini) {
-                m_oldestPublishedGemini = event.timestamp;
-            }
-        }
-    }
-    m_publishedEvents = std::move(events);
-    m_publishedSessions = std::make_shared<const AILogSnapshot::Sessions>(m_sessions);
-    m_changed = false;
     snapshot.eventList = m_publishedEvents;
     snapshot.sessionMap = m_publishedSessions;
+    snapshot.problems = m_problems;
     return snapshot;
+}
+
+void ClaudeCodeLog::publish(Date cutoff) {
+    auto events = std::make_shared<AILogSnapshot::Events>();
+    auto sessions = std::make_shared<AILogSnapshot::Sessions>(m_sessions);
+    events->reserve(m_replies.size() + m_events.size());
+    addClaudeEvents(cutoff, *events, *sessions);
+    events->insert(events->end(), m_events.begin(), m_events.end());
+    for (const auto& [path, state] : m_files) {
+        for (const auto& [id, event] : state.geminiEvents) {
+            if (event.timestamp >= cutoff) events->push_back(event);
+        }
+    }
+    m_oldestPublished.reset();
+    for (const auto& event : *events) {
+        if (event.tool == AgentTool::codex) continue;
+        if (!m_oldestPublished || event.timestamp < *m_oldestPublished) m_oldestPublished = event.timestamp;
+    }
+    m_publishedEvents = std::move(events);
+    m_publishedSessions = std::move(sessions);
+    m_changed = false;
+}
+
+void ClaudeCodeLog::addClaudeEvents(Date cutoff, AILogSnapshot::Events& events,
+                                    AILogSnapshot::Sessions& sessions) const {
+    struct Owner {
+        const std::string* path = nullptr;
+        const FileState* state = nullptr;
+        Date start = kNoStart;
+    };
+    const auto ownerOf = [&](std::uint32_t file) {
+        Owner owner;
+        const auto pathIt = m_pathOf.find(file);
+        if (pathIt == m_pathOf.end()) return owner;
+        owner.path = pathIt->second;
+        owner.state = &m_files.find(*owner.path)->second;
+        const auto meta = m_sessions.find(owner.state->sessionId);
+        if (meta != m_sessions.end() && meta->second.firstTimestamp)
+            owner.start = *meta->second.firstTimestamp;
+        return owner;
+    };
+    m_replies.forEach([&](const ClaudeReplies::Reply& reply) {
+        // A reply belongs to the session whose log starts earliest; equal starts: the path first in order.
+        Owner owner = ownerOf(reply.seen.front().file);
+        for (std::size_t i = 1; i < reply.seen.size(); ++i) {
+            const Owner other = ownerOf(reply.seen[i].file);
+            if (!other.state) continue;
+            if (!owner.state || other.start < owner.start ||
+                (other.start == owner.start && *other.path < *owner.path))
+                owner = other;
+        }
+        if (!owner.state) return;
+        AIUsageEvent event = m_replies.event(reply);
+        event.sessionId = owner.state->sessionId;
+        if (const auto meta = sessions.find(event.sessionId); meta != sessions.end()) {
+            ++meta->second.messages;
+            if (!event.model.empty()) ++meta->second.modelCounts[event.model];
+        }
+        if (event.timestamp >= cutoff) events.push_back(std::move(event));
+    });
 }
 
 void ClaudeCodeLog::forget(const std::string& path) {
     auto it = m_files.find(path);
     if (it == m_files.end()) return;
     const std::string sessionId = it->second.sessionId;
+    m_replies.dropFile(it->second.id);
+    m_pathOf.erase(it->second.id);
     m_files.erase(it);
     std::erase_if(m_events, [&](const AIUsageEvent& event) { return event.sessionId == sessionId; });
     m_sessions.erase(sessionId);
     m_changed = true;
 }
 
-void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
-    Reader& first = *m_readers.front();
+void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates, Date now) {
     std::unordered_set<std::string> stems;
     bool distinct = true;
     for (const auto& candidate : candidates)
@@ -168,60 +169,87 @@ void ClaudeCodeLog::readAll(const std::vector<LogCandidate>& candidates) {
     if (!distinct) {
         // Files that share a session id meet in one record: read them strictly one after the other.
         for (const auto& candidate : candidates) {
-            if (auto job = prepare(candidate)) execute(*job, first, m_events);
+            if (auto job = prepare(candidate)) {
+                m_readers.front()->read(*job, now);
+                merge(*job);
+            }
         }
         return;
     }
     // No two files share a session, so every file's work is its own: find it all first, then read.
-    std::vector<Job> jobs;
-    std::uint64_t bytes = 0;
+    std::vector<LogRead> jobs;
     for (const auto& candidate : candidates) {
-        if (auto job = prepare(candidate)) {
-            bytes += job->wholeJson ? job->size : job->size - std::min(job->size, job->state->offset);
-            jobs.push_back(std::move(*job));
+        if (auto job = prepare(candidate)) jobs.push_back(std::move(*job));
+    }
+    // PERF NOTE: a batch's results are merged in file order and freed before the next batch is read,
+    // so a cold scan of a gigabyte never holds the figures of every file at once.
+    for (std::size_t begin = 0; begin < jobs.size();) {
+        std::size_t end = begin;
+        std::uint64_t bytes = 0;
+        while (end < jobs.size() && (end == begin || bytes < kBatchBytes)) {
+            const LogRead& job = jobs[end++];
+            bytes += job.wholeJson ? job.size : job.size - std::min(job.size, job.state->offset);
+        }
+        readBatch(std::span(jobs).subspan(begin, end - begin), bytes, now);
+        for (; begin < end; ++begin) {
+            merge(jobs[begin]);
+            jobs[begin].sink = LineSink{};
         }
     }
+}
+
+void ClaudeCodeLog::readBatch(std::span<LogRead> jobs, std::uint64_t bytes, Date now) {
+    LogFileReader& first = *m_readers.front();
     const unsigned threads = std::min(4u, std::max(1u, std::thread::hardware_concurrency()));
     if (bytes < kParallelBytes || threads < 2 || jobs.size() < 2) {
-        for (auto& job : jobs) execute(job, first, m_events);
+        for (auto& job : jobs) first.read(job, now);
         return;
     }
     // PERF NOTE: a cold scan reads hundreds of megabytes; the files are parsed on all cores, each
-    // into its own event list, and the lists joined in file order, as one thread would have.
-    while (m_readers.size() < threads) m_readers.push_back(std::make_unique<Reader>(m_clock));
+    // into its own sink.
+    while (m_readers.size() < threads) m_readers.push_back(std::make_unique<LogFileReader>());
     std::atomic<std::size_t> next{0};
-    const auto work = [&](Reader& reader) {
-        for (std::size_t i = next++; i < jobs.size(); i = next++) execute(jobs[i], reader, jobs[i].events);
+    const auto work = [&](LogFileReader& reader) {
+        for (std::size_t i = next++; i < jobs.size(); i = next++) reader.read(jobs[i], now);
     };
     std::vector<std::thread> workers;
     for (unsigned t = 1; t < threads; ++t) workers.emplace_back(work, std::ref(*m_readers[t]));
     work(first);
     for (auto& worker : workers) worker.join();
-    for (auto& job : jobs) {
-        m_events.insert(m_events.end(), std::make_move_iterator(job.events.begin()),
-                        std::make_move_iterator(job.events.end()));
-    }
 }
 
-std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const LogCandidate& candidate) {
+void ClaudeCodeLog::merge(LogRead& job) {
+    m_events.insert(m_events.end(), std::make_move_iterator(job.sink.events.begin()),
+                    std::make_move_iterator(job.sink.events.end()));
+    for (auto& sighting : job.sink.claudeReplies) {
+        m_replies.add(job.state->id, std::move(sighting.key), sighting.figures,
+                      job.sink.models[sighting.figures.model]);
+    }
+    logProblems(job.sink.problems, *job.state, job.url);
+    m_problems += job.sink.problems;
+}
+
+std::optional<LogRead> ClaudeCodeLog::prepare(const LogCandidate& candidate) {
     // The listing has just read the file's attributes; they are this scan's one attribute read.
     const std::filesystem::path& url = candidate.path;
-    const AgentTool tool = candidate.tool;
-    std::string path = url.native();
+    const std::string& path = url.native();
     const std::uint64_t size = candidate.size;
     const Date modified = candidate.modified;
 
     auto stateIt = m_files.find(path);
+    std::string sessionId = url.stem().string();
+    if (stateIt != m_files.end() && size < stateIt->second.offset) {
+        // Truncated or replaced: start over from its first byte.
+        sessionId = stateIt->second.sessionId;
+        forget(path);
+        stateIt = m_files.end();
+    }
     if (stateIt == m_files.end()) {
         stateIt = m_files.emplace(path, FileState{}).first;
-        stateIt->second.sessionId = url.stem().string();
+        stateIt->second.sessionId = std::move(sessionId);
+        stateIt->second.id = m_nextFileId++;
+        m_pathOf[stateIt->second.id] = &stateIt->first;
         m_changed = true;
-    } else if (size < stateIt->second.offset) {
-        // Truncated or replaced: start over from its first byte.
-        const std::string keptId = stateIt->second.sessionId;
-        forget(path);
-        stateIt = m_files.emplace(path, FileState{}).first;
-        stateIt->second.sessionId = keptId;
     }
     FileState& state = stateIt->second;
     state.scanGeneration = m_generation;
@@ -230,7 +258,7 @@ std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const LogCandidate& can
     if (metaIt == m_sessions.end()) {
         AISessionMeta fresh;
         fresh.sessionId = state.sessionId;
-        fresh.tool = tool;
+        fresh.tool = candidate.tool;
         fresh.fileURL = url;
         metaIt = m_sessions.emplace(state.sessionId, std::move(fresh)).first;
         m_changed = true;
@@ -243,7 +271,7 @@ std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const LogCandidate& can
     }
 
     bool wholeJson = false;
-    if (tool == AgentTool::gemini) {
+    if (candidate.tool == AgentTool::gemini) {
         if (meta.cwd.empty()) {
             meta.cwd = geminiProjectRoot(url);
             m_changed = true;
@@ -251,121 +279,10 @@ std::optional<ClaudeCodeLog::Job> ClaudeCodeLog::prepare(const LogCandidate& can
         wholeJson = url.extension() == ".json";
     }
     // PERF NOTE: an unchanged file ends here, after one attribute read.
-    if (wholeJson ? state.jsonModified == modified : state.offset >= size) return std::nullopt;
+    if (wholeJson ? (state.jsonModified == modified || state.jsonBroken == modified) : size == state.readEnd)
+        return std::nullopt;
     m_changed = true;
-    return Job{url, std::move(path), tool, &state, &meta, size, modified, wholeJson, {}};
-}
-
-void ClaudeCodeLog::execute(Job& job, Reader& reader, std::vector<AIUsageEvent>& sink) {
-    reader.parser.setSink(&sink);
-    if (job.wholeJson) {
-        readWholeJson(job, reader);
-    } else {
-        readLines(job, reader);
-    }
-}
-
-void ClaudeCodeLog::readLines(Job& job, Reader& reader) {
-    FileState& state = *job.state;
-    const std::uint64_t size = job.size;
-    ReadBuffer& buffer = reader.buffer;
-    FileDescriptor file(::open(job.path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.fd < 0) return;
-    // A failed seek leaves the read at the handle's position, its start.
-    ::lseek(file.fd, static_cast<off_t>(state.offset), SEEK_SET);
-
-    const std::size_t padding = LogLineParser::padding();
-    const std::size_t carryLength = state.carry.size();
-
-    // PERF NOTE: the bytes stream through one reused block that stays in the processor's cache: a
-    // block is read, its finished lines are parsed where they lie, and the unfinished last line moves
-    // to the front for the next block. The lines and the tail come out as if carry and chunk had been
-    // joined in one piece.
-    buffer.reserve(std::max(carryLength, kStreamBlock) + kStreamBlock + padding, 0);
-    std::memcpy(buffer.data(), state.carry.data(), carryLength);
-    std::size_t pending = carryLength;  // bytes in front of the block not yet split into lines
-    std::size_t chunkLength = 0;
-    while (true) {
-        if (buffer.size() - padding - pending < kStreamBlock)
-            buffer.reserve(pending + kStreamBlock + padding, pending);
-        const ssize_t got = ::read(file.fd, buffer.data() + pending, buffer.size() - padding - pending);
-        if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) break;
-        const auto count = static_cast<std::size_t>(got);
-        chunkLength += count;
-        const std::size_t filled = pending + count;
-        std::memset(buffer.data() + filled, ' ', padding);
-        const std::size_t tail = parseLines(buffer.data(), filled, buffer.size(), job, reader);
-        pending = filled - tail;
-        if (tail > 0 && pending > 0) std::memmove(buffer.data(), buffer.data() + tail, pending);
-    }
-    state.carry.assign(buffer.data(), pending);
-    finishRead(state, size, chunkLength);
-}
-
-std::size_t ClaudeCodeLog::parseLines(const char* data, std::size_t filled, std::size_t readable, Job& job,
-                                      Reader& reader) {
-    const std::size_t padding = LogLineParser::padding();
-    std::size_t lineStart = 0;
-    while (lineStart < filled) {
-        const void* found = std::memchr(data + lineStart, '\n', filled - lineStart);
-        if (found == nullptr) break;
-        const auto lineEnd = static_cast<std::size_t>(static_cast<const char*>(found) - data);
-        const std::size_t length = lineEnd - lineStart;
-        if (length > 0) {
-            if (readable - lineStart >= length + padding) {
-                reader.parser.line(data + lineStart, length, readable - lineStart, job.tool, *job.state,
-                                   *job.meta);
-            } else {
-                reader.buffer.reserve(length + padding, 0);
-                std::memcpy(reader.buffer.data(), data + lineStart, length);
-                std::memset(reader.buffer.data() + length, ' ', padding);
-                reader.parser.line(reader.buffer.data(), length, reader.buffer.size(), job.tool, *job.state,
-                                   *job.meta);
-            }
-        }
-        lineStart = lineEnd + 1;
-    }
-    return lineStart;
-}
-
-void ClaudeCodeLog::finishRead(FileState& state, std::uint64_t size, std::size_t chunkLength) {
-    // The unfinished tail stays in the carry and also in front of the offset, so a line finished later
-    // is read twice over and dropped as unparsable. A carry longer than the chunk can't be subtracted.
-    if (state.carry.size() > chunkLength) agentsFatal("aiusage: unfinished line longer than the bytes read");
-    state.offset = std::min<std::uint64_t>(size, state.offset + (chunkLength - state.carry.size()));
-    if (state.carry.size() >= kMaxCarry) {
-        state.carry.clear();
-        state.carry.shrink_to_fit();
-    }
-}
-
-void ClaudeCodeLog::readWholeJson(Job& job, Reader& reader) {
-    FileState& state = *job.state;
-    AISessionMeta& meta = *job.meta;
-    const Date modified = job.modified;
-    ReadBuffer& buffer = reader.buffer;
-    FileDescriptor file(::open(job.path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.fd < 0) return;
-    const std::size_t padding = LogLineParser::padding();
-    const std::size_t filled = readToEnd(file.fd, buffer, 0, static_cast<std::size_t>(job.size), padding);
-    std::memset(buffer.data() + filled, ' ', padding);
-
-    // A rewrite starts over: the file holds the whole session each time.
-    FileState fresh;
-    fresh.sessionId = state.sessionId;
-    fresh.scanGeneration = state.scanGeneration;
-    AISessionMeta freshMeta;
-    freshMeta.sessionId = meta.sessionId;
-    freshMeta.tool = meta.tool;
-    freshMeta.fileURL = meta.fileURL;
-    freshMeta.cwd = meta.cwd;
-    freshMeta.fileModified = modified;
-    if (!reader.parser.geminiDocument(buffer.data(), filled, buffer.size(), fresh, freshMeta)) return;
-    fresh.jsonModified = modified;
-    fresh.offset = job.size;
-    state = std::move(fresh);
-    meta = std::move(freshMeta);
+    return LogRead{url, candidate.tool, &state, &meta, size, modified, wholeJson, {}};
 }
 
 }  // namespace vantrelle

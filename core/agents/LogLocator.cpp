@@ -5,10 +5,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <set>
 #include <string_view>
+#include <utility>
 
 #include "agents/PromptText.h"
-#include "support/AtomicFile.h"
+#include "agents/RegularFile.h"
 
 namespace vantrelle {
 
@@ -17,8 +19,23 @@ namespace {
 struct Entry {
     std::string name;
     bool isDirectory = false;
+    bool isRegular = false;  // only regular files are logs: a FIFO or device must never be opened
     std::uint64_t size = 0;
     Date modified = Date::distantPast();
+    std::pair<dev_t, ino_t> identity{};  // the same folder or file reached through links is met once
+};
+
+// What a walk has met, by device and inode: a symlink cycle ends at the first folder seen again, and
+// a log linked from two places counts once.
+struct Walk {
+    std::set<std::pair<dev_t, ino_t>> folders;
+    std::set<std::pair<dev_t, ino_t>> files;
+    std::vector<LogCandidate> out;
+
+    bool enter(const Entry& folder) { return folders.insert(folder.identity).second; }
+    void take(const std::filesystem::path& path, AgentTool tool, const Entry& entry) {
+        if (files.insert(entry.identity).second) out.push_back({path, tool, entry.size, entry.modified});
+    }
 };
 
 // The visible entries of a folder with their modification dates, in name order. PERF NOTE: one
@@ -34,6 +51,8 @@ std::vector<Entry> listFolder(const std::filesystem::path& folder) {
         struct stat info {};
         if (::fstatat(fd, item->d_name, &info, 0) == 0) {
             entry.isDirectory = S_ISDIR(info.st_mode);
+            entry.isRegular = S_ISREG(info.st_mode);
+            entry.identity = {info.st_dev, info.st_ino};
             entry.size = static_cast<std::uint64_t>(info.st_size);
             entry.modified = Date{static_cast<double>(info.st_mtim.tv_sec) + info.st_mtim.tv_nsec / 1e9};
         }
@@ -50,15 +69,14 @@ bool hasExtension(std::string_view name, std::string_view extension) {
 }
 
 bool qualifies(const Entry& entry, std::string_view extension, Date cutoff) {
-    return !entry.isDirectory && hasExtension(entry.name, extension) && entry.modified >= cutoff;
+    return entry.isRegular && hasExtension(entry.name, extension) && entry.modified >= cutoff;
 }
 
-void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool,
-              std::vector<LogCandidate>& out, int depth = 0) {
+void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool, Walk& walk, int depth = 0) {
     if (depth > 32) return;
     for (const auto& entry : listFolder(folder)) {
         if (entry.isDirectory) {
-            walkTree(folder / entry.name, cutoff, tool, out, depth + 1);
+            if (walk.enter(entry)) walkTree(folder / entry.name, cutoff, tool, walk, depth + 1);
             continue;
         }
         bool wanted = false;
@@ -69,30 +87,41 @@ void walkTree(const std::filesystem::path& folder, Date cutoff, AgentTool tool,
         } else {
             wanted = qualifies(entry, "jsonl", cutoff);
         }
-        if (wanted) out.push_back({folder / entry.name, tool, entry.size, entry.modified});
+        if (wanted) walk.take(folder / entry.name, tool, entry);
     }
+}
+
+// The folder itself counts as met, so a link back to it from inside is not followed.
+void enterRoot(const std::filesystem::path& folder, Walk& walk) {
+    struct stat info {};
+    if (::stat(folder.c_str(), &info) == 0) walk.folders.insert({info.st_dev, info.st_ino});
 }
 
 }  // namespace
 
 std::vector<LogCandidate> candidateLogFiles(const std::filesystem::path& home, Date cutoff) {
-    std::vector<LogCandidate> out;
+    Walk walk;
     const auto projects = home / ".claude/projects";
+    enterRoot(projects, walk);
     for (const auto& project : listFolder(projects)) {
+        if (!project.isDirectory || !walk.enter(project)) continue;
         for (const auto& entry : listFolder(projects / project.name)) {
             if (qualifies(entry, "jsonl", cutoff)) {
-                out.push_back({projects / project.name / entry.name, AgentTool::claudeCode, entry.size,
-                               entry.modified});
+                walk.take(projects / project.name / entry.name, AgentTool::claudeCode, entry);
             }
         }
     }
-    walkTree(home / ".codex/sessions", cutoff, AgentTool::codex, out);
+    enterRoot(home / ".codex/sessions", walk);
+    walkTree(home / ".codex/sessions", cutoff, AgentTool::codex, walk);
     for (const char* root : {".gemini/tmp", ".cache/.gemini/tmp"}) {
+        enterRoot(home / root, walk);
         for (const auto& project : listFolder(home / root)) {
-            walkTree(home / root / project.name / "chats", cutoff, AgentTool::gemini, out);
+            if (!project.isDirectory || !walk.enter(project)) continue;
+            enterRoot(home / root / project.name / "chats", walk);
+            walkTree(home / root / project.name / "chats", cutoff, AgentTool::gemini, walk);
         }
     }
-    return out;
+    return std::move(walk.out);
 }
 
 std::string geminiProjectRoot(const std::filesystem::path& file) {
@@ -102,7 +131,8 @@ std::string geminiProjectRoot(const std::filesystem::path& file) {
         folder = folder.parent_path();
     }
     const std::filesystem::path project = folder.parent_path();
-    if (auto text = readWholeFile(project / ".project_root")) {
+    // Read only if it is a regular file: a FIFO here once held the scan for ever.
+    if (auto text = readRegularFile(project / ".project_root", 64 * 1024)) {
         const auto trimmed = trimWhitespace(*text);
         if (!trimmed.empty()) return std::string(trimmed);
     }

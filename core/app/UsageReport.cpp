@@ -78,13 +78,33 @@ nlohmann::json sessionJson(const AgentSession& s) {
     return j;
 }
 
+nlohmann::json problemsJson(const LogProblems& problems) {
+    return {{"brokenLines", problems.brokenLines},
+            {"futureLines", problems.futureLines},
+            {"longLines", problems.longLines},
+            {"unreadableFiles", problems.unreadableFiles},
+            {"oversizedFiles", problems.oversizedFiles}};
+}
+
 }  // namespace
+
+const char* usageSynopsis() {
+    return "usage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n"
+           "  --json         the figures as JSON\n"
+           "  --now <date>   the moment to report for, such as 2026-03-07T09:10:00Z\n"
+           "  --home <dir>   the folder holding .claude, .codex and .gemini (default: your home)\n"
+           "  -h, --help     this text\n";
+}
 
 std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
                                                       std::string& error) {
     UsageReportOptions options;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
+        if (argument == "--help" || argument == "-h") {
+            options.help = true;
+            return options;
+        }
         if (argument == "--json") {
             options.json = true;
         } else if (argument == "--now" || argument == "--home") {
@@ -94,6 +114,11 @@ std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::str
             }
             const std::string& value = arguments[++i];
             if (argument == "--home") {
+                std::error_code failure;
+                if (!std::filesystem::is_directory(value, failure)) {
+                    error = "--home " + value + ": no such folder";
+                    return std::nullopt;
+                }
                 options.home = value;
             } else if (auto date = parseIsoDate(value)) {
                 options.now = date;
@@ -138,10 +163,10 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
     if (const auto& snapshot = model.snapshot()) {
         for (const auto& event : snapshot->events()) {
             DayRow& row = daily[LocalCalendar::dayKey(event.timestamp)];
-            row.input += event.input;
-            row.output += event.output;
-            row.cacheRead += event.cacheRead;
-            row.cacheWrite += event.cacheWrite;
+            row.input = saturatingAdd(row.input, event.input);
+            row.output = saturatingAdd(row.output, event.output);
+            row.cacheRead = saturatingAdd(row.cacheRead, event.cacheRead);
+            row.cacheWrite = saturatingAdd(row.cacheWrite, event.cacheWrite);
             row.cost += AIPricing::cost(event);
             row.messages += 1;
         }
@@ -183,7 +208,9 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
         }
         root["sessions"] = nlohmann::json::array();
         for (const auto& session : model.sessions()) root["sessions"].push_back(sessionJson(session));
-        return root.dump(2) + "\n";
+        root["skipped"] = problemsJson(model.snapshot() ? model.snapshot()->problems : LogProblems{});
+        // File and folder names need not be UTF-8; such bytes are written as U+FFFD instead of failing.
+        return root.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
     }
 
     std::string out;
@@ -211,6 +238,13 @@ std::string usageReport(const UsageReportOptions& options, const Environment& en
                            AIFormat::remaining(left));
     } else {
         out += "Window       none open\n";
+    }
+    if (const auto& snapshot = model.snapshot(); snapshot && snapshot->problems.total() > 0) {
+        const auto& p = snapshot->problems;
+        out += fmt::format(
+            "Skipped      {} broken, {} future-dated, {} over-long lines; {} unreadable, {} too large "
+            "files\n",
+            p.brokenLines, p.futureLines, p.longLines, p.unreadableFiles, p.oversizedFiles);
     }
     out += fmt::format("Sessions     {}\n", model.sessions().size());
     for (const auto& s : model.sessions()) {

@@ -13,12 +13,17 @@ namespace vantrelle {
 
 // `vantrelle usage`: one scan and one recompute of the usage model, printed as text or JSON.
 struct UsageReportOptions {
+    bool help = false;  // --help or -h: print usageSynopsis() and nothing else
     bool json = false;
     std::optional<Date> now;                    // the clock; the wall clock if not given
     std::optional<std::filesystem::path> home;  // where the agents' logs are; else as the app finds them
 };
 
-// Parses the arguments after "usage"; nothing and a message in `error` if they don't make sense.
+// The command's synopsis and options, for --help and after an error.
+[[nodiscard]] const char* usageSynopsis();
+
+// Parses the arguments after "usage"; nothing and a message in `error` if they don't make sense,
+// among them a --home that names no folder.
 [[nodiscard]] std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
                                                                     std::string& error);
 

@@ -5,16 +5,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/Saturating.h"
+
 namespace vantrelle {
 
 namespace {
 
-// A figure computed from odd log dates can be anything; it shows as 0 rather than ending the app, and
-// a huge one is held below the range where the conversion would be undefined.
+// Negative and not-a-number count as 0; an endless duration is held at the largest count.
 std::int64_t wholeSeconds(double seconds) {
-    constexpr double kLongest = 1e15;
-    if (!std::isfinite(seconds) || seconds < 0) return 0;
-    return static_cast<std::int64_t>(std::min(seconds, kLongest));
+    if (std::isnan(seconds) || seconds < 0) return 0;
+    return saturatingCount(seconds);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Arbitrary bytes as agent log content. The first byte picks the agent and the file form (Claude Code
 // JSONL, Codex JSONL, Gemini JSONL, Gemini whole-file JSON); the rest is written as the log, scanned,
-// extended by one finished line and scanned again. Nothing may crash or grow without bound.
+// scanned again unchanged, extended by one finished line and scanned once more. Nothing may end the
+// process: no input is allowed to stop a scan, so there is no handler that turns a stop into a return.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -8,19 +9,11 @@
 #include <string>
 
 #include "agents/ClaudeCodeLog.h"
-#include "agents/Fatal.h"
 #include "platform/VirtualScheduler.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct FatalStop {};
-
-// The log arithmetic stops the process on values it can't represent; here that ends one input.
-[[noreturn]] void unwind(const char*) {
-    throw FatalStop{};
-}
 
 const fs::path& home() {
     static const fs::path path = [] {
@@ -35,7 +28,6 @@ const fs::path& home() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
-    vantrelle::setAgentsFatalHandler(unwind);
     static const char* const kFiles[] = {".claude/projects/p/session.jsonl",
                                          ".codex/sessions/2030/rollout.jsonl",
                                          ".gemini/tmp/h/chats/chat.jsonl", ".gemini/tmp/h/chats/chat.json"};
@@ -48,14 +40,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     vantrelle::MapEnvironment environment;
     vantrelle::VirtualScheduler clock(vantrelle::SystemClock::shared().now());
-    try {
-        vantrelle::ClaudeCodeLog log(environment, home(), clock);
-        auto first = log.scan();
-        // A finished line after whatever was there: the carry is joined, and the tail read twice.
-        std::ofstream(file, std::ios::binary | std::ios::app) << "\n{\"type\":\"user\"}\n";
-        auto second = log.scan();
-        if (log.fileCount() > 1 || second.events().size() > first.events().size() + size) __builtin_trap();
-    } catch (const FatalStop&) {
-    }
+    vantrelle::ClaudeCodeLog log(environment, home(), clock);
+    const auto first = log.scan();
+    const auto again = log.scan();  // an unchanged file, perhaps with an unfinished tail
+    if (again.events().size() != first.events().size()) __builtin_trap();
+    // A finished line after whatever was there finishes the tail.
+    std::ofstream(file, std::ios::binary | std::ios::app) << "\n{\"type\":\"user\"}\n";
+    const auto second = log.scan();
+    if (log.fileCount() > 1 || second.events().size() > first.events().size() + size) __builtin_trap();
     return 0;
 }

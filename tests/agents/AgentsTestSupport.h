@@ -4,11 +4,24 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <string>
 #include <string_view>
 
+#include "agents/AIUsageEvent.h"
 #include "agents/IsoDate.h"
 #include "platform/Date.h"
+
+namespace vantrelle {
+
+// Readable events in test failures.
+inline void PrintTo(const AIUsageEvent& e, std::ostream* out) {
+    *out << "{" << e.sessionId << " " << formatIsoDate(e.timestamp) << " " << rawValue(e.tool) << " '"
+         << e.model << "' in " << e.input << " out " << e.output << " read " << e.cacheRead << " write "
+         << e.cacheWrite << "}";
+}
+
+}  // namespace vantrelle
 
 namespace vantrelle::testing {
 

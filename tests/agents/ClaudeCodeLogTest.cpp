@@ -8,16 +8,23 @@
 namespace vantrelle {
 namespace {
 
-using testing::appendTo;
 using testing::claudeAssistant;
 
 class ClaudeCodeLogTest : public ::testing::Test {
 protected:
     testing::TempDir home;
     MapEnvironment environment;
-    // Log files carry the real modification time, so the scanner's clock starts at the real now.
-    VirtualScheduler clock{SystemClock::shared().now()};
+    // The test lines are dated 1 January 2030; each write dates its file at the scanner's clock.
+    VirtualScheduler clock{testing::iso("2030-01-01T12:00:00Z")};
     ClaudeCodeLog log{environment, home.path(), clock};
+
+    void appendTo(const std::filesystem::path& file, std::string_view text) const {
+        testing::appendTo(file, text);
+        testing::setModified(file, clock.now());
+    }
+    void write(std::string_view relative, std::string_view text) const {
+        testing::setModified(home.write(relative, text), clock.now());
+    }
 
     std::filesystem::path claudeFile(std::string_view name = "s1.jsonl") const {
         return home / ".claude/projects/-home-dev-app" / name;
@@ -30,26 +37,70 @@ protected:
     static std::string stamp(Date date) { return formatIsoDate(date); }
 };
 
-TEST_F(ClaudeCodeLogTest, StreamedRepeatsOfAReplyCountOnceAndTheFirstWins) {
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 5) + claudeAssistant("m1", "r1", 10, 50) +
-                               claudeAssistant("m1", "r1", 10, 500));
-    auto snapshot = log.scan();
+TEST_F(ClaudeCodeLogTest, AStreamedReplyCountsOnceAtItsFinalSize) {
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 3) + claudeAssistant("m1", "r1", 10, 9) +
+                               claudeAssistant("m1", "r1", 10, 159));
+    const auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].output, 5);
+    EXPECT_EQ(snapshot.events()[0].output, 159);
     EXPECT_EQ(snapshot.events()[0].cacheRead, 3);
     EXPECT_EQ(snapshot.events()[0].cacheWrite, 4);
     EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
     EXPECT_EQ(snapshot.sessions().at("s1").modelCounts.at("claude-sonnet-4-5"), 1);
+}
 
-    // A later scan that sees the same reply again still doesn't count it.
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 900));
+TEST_F(ClaudeCodeLogTest, TheLastLineOfAStreamedReplyInALaterScanRaisesTheEventAlreadyCounted) {
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 3) + claudeAssistant("m1", "r1", 10, 9));
+    auto snapshot = log.scan();
+    ASSERT_EQ(snapshot.events().size(), 1u);
+    EXPECT_EQ(snapshot.events()[0].output, 9);
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 159, "2030-01-01T10:00:03.000Z"));
     snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 1u);
+    ASSERT_EQ(snapshot.events().size(), 1u);
+    EXPECT_EQ(snapshot.events()[0].output, 159);
+    EXPECT_EQ(snapshot.events()[0].timestamp, testing::iso("2030-01-01T10:00:03Z"));  // the final line's
+    EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
+}
 
-    // Copied into another session's file, the reply counts there too.
-    appendTo(claudeFile("s2.jsonl"), claudeAssistant("m1", "r1", 10, 5));
+TEST_F(ClaudeCodeLogTest, AReplyCopiedIntoAResumedSessionCountsOnceInTheOlderSession) {
+    const auto prompt = [](std::string_view date) {
+        return R"({"type":"user","timestamp":")" + std::string(date) + R"(","message":{"content":"go on"}})" +
+               "\n";
+    };
+    // The resumed session's log sorts first by path but starts later.
+    appendTo(claudeFile("b-older.jsonl"), prompt("2030-01-01T09:00:00Z") +
+                                              claudeAssistant("m1", "r1", 10, 3) +
+                                              claudeAssistant("m1", "r1", 10, 159));
+    appendTo(claudeFile("a-resumed.jsonl"),
+             prompt("2030-01-01T09:30:00Z") + claudeAssistant("m1", "r1", 10, 159) +
+                 claudeAssistant("m2", "r2", 1, 1, "2030-01-01T11:00:00.000Z"));
+    auto snapshot = log.scan();
+    ASSERT_EQ(snapshot.events().size(), 2u);
+    const auto& older = snapshot.sessions().at("b-older");
+    const auto& resumed = snapshot.sessions().at("a-resumed");
+    EXPECT_EQ(older.messages, 1);
+    EXPECT_EQ(older.modelCounts.at("claude-sonnet-4-5"), 1);
+    EXPECT_EQ(resumed.messages, 1);  // only its own reply m2
+    std::int64_t output = 0;
+    for (const auto& event : snapshot.events()) {
+        if (event.sessionId == "b-older") output += event.output;
+    }
+    EXPECT_EQ(output, 159);
+
+    // With the older log gone, the copy is what remains, and the reply moves to the resumed session.
+    std::filesystem::remove(claudeFile("b-older.jsonl"));
     snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 2u);
+    ASSERT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 2);
+}
+
+TEST_F(ClaudeCodeLogTest, LogsThatStartTogetherGiveASharedReplyToThePathThatSortsFirst) {
+    appendTo(claudeFile("z.jsonl"), claudeAssistant("m1", "r1", 1, 1));
+    appendTo(claudeFile("y.jsonl"), claudeAssistant("m1", "r1", 1, 1));
+    const auto snapshot = log.scan();
+    ASSERT_EQ(snapshot.events().size(), 1u);
+    EXPECT_EQ(snapshot.events()[0].sessionId, "y");
+    EXPECT_EQ(snapshot.sessions().at("z").messages, 0);
 }
 
 TEST_F(ClaudeCodeLogTest, AReplyWithoutRequestIdOrUuidCountsEachTime) {
@@ -108,7 +159,7 @@ TEST_F(ClaudeCodeLogTest, BrokenLinesChangeNothingAndTheOffsetMovesOn) {
 TEST_F(ClaudeCodeLogTest, AShrinkingFileIsForgottenAndReadFromItsStartInTheSameScan) {
     appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1) + claudeAssistant("m2", "r2", 1, 1));
     ASSERT_EQ(log.scan().events().size(), 2u);
-    home.write(".claude/projects/-home-dev-app/s1.jsonl", claudeAssistant("m1", "r1", 7, 7));
+    write(".claude/projects/-home-dev-app/s1.jsonl", claudeAssistant("m1", "r1", 7, 7));
     const auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].input, 7);  // the seen set went with the old state
@@ -135,28 +186,73 @@ TEST_F(ClaudeCodeLogTest, AnEventOlderThanThirtyDaysCountsInMessagesButIsPruned)
     EXPECT_EQ(snapshot.sessions().at("s1").messages, 2);
 }
 
-TEST_F(ClaudeCodeLogTest, AnUnfinishedTailIsReadTwiceOverAndItsLineDropped) {
+TEST_F(ClaudeCodeLogTest, AnUnfinishedLineIsCountedOnceItIsFinished) {
     const std::string second = claudeAssistant("m2", "r2", 1, 1);
     appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1) + second.substr(0, 20));
     EXPECT_EQ(log.scan().events().size(), 1u);
-    appendTo(claudeFile(), second.substr(20) + claudeAssistant("m3", "r3", 1, 1));
+    appendTo(claudeFile(), second.substr(20, 30));
+    EXPECT_EQ(log.scan().events().size(), 1u);
+    appendTo(claudeFile(), second.substr(50) + claudeAssistant("m3", "r3", 1, 1));
     const auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 2u);  // m2's line came back joined with its own start: dropped
-    EXPECT_EQ(snapshot.sessions().at("s1").messages, 2);
+    EXPECT_EQ(snapshot.events().size(), 3u);
+    EXPECT_EQ(snapshot.sessions().at("s1").messages, 3);
+    EXPECT_EQ(log.problems().brokenLines, 0);
 }
 
-TEST(ClaudeCodeLogDeathTest, AnUnfinishedTailWithNothingNewIsFatal) {
-    testing::TempDir home;
-    MapEnvironment environment;
-    VirtualScheduler clock{SystemClock::shared().now()};
-    appendTo(home / ".claude/projects/p/s.jsonl", R"({"type":"user")");
-    EXPECT_DEATH(
-        {
-            ClaudeCodeLog log(environment, home.path(), clock);
-            (void)log.scan();
-            (void)log.scan();
-        },
-        "unfinished line");
+TEST_F(ClaudeCodeLogTest, AWholeObjectWithoutItsLineFeedCountsNowAndNotAgainWhenTheFeedComes) {
+    std::string line = claudeAssistant("m1", "", 1, 1);  // no request id: a second reading would count twice
+    line.pop_back();
+    appendTo(claudeFile(), line);
+    EXPECT_EQ(log.scan().events().size(), 1u);
+    appendTo(claudeFile(), "\n" + claudeAssistant("m2", "r2", 1, 1));
+    const auto snapshot = log.scan();
+    EXPECT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(log.problems().total(), 0);
+}
+
+TEST_F(ClaudeCodeLogTest, AnUnchangedLogEndingInAnUnfinishedLineIsScannedAHundredTimes) {
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1) + R"({"type":"assistant","message":{"id")");
+    for (int i = 0; i < 100; ++i) ASSERT_EQ(log.scan().events().size(), 1u);
+    EXPECT_EQ(log.problems().total(), 0);
+}
+
+TEST_F(ClaudeCodeLogTest, ALineOverAMillionBytesIsSkippedToItsLineFeedWhateverPiecesItComesIn) {
+    const std::string huge =
+        R"({"type":"user","message":{"content":")" + std::string(1'500'000, 'x') + "\"}}";
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1) + huge.substr(0, 1'200'000));
+    EXPECT_EQ(log.scan().events().size(), 1u);
+    EXPECT_EQ(log.problems().longLines, 1);
+    appendTo(claudeFile(), huge.substr(1'200'000, 100'000));
+    EXPECT_EQ(log.scan().events().size(), 1u);
+    appendTo(claudeFile(), huge.substr(1'300'000) + "\n" + claudeAssistant("m2", "r2", 1, 1));
+    auto snapshot = log.scan();
+    EXPECT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(log.problems().longLines, 1);  // one line, counted once
+    EXPECT_EQ(log.problems().brokenLines, 0);
+
+    // The same line arriving whole is skipped the same way.
+    appendTo(claudeFile("whole.jsonl"), huge + "\n" + claudeAssistant("m3", "r3", 1, 1));
+    snapshot = log.scan();
+    EXPECT_EQ(snapshot.events().size(), 3u);
+    EXPECT_EQ(log.problems().longLines, 2);
+}
+
+TEST_F(ClaudeCodeLogTest, BadFiguresNeverStopTheScanAndNeverTurnTotalsNegative) {
+    const std::string max = "9223372036854775807";
+    appendTo(
+        claudeFile(),
+        R"({"type":"assistant","requestId":"r","timestamp":"2030-01-01T10:00:00Z","message":{"id":"m","usage":{"input_tokens":)" +
+            max + R"(,"output_tokens":)" + max +
+            R"(,"cache_read_input_tokens":-5,"cache_creation_input_tokens":1e300}}})" + "\n" +
+            R"({"type":"assistant","requestId":"r9","timestamp":"9999-12-31T00:00:00Z","message":{"id":"m","usage":{"output_tokens":1}}})" +
+            "\n");
+    const auto snapshot = log.scan();
+    ASSERT_EQ(snapshot.events().size(), 1u);
+    EXPECT_EQ(snapshot.events()[0].cacheRead, 0);
+    EXPECT_EQ(snapshot.events()[0].cacheWrite, 0);  // not an exact integer
+    EXPECT_EQ(snapshot.events()[0].totalTokens(), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(log.problems().futureLines, 1);
+    EXPECT_EQ(snapshot.sessions().at("s1").lastTimestamp, testing::iso("2030-01-01T10:00:00Z"));
 }
 
 TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
@@ -202,7 +298,7 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
                R"(,"cached":30,"output":5,"thoughts":2}})"
                "\n";
     };
-    testing::appendTo(home / ".gemini/tmp/abc/.project_root", "  /home/dev/site\n");
+    appendTo(home / ".gemini/tmp/abc/.project_root", "  /home/dev/site\n");
     appendTo(geminiFile("chat.jsonl"),
              R"({"sessionId":"x","startTime":"2030-01-01T09:00:00Z","kind":"subagent"})"
              "\n" +
@@ -230,25 +326,22 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     const auto message = [](std::string_view id) {
         return R"({"type":"gemini","id":")" + std::string(id) + R"(","tokens":{"input":10,"output":1}})";
     };
-    home.write(".gemini/tmp/abc/chats/whole.json",
-               R"({"startTime":"2030-01-01T08:00:00Z","summary":"Site work","messages":[)" + message("a") +
-                   "," + message("b") + "]}");
+    write(".gemini/tmp/abc/chats/whole.json",
+          R"({"startTime":"2030-01-01T08:00:00Z","summary":"Site work","messages":[)" + message("a") + "," +
+              message("b") + "]}");
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 3u);
     EXPECT_EQ(snapshot.sessions().at("whole").title, "Site work");
     clock.advance(2);  // a later modification date
-    home.write(".gemini/tmp/abc/chats/whole.json", R"({"messages":[)" + message("a") + "]}");
-    std::filesystem::last_write_time(geminiFile("whole.json"),
-                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(2));
+    write(".gemini/tmp/abc/chats/whole.json", R"({"messages":[)" + message("a") + "]}");
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.sessions().at("whole").messages, 1);
     EXPECT_FALSE(snapshot.sessions().at("whole").title);
 
     // An unparsable rewrite that doesn't shrink the file keeps what was there.
-    home.write(".gemini/tmp/abc/chats/whole.json", "{ broken" + std::string(200, ' '));
-    std::filesystem::last_write_time(geminiFile("whole.json"),
-                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(4));
+    clock.advance(2);
+    write(".gemini/tmp/abc/chats/whole.json", "{ broken" + std::string(200, ' '));
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 2u);
 }

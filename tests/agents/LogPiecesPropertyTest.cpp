@@ -1,0 +1,208 @@
+// The reading rule as a property: a log that arrives in random pieces, with line feeds anywhere and
+// scans between the pieces, gives exactly what one read of the finished log gives. For each tool, on
+// many generated logs, with cuts inside lines, inside strings and inside multi-byte characters.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <tuple>
+
+#include "AgentsTestSupport.h"
+#include "agents/ClaudeCodeLog.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::iso;
+
+std::string stampAt(int minute) {
+    return fmt::format("2030-01-01T{:02d}:{:02d}:00.000Z", 8 + minute / 60, minute % 60);
+}
+
+std::string claudeLog(std::mt19937& random) {
+    std::string log =
+        R"({"type":"user","cwd":"/home/dev/ünï","gitBranch":"main","message":{"content":"fix 日本 bug"}})"
+        "\n";
+    for (int reply = 0; reply < 12; ++reply) {
+        const std::string id = "m" + std::to_string(reply), request = "r" + std::to_string(reply);
+        std::int64_t output = 1 + static_cast<std::int64_t>(random() % 5);
+        for (std::uint32_t part = 0; part < 1 + random() % 3; ++part) {  // streamed over several lines
+            output += static_cast<std::int64_t>(random() % 200);
+            log += testing::claudeAssistant(id, reply % 5 == 4 ? "" : request, 10 + reply, output,
+                                            stampAt(reply));
+        }
+        if (random() % 3 == 0) log += "not json at all\n{\"type\":\"user\",\"message\":\n";  // broken lines
+        if (random() % 4 == 0) log += R"({"type":"ai-title","aiTitle":"Títle )" + id + "\"}\n";
+        log += R"({"type":"user","timestamp":")" + stampAt(reply) + R"(","message":{"content":"next → )" +
+               id + "\"}}\n";
+    }
+    return log;
+}
+
+std::string codexLog(std::mt19937& random) {
+    std::string log = R"({"type":"session_meta","payload":{"cwd":"/home/dev/api","git":{"branch":"dev"}}})"
+                      "\n";
+    std::int64_t in = 0, out = 0, cached = 0;
+    for (int turn = 0; turn < 15; ++turn) {
+        in += static_cast<std::int64_t>(random() % 900), out += static_cast<std::int64_t>(random() % 90);
+        cached += static_cast<std::int64_t>(random() % 50);
+        if (random() % 5 == 0) in = 3;  // a counter reset
+        log += R"({"timestamp":")" + stampAt(turn) +
+               R"(","type":"response_item","payload":{"output":"é…"}})"
+               "\n";
+        log += fmt::format(
+            R"({{"timestamp":"{}","type":"event_msg","payload":{{"type":"token_count","info":{{"total_token_usage":{{"input_tokens":{},"output_tokens":{},"cached_input_tokens":{}}},"model":"gpt-5"}}}}}})"
+            "\n",
+            stampAt(turn), in, out, cached);
+    }
+    return log;
+}
+
+std::string geminiLog(std::mt19937& random) {
+    std::string log = R"({"sessionId":"x","startTime":"2030-01-01T08:00:00Z"})"
+                      "\n";
+    for (int turn = 0; turn < 15; ++turn) {
+        const std::string id = "g" + std::to_string(random() % 10);  // ids repeat: rewritten messages
+        log += R"({"type":"user","timestamp":")" + stampAt(turn) +
+               R"(","content":[{"text":"ça"},{"text":"va"}]})"
+               "\n";
+        const std::string message = fmt::format(
+            R"({{"type":"gemini","id":"{}","timestamp":"{}","model":"gemini-2.5-pro","tokens":{{"input":{},"cached":{},"output":{},"thoughts":{}}}}})",
+            id, stampAt(turn), random() % 5000, random() % 100, random() % 300, random() % 20);
+        log +=
+            random() % 4 == 0 ? R"({"$set":{"messages":[)" + message + R"(],"summary":"Résumé"}})" : message;
+        log += "\n";
+        if (random() % 6 == 0) log += R"({"$rewindTo":")" + id + "\"}\n";
+    }
+    return log;
+}
+
+std::vector<AIUsageEvent> sorted(std::vector<AIUsageEvent> events) {
+    const auto key = [](const AIUsageEvent& e) {
+        return std::tie(e.sessionId, e.timestamp, e.tool, e.model, e.input, e.output, e.cacheRead,
+                        e.cacheWrite);
+    };
+    std::sort(events.begin(), events.end(), [&](const auto& a, const auto& b) { return key(a) < key(b); });
+    return events;
+}
+
+class LogPiecesPropertyTest : public ::testing::Test {
+protected:
+    VirtualScheduler clock{iso("2030-01-01T12:00:00Z")};
+    MapEnvironment environment;
+
+    struct File {
+        std::filesystem::path relative;
+        std::string text;
+        std::size_t written = 0;
+    };
+
+    void appendPiece(const testing::TempDir& home, File& file, std::size_t length) {
+        length = std::min(length, file.text.size() - file.written);
+        testing::appendTo(home / file.relative.string(),
+                          std::string_view(file.text).substr(file.written, length));
+        file.written += length;
+        testing::setModified(home / file.relative.string(), clock.now());
+    }
+
+    void expectSameAsOneRead(std::vector<File> files, std::mt19937& random) {
+        testing::TempDir pieces;
+        ClaudeCodeLog growing(environment, pieces.path(), clock);
+        for (bool more = true; more;) {
+            more = false;
+            for (auto& file : files) {
+                // Mostly short pieces, so line feeds fall anywhere, now and then a long one.
+                appendPiece(pieces, file, random() % 8 == 0 ? random() % 3000 : random() % 40);
+                more = more || file.written < file.text.size();
+            }
+            if (random() % 3 != 0) (void)growing.scan();
+        }
+        const auto piecewise = growing.scan();
+
+        testing::TempDir whole;
+        for (const auto& file : files) {
+            testing::appendTo(whole / file.relative.string(), file.text);
+            testing::setModified(whole / file.relative.string(), clock.now());
+        }
+        ClaudeCodeLog once(environment, whole.path(), clock);
+        const auto expected = once.scan();
+
+        // Replies of different files may arrive in another order; each is the same event.
+        ASSERT_EQ(sorted(piecewise.events()), sorted(expected.events()));
+        ASSERT_EQ(piecewise.sessions().size(), expected.sessions().size());
+        for (const auto& [id, meta] : expected.sessions()) {
+            AISessionMeta other = piecewise.sessions().at(id);
+            other.fileURL = meta.fileURL;  // the two homes differ in their folder
+            ASSERT_EQ(other, meta) << id;
+        }
+        ASSERT_EQ(growing.problems(), once.problems());
+    }
+};
+
+TEST_F(LogPiecesPropertyTest, EachToolsLogReadInPiecesGivesWhatOneReadGives) {
+    struct Tool {
+        const char* name;
+        const char* file;
+        std::string (*make)(std::mt19937&);
+    };
+    const Tool tools[] = {{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
+                          {"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
+                          {"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}};
+    for (const Tool& tool : tools) {
+        for (std::uint32_t seed = 1; seed <= 25; ++seed) {
+            SCOPED_TRACE(std::string(tool.name) + ", seed " + std::to_string(seed));
+            std::mt19937 random(seed);
+            expectSameAsOneRead({{tool.file, tool.make(random)}}, random);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneReadGives) {
+    for (std::uint32_t seed = 100; seed < 110; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        // Two Claude Code logs share their replies: a resumed session copies the older one's.
+        const std::string older = claudeLog(random);
+        expectSameAsOneRead({{".claude/projects/p/older.jsonl", older},
+                             {".claude/projects/q/resumed.jsonl", older + claudeLog(random)},
+                             {".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog(random)},
+                             {".gemini/tmp/h/chats/chat.jsonl", geminiLog(random)}},
+                            random);
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST_F(LogPiecesPropertyTest, AnUnchangedLogWithAnUnfinishedTailScannedAHundredTimesStaysAsItIs) {
+    struct Tool {
+        const char* name;
+        const char* file;
+        std::string (*make)(std::mt19937&);
+    };
+    for (const Tool& tool : {Tool{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
+                             Tool{"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
+                             Tool{"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}}) {
+        SCOPED_TRACE(tool.name);
+        std::mt19937 random(7);
+        const std::string text = tool.make(random);
+        testing::TempDir home;
+        const auto file = home / tool.file;
+        testing::appendTo(file, text.substr(0, text.size() - 25));  // the last line cut short
+        testing::setModified(file, clock.now());
+        ClaudeCodeLog log(environment, home.path(), clock);
+        const auto first = log.scan();
+        const LogProblems problems = log.problems();  // the cut line is not among them
+        for (int i = 0; i < 100; ++i) {
+            const auto again = log.scan();
+            ASSERT_EQ(again.events(), first.events());
+            ASSERT_EQ(again.sessions(), first.sessions());
+        }
+        EXPECT_EQ(log.problems(), problems);
+    }
+}
+
+}  // namespace
+}  // namespace vantrelle
