@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "agents/RegularFile.h"
+#include "support/FileDescriptor.h"
 
 namespace vantrelle {
 
@@ -56,7 +57,7 @@ void LogFileReader::read(LogRead& job, Date now) {
 
 void LogFileReader::readLines(LogRead& job, Date now) {
     LogFileState& state = *job.state;
-    const FileDescriptor file = openRegularFile(job.url);
+    const FileDescriptor file(openRegularFile(job.url));
     if (!file.isOpen() || ::lseek(file.get(), static_cast<off_t>(state.offset), SEEK_SET) < 0) {
         markUnreadable(job);
         return;
@@ -146,7 +147,7 @@ void LogFileReader::readWholeJson(LogRead& job, Date now) {
         state.jsonModified = job.modified;
         return;
     }
-    const FileDescriptor file = openRegularFile(job.url);
+    const FileDescriptor file(openRegularFile(job.url));
     if (!file.isOpen()) {
         markUnreadable(job);
         return;

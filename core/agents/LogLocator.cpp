@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "agents/PromptText.h"
-#include "agents/RegularFile.h"
+#include "support/ReadFile.h"
 
 namespace vantrelle {
 
@@ -131,8 +131,8 @@ std::string geminiProjectRoot(const std::filesystem::path& file) {
         folder = folder.parent_path();
     }
     const std::filesystem::path project = folder.parent_path();
-    // Read only if it is a regular file: a FIFO here once held the scan for ever.
-    if (auto text = readRegularFile(project / ".project_root", 64 * 1024)) {
+    // Read only if it is a regular file, without waiting: a FIFO here once held the scan for ever.
+    if (auto text = readWholeFile(project / ".project_root")) {
         const auto trimmed = trimWhitespace(*text);
         if (!trimmed.empty()) return std::string(trimmed);
     }
