@@ -117,6 +117,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_aiUsageView = std::make_unique<AIUsageViewModel>(m_aiUsage, m_hookSwitch, SystemClock::shared());
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
+    m_shell->registerTileView(DashTile::aiUsage, QStringLiteral("AIUsageTile"));
     // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
     m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
 

@@ -18,6 +18,8 @@ QVariant DashboardTileListModel::data(const QModelIndex& index, int role) const 
             return row->tool;
         case Role::tint:
             return row->tint;
+        case Role::view:
+            return row->view;
     }
     return {};
 }
@@ -25,7 +27,8 @@ QVariant DashboardTileListModel::data(const QModelIndex& index, int role) const 
 QHash<int, QByteArray> DashboardTileListModel::roleNames() const {
     return {{static_cast<int>(Role::raw), "raw"},   {static_cast<int>(Role::title), "title"},
             {static_cast<int>(Role::icon), "icon"}, {static_cast<int>(Role::subtitle), "subtitle"},
-            {static_cast<int>(Role::tool), "tool"}, {static_cast<int>(Role::tint), "tint"}};
+            {static_cast<int>(Role::tool), "tool"}, {static_cast<int>(Role::tint), "tint"},
+            {static_cast<int>(Role::view), "view"}};
 }
 
 }  // namespace vantrelle

@@ -21,6 +21,7 @@ public:
         subtitle,
         tool,
         tint,
+        view,
     };
     Q_ENUM(Role)
 
@@ -31,6 +32,7 @@ public:
         QString subtitle;
         QString tool;
         QColor tint;
+        QString view;  // the live tile's component, empty for a tile that only says what it will hold
         bool operator==(const Row&) const = default;
     };
 

@@ -91,6 +91,11 @@ void ShellModel::registerToolView(NotchTab tab, const QString& component) {
     Q_EMIT stateChanged();
 }
 
+void ShellModel::registerTileView(DashTile tile, const QString& component) {
+    m_tileViews.insert(text(info(tile).raw), ShellEngine::componentUrl(component).toString());
+    refreshLists();
+}
+
 int ShellModel::tabIndex() const {
     const auto tabs = m_settings.orderedEnabledTabs();
     const auto found = std::find(tabs.begin(), tabs.end(), m_overlay.state().tab());
@@ -117,7 +122,8 @@ void ShellModel::refreshLists() {
         const bool opens = tool && m_settings.isEnabled(*tool);
         tiles.push_back({text(i.raw), text(i.title), glyph(std::string(i.icon)), text(i.subtitle),
                          opens ? text(rawValue(*tool)) : QString(),
-                         ShellTheme::color(tool ? info(*tool).tint : NotchTheme::label)});
+                         ShellTheme::color(tool ? info(*tool).tint : NotchTheme::label),
+                         m_tileViews.value(text(i.raw))});
     }
     m_dashboardTiles.setRows(std::move(tiles));
 }

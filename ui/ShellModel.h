@@ -92,6 +92,8 @@ public:
     [[nodiscard]] QString toolView() const { return m_toolViews.value(tab()); }
     // The tool's view is the module's component of that name.
     void registerToolView(NotchTab tab, const QString& component);
+    // The component a Dashboard tile shows its live figures with; tiles without one say what they hold.
+    void registerTileView(DashTile tile, const QString& component);
     [[nodiscard]] ToolListModel* tabs() { return &m_tabs; }
     // Where the showing tool sits among the enabled ones; -1 when it isn't one of them.
     [[nodiscard]] int tabIndex() const;
@@ -150,6 +152,7 @@ private:
     CollapsedCells m_cells;
     QString m_kind;
     QHash<QString, QString> m_toolViews;
+    QHash<QString, QString> m_tileViews;
     ToolListModel m_tabs;
     DashboardTileListModel m_dashboardTiles;
     QTimer m_tick;  // runs only while the shown activity counts each second

@@ -108,7 +108,8 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
                                                   {QStringLiteral("icon"), QStringLiteral("x")},
                                                   {QStringLiteral("subtitle"), QString()},
                                                   {QStringLiteral("tool"), QStringLiteral("aiUsage")},
-                                                  {QStringLiteral("tint"), QColor(Qt::red)}}}};
+                                                  {QStringLiteral("tint"), QColor(Qt::red)},
+                                                  {QStringLiteral("view"), QString()}}}};
     for (const auto& name : names) {
         SCOPED_TRACE(name.toStdString());
         EXPECT_EQ(build(name, properties.value(name)), std::vector<std::string>{});

@@ -10,6 +10,7 @@ Rectangle {
     required property string subtitle
     required property string tool
     required property color tint
+    required property string view
     radius: 16
     color: hover.containsMouse && card.tool !== "" ? "#262628" : Theme.surface
 
@@ -21,41 +22,17 @@ Rectangle {
         Text { text: card.title; color: Theme.label; font.pixelSize: 12; font.weight: Font.DemiBold }
     }
 
-    Loader {
+    // A live tile is its own component, registered by the composition root; the rest say what they hold.
+    Item {
         anchors { left: parent.left; right: parent.right; bottom: parent.bottom; top: heading.bottom; margins: 12 }
-        sourceComponent: card.raw === "aiUsage" ? usage : placeholder
-    }
-
-    Component {
-        id: usage
-        Column {
-            spacing: 2
-            Text { text: AIUsage.today.tokens; color: Theme.label; font.pixelSize: 22; font.weight: Font.Bold }
-            Text { text: AIUsage.today.cost + " today"; color: Theme.positive; font.pixelSize: 11 }
-            Item { width: 1; height: 6 }
-            Rectangle {
-                width: parent.width
-                height: 5
-                radius: 2.5
-                color: Qt.rgba(1, 1, 1, 0.1)
-                Rectangle {
-                    width: parent.width * AIUsage.block.progress
-                    height: parent.height
-                    radius: parent.radius
-                    color: AIUsage.block.overBudget ? Theme.orange : Theme.purple
-                }
-            }
-            Text {
-                text: AIUsage.block.open ? AIUsage.block.tokens + " in window · " + AIUsage.block.timeLeft + " left"
-                                           : "No 5-hour window open"
-                color: Theme.secondaryLabel
-                font.pixelSize: 10
-            }
+        Loader {
+            anchors.fill: parent
+            active: card.view !== ""
+            source: card.view
         }
-    }
-    Component {
-        id: placeholder
         Text {
+            anchors.fill: parent
+            visible: card.view === ""
             wrapMode: Text.WordWrap
             verticalAlignment: Text.AlignBottom
             text: card.subtitle
