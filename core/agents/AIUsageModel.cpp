@@ -7,6 +7,7 @@
 #include "activity/LiveActivityCenter.h"
 #include "agents/AIPricing.h"
 #include "agents/AgentProcesses.h"
+#include "agents/UsageSummary.h"
 #include "catalog/AppSettings.h"
 #include "support/DebugLog.h"
 #include "support/LocalCalendar.h"
@@ -17,35 +18,6 @@
 namespace vantrelle {
 
 namespace {
-
-constexpr double kWindow = kBlockSeconds;
-constexpr double kMaxGap = 600;  // pauses count at most 10 minutes of active time
-constexpr double kRunning = 30;
-constexpr double kWaiting = 1'800;
-constexpr std::size_t kMaxSessions = 50;
-
-// PERF NOTE: a price lookup lowercases the name and walks 25 rows; recompute meets few distinct
-// models, so each is looked up once.
-class CostCache {
-public:
-    double cost(const AIUsageEvent& event) {
-        auto it = m_rates.find(event.model);
-        if (it == m_rates.end()) it = m_rates.emplace(event.model, AIPricing::rates(event.model)).first;
-        return it->second.costOf(event);
-    }
-
-private:
-    std::unordered_map<std::string, AIPricing> m_rates;
-};
-
-struct Aggregate {
-    std::int64_t tokens = 0;
-    double cost = 0;
-    Date first;
-    Date last;
-    std::int64_t count = 0;
-    double active = 0;
-};
 
 LiveActivity aiActivity(std::string project, std::int64_t tokens, double progress, bool active) {
     return LiveActivity{LiveActivity::AI{std::move(project), tokens, progress, active}};
@@ -140,165 +112,20 @@ void AIUsageModel::applyAliveTools(std::set<AgentTool> tools) {
     recompute();
 }
 
-std::vector<AIBlockUsage> AIUsageModel::blocks(const std::vector<const AIUsageEvent*>& sorted) {
-    std::vector<AIBlockUsage> result;
-    std::optional<AIBlockUsage> current;
-    CostCache costs;
-    for (const AIUsageEvent* event : sorted) {
-        const Date at = event->timestamp;
-        if (current && at < current->start + kWindow && at - current->lastActivity < kWindow) {
-            current->tokens = saturatingAdd(current->tokens, event->totalTokens());
-            current->cost += costs.cost(*event);
-            current->lastActivity = at;
-            continue;
-        }
-        if (current) result.push_back(*current);
-        current = AIBlockUsage{
-            LocalCalendar::startOfHour(at), event->totalTokens(), costs.cost(*event), at, 0, 0, 0};
-    }
-    if (current) result.push_back(*current);
-    return result;
-}
-
 void AIUsageModel::recompute() {
     if (!m_snapshot) return;
     const Date now = m_deps.clock.now();
-    const Date startOfToday = LocalCalendar::startOfDay(now);
-    CostCache costs;
-
-    std::vector<const AIUsageEvent*> sorted;
-    sorted.reserve(m_snapshot->events().size());
-    for (const auto& event : m_snapshot->events()) sorted.push_back(&event);
-    std::stable_sort(sorted.begin(), sorted.end(), [](const AIUsageEvent* a, const AIUsageEvent* b) {
-        return a->timestamp < b->timestamp;
-    });
-
-    // Day buckets, oldest first; boundaries[i] is the start of bucket i, boundaries[7] tomorrow.
-    std::array<Date, 8> boundaries{};
-    for (int d = 0; d < 7; ++d)
-        boundaries[static_cast<std::size_t>(d)] = LocalCalendar::addDays(startOfToday, d - 6);
-    boundaries[7] = LocalCalendar::addDays(startOfToday, 1);
-    std::vector<AIDayTotals> buckets;
-    for (std::size_t i = 0; i < 7; ++i) buckets.push_back({boundaries[i], 0, 0});
-
-    AITotals today;
-    std::set<std::string_view> todaySessions;
-    std::unordered_map<std::string_view, Aggregate> aggregates;
-    for (const AIUsageEvent* event : sorted) {
-        const double cost = costs.cost(*event);
-        const std::int64_t tokens = event->totalTokens();
-        // PERF NOTE: a bucket is found by comparing with the eight day boundaries, not by calendar math.
-        if (event->timestamp >= boundaries[0] && event->timestamp < boundaries[7]) {
-            const auto at = std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) -
-                            boundaries.begin() - 1;
-            auto& bucket = buckets[static_cast<std::size_t>(at)];
-            bucket.tokens = saturatingAdd(bucket.tokens, tokens);
-            bucket.cost += cost;
-        }
-        if (event->timestamp >= startOfToday) {
-            today.input = saturatingAdd(today.input, event->input);
-            today.output = saturatingAdd(today.output, event->output);
-            today.cacheRead = saturatingAdd(today.cacheRead, event->cacheRead);
-            today.cacheWrite = saturatingAdd(today.cacheWrite, event->cacheWrite);
-            today.cost += cost;
-            today.messages += 1;
-            todaySessions.insert(event->sessionId);
-        }
-        auto [it, fresh] = aggregates.try_emplace(event->sessionId);
-        Aggregate& aggregate = it->second;
-        if (fresh) aggregate.first = aggregate.last = event->timestamp;
-        if (aggregate.count >= 1) {
-            const double gap = event->timestamp - aggregate.last;
-            if (gap >= 0) aggregate.active += std::min(gap, kMaxGap);
-        }
-        aggregate.tokens = saturatingAdd(aggregate.tokens, tokens);
-        aggregate.cost += cost;
-        aggregate.count += 1;
-        aggregate.first = std::min(aggregate.first, event->timestamp);
-        aggregate.last = std::max(aggregate.last, event->timestamp);
-    }
-    today.sessions = static_cast<std::int64_t>(todaySessions.size());
-    m_today = today;
-    m_last7Days = buckets;
+    UsageSummary summary = summarizeUsage({m_snapshot->events(), m_snapshot->sessions(), now, m_aliveTools,
+                                           m_deps.settings.aiBlockTokenBudget()});
+    m_today = summary.today;
+    m_last7Days = std::move(summary.last7Days);
+    m_block = summary.block;
+    m_sessions = std::move(summary.sessions);
     if (m_deps.history) {
         std::vector<WrappedHistory::DayTokens> entries;
         for (const auto& day : m_last7Days) entries.push_back({day.date, day.tokens});
         m_deps.history->recordAITokens(entries);
     }
-
-    // Windows: Claude Code and Codex only.
-    std::vector<const AIUsageEvent*> windowed;
-    windowed.reserve(sorted.size());
-    for (const AIUsageEvent* event : sorted) {
-        if (event->tool != AgentTool::gemini) windowed.push_back(event);
-    }
-    const auto found = blocks(windowed);
-    std::int64_t budget = m_deps.settings.aiBlockTokenBudget();
-    if (budget <= 0) {
-        budget = 1'000'000;
-        for (const auto& b : found) budget = std::max(budget, b.tokens);
-    }
-    m_block.reset();
-    if (!found.empty()) {
-        AIBlockUsage current = found.back();
-        if (now < current.start + kWindow || now - current.lastActivity < kWindow) {
-            const double minutes = std::max((now - current.start) / 60, 1.0);
-            current.burnTokensPerMinute = static_cast<double>(current.tokens) / minutes;
-            // Held inside the range: a window near the largest count would project past it.
-            current.projectedTokens = saturatingCount(current.burnTokensPerMinute * 300);
-            current.budget = budget;
-            m_block = current;
-        }
-    }
-
-    std::vector<AgentSession> sessions;
-    for (const auto& [id, meta] : m_snapshot->sessions()) {
-        const auto aggregateIt = aggregates.find(id);
-        const Aggregate* aggregate = aggregateIt == aggregates.end() ? nullptr : &aggregateIt->second;
-        Date lastActivity = std::max({meta.lastTimestamp.value_or(Date::distantPast()),
-                                      aggregate ? aggregate->last : Date::distantPast(), meta.fileModified});
-        const Date startedAt = aggregate ? aggregate->first : meta.firstTimestamp.value_or(lastActivity);
-        if (!(lastActivity >= startOfToday || now - lastActivity < 120)) continue;
-        const bool alive = m_aliveTools.contains(meta.tool);
-        const double age = now - lastActivity;
-        AgentSession session;
-        session.state = alive && age < kRunning   ? AgentSession::State::running
-                        : alive && age < kWaiting ? AgentSession::State::waiting
-                                                  : AgentSession::State::done;
-        const std::string* topModel = nullptr;
-        std::int64_t topCount = 0;
-        for (const auto& [model, count] : meta.modelCounts) {
-            if (!topModel || count > topCount) topModel = &model, topCount = count;
-        }
-        session.modelFamily = AIPricing::family(topModel ? std::string_view(*topModel) : std::string_view{});
-        if (meta.cwd.empty()) {
-            session.projectName = displayName(meta.tool);
-        } else {
-            const std::string last = std::filesystem::path(meta.cwd).filename().string();
-            session.projectName = last.empty() ? meta.cwd : last;
-        }
-        session.id = id;
-        session.tool = meta.tool;
-        session.cwd = meta.cwd;
-        session.branch = meta.branch;
-        session.title = meta.title ? *meta.title : meta.firstPrompt ? *meta.firstPrompt : session.projectName;
-        session.lastPrompt = meta.lastPrompt;
-        session.messages = aggregate ? aggregate->count : meta.messages;
-        session.tokens = aggregate ? aggregate->tokens : 0;
-        session.cost = aggregate ? aggregate->cost : 0;
-        session.startedAt = startedAt;
-        session.lastActivity = lastActivity;
-        session.activeSeconds = (aggregate ? aggregate->active : 0) +
-                                (session.state == AgentSession::State::running ? std::min(age, kMaxGap) : 0);
-        session.logURL = meta.fileURL;
-        sessions.push_back(std::move(session));
-    }
-    std::stable_sort(sessions.begin(), sessions.end(), [](const AgentSession& a, const AgentSession& b) {
-        if (a.state != b.state) return a.state < b.state;
-        return a.lastActivity > b.lastActivity;
-    });
-    if (sessions.size() > kMaxSessions) sessions.resize(kMaxSessions);
-    m_sessions = std::move(sessions);
     publishLiveActivity(now);
     changed.emit();
 }

@@ -80,10 +80,6 @@ public:
     // Emitted when isScanning changes.
     Signal<bool> scanningChanged;
 
-    // The 5-hour windows of time-sorted events: each opens at the full hour before its first event
-    // and takes events until 5 hours after its start or 5 hours of silence.
-    [[nodiscard]] static std::vector<AIBlockUsage> blocks(const std::vector<const AIUsageEvent*>& sorted);
-
 private:
     void applySnapshot(AILogSnapshot snapshot);
     void applyAliveTools(std::set<AgentTool> tools);

@@ -176,6 +176,58 @@ error_code LogLineParser::Readers::readClaude(od::object root, ClaudeLine& line)
     return simdjson::SUCCESS;
 }
 
+error_code LogLineParser::Readers::readCodexTotals(od::value value, CodexLine& line) {
+    od::object total;
+    VANTRELLE_TRY(value.get_object().get(total));
+    line.totalIsObject = true;
+    for (auto field : total) {
+        std::string_view key;
+        VANTRELLE_TRY(field.unescaped_key().get(key));
+        od::value v;
+        VANTRELLE_TRY(field.value().get(v));
+        if (key == "input_tokens")
+            VANTRELLE_TRY(readCount(v, line.input));
+        else if (key == "output_tokens")
+            VANTRELLE_TRY(readCount(v, line.output));
+        else if (key == "cached_input_tokens")
+            VANTRELLE_TRY(readCount(v, line.cached));
+    }
+    return simdjson::SUCCESS;
+}
+
+error_code LogLineParser::Readers::readCodexInfo(od::value value, CodexLine& line) {
+    od::object info;
+    VANTRELLE_TRY(value.get_object().get(info));
+    line.infoIsObject = true;
+    for (auto field : info) {
+        std::string_view key;
+        VANTRELLE_TRY(field.unescaped_key().get(key));
+        od::value v;
+        VANTRELLE_TRY(field.value().get(v));
+        error_code error{};
+        if (key == "model") {
+            VANTRELLE_TRY(readString(v, line.infoModel, line.hasInfoModel));
+        } else if (key == "total_token_usage") {
+            if (isType(v, od::json_type::object, error)) VANTRELLE_TRY(readCodexTotals(v, line));
+            VANTRELLE_TRY(error);
+        }
+    }
+    return simdjson::SUCCESS;
+}
+
+error_code LogLineParser::Readers::readCodexGit(od::value value, CodexLine& line) {
+    od::object git;
+    VANTRELLE_TRY(value.get_object().get(git));
+    for (auto field : git) {
+        std::string_view key;
+        VANTRELLE_TRY(field.unescaped_key().get(key));
+        od::value v;
+        VANTRELLE_TRY(field.value().get(v));
+        if (key == "branch") VANTRELLE_TRY(readString(v, line.branch, line.hasBranch));
+    }
+    return simdjson::SUCCESS;
+}
+
 error_code LogLineParser::Readers::readCodexPayload(od::value value, CodexLine& line) {
     od::object payload;
     VANTRELLE_TRY(value.get_object().get(payload));
@@ -193,56 +245,11 @@ error_code LogLineParser::Readers::readCodexPayload(od::value value, CodexLine& 
         } else if (key == "model") {
             VANTRELLE_TRY(readString(v, line.payloadModel, line.hasPayloadModel));
         } else if (key == "git") {
-            if (!isType(v, od::json_type::object, error)) {
-                VANTRELLE_TRY(error);
-                continue;
-            }
-            od::object git;
-            VANTRELLE_TRY(v.get_object().get(git));
-            for (auto g : git) {
-                std::string_view k;
-                VANTRELLE_TRY(g.unescaped_key().get(k));
-                od::value gv;
-                VANTRELLE_TRY(g.value().get(gv));
-                if (k == "branch") VANTRELLE_TRY(readString(gv, line.branch, line.hasBranch));
-            }
+            if (isType(v, od::json_type::object, error)) VANTRELLE_TRY(readCodexGit(v, line));
+            VANTRELLE_TRY(error);
         } else if (key == "info") {
-            if (!isType(v, od::json_type::object, error)) {
-                VANTRELLE_TRY(error);
-                continue;
-            }
-            line.infoIsObject = true;
-            od::object info;
-            VANTRELLE_TRY(v.get_object().get(info));
-            for (auto i : info) {
-                std::string_view k;
-                VANTRELLE_TRY(i.unescaped_key().get(k));
-                od::value iv;
-                VANTRELLE_TRY(i.value().get(iv));
-                if (k == "model") {
-                    VANTRELLE_TRY(readString(iv, line.infoModel, line.hasInfoModel));
-                } else if (k == "total_token_usage") {
-                    if (!isType(iv, od::json_type::object, error)) {
-                        VANTRELLE_TRY(error);
-                        continue;
-                    }
-                    line.totalIsObject = true;
-                    od::object total;
-                    VANTRELLE_TRY(iv.get_object().get(total));
-                    for (auto t : total) {
-                        std::string_view tk;
-                        VANTRELLE_TRY(t.unescaped_key().get(tk));
-                        od::value tv;
-                        VANTRELLE_TRY(t.value().get(tv));
-                        if (tk == "input_tokens")
-                            VANTRELLE_TRY(readCount(tv, line.input));
-                        else if (tk == "output_tokens")
-                            VANTRELLE_TRY(readCount(tv, line.output));
-                        else if (tk == "cached_input_tokens")
-                            VANTRELLE_TRY(readCount(tv, line.cached));
-                    }
-                }
-            }
+            if (isType(v, od::json_type::object, error)) VANTRELLE_TRY(readCodexInfo(v, line));
+            VANTRELLE_TRY(error);
         }
     }
     return simdjson::SUCCESS;

@@ -84,6 +84,9 @@ struct LogLineParser::Readers {
 
     error_code readClaudeMessage(logjson::od::value value, ClaudeLine& line);
     error_code readClaude(logjson::od::object root, ClaudeLine& line);
+    error_code readCodexTotals(logjson::od::value value, CodexLine& line);
+    error_code readCodexInfo(logjson::od::value value, CodexLine& line);
+    error_code readCodexGit(logjson::od::value value, CodexLine& line);
     error_code readCodexPayload(logjson::od::value value, CodexLine& line);
     error_code readCodex(logjson::od::object root, CodexLine& line);
     error_code readGeminiMessageField(std::string_view key, logjson::od::value v, GeminiMessage& message);

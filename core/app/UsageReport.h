@@ -1,10 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "agents/LogProblems.h"
+#include "agents/UsageSummary.h"
 #include "platform/Date.h"
 #include "platform/Environment.h"
 #include "platform/ProcessTable.h"
@@ -26,6 +29,23 @@ struct UsageReportOptions {
 // among them a --home that names no folder.
 [[nodiscard]] std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
                                                                     std::string& error);
+
+// What one run of the report found: the panel's figures at `now`, every day on record, what was skipped.
+struct UsageReportData {
+    Date now;
+    UsageSummary summary;
+    std::map<std::string, UsageDay> daily;
+    LogProblems problems;
+};
+
+// One scan of the agents' logs and the figures the panel would show. The user's home comes from
+// `environment` ("HOME") unless the options name one. Without a process table no agent counts as
+// running, and every session reads as done.
+[[nodiscard]] UsageReportData collectUsage(const UsageReportOptions& options, const Environment& environment,
+                                           ProcessTable* running = nullptr);
+
+[[nodiscard]] std::string usageJson(const UsageReportData& data);
+[[nodiscard]] std::string usageText(const UsageReportData& data);
 
 // The report. The user's home comes from `environment` ("HOME") unless the options name one. Without a
 // process table no agent counts as running, and every session reads as done.

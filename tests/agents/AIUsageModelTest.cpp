@@ -3,6 +3,7 @@
 #include "AgentsTestSupport.h"
 #include "activity/LiveActivityCenter.h"
 #include "agents/AIUsageModel.h"
+#include "agents/UsageSummary.h"
 #include "catalog/AppSettings.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeProcessTable.h"
@@ -30,9 +31,7 @@ std::vector<AIUsageEvent> eventsAt(std::initializer_list<std::string_view> times
 }
 
 std::vector<AIBlockUsage> blocksOf(const std::vector<AIUsageEvent>& events) {
-    std::vector<const AIUsageEvent*> pointers;
-    for (const auto& event : events) pointers.push_back(&event);
-    return AIUsageModel::blocks(pointers);
+    return usageBlocks(sortedByTime(events));
 }
 
 TEST(AIUsageWindowsTest, WindowsOpenAtTheFullHourAndLastFiveHours) {
