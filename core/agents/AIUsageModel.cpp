@@ -235,7 +235,7 @@ void AIUsageModel::applyDemo() {
                            4'000'000,
                            2'640'000.0 / 90.0,
                            static_cast<std::int64_t>(2'640'000.0 / 90.0 * 300)};
-    const auto session = [&](std::string id, AgentTool tool, std::string project, std::string branch,
+    const auto session = [&](std::string id, AgentTool tool, const std::string& project, std::string branch,
                              std::string title, std::string prompt, std::string family, std::int64_t messages,
                              std::int64_t tokens, double cost, double startedAgo, double lastAgo,
                              AgentSession::State state) {

@@ -45,7 +45,7 @@ void logProblems(const LogProblems& found, LogFileState& state, const std::files
 
 }  // namespace
 
-ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome,
+ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, const std::filesystem::path& userHome,
                              const Clock& clock)
     : m_home(resolveHome(environment, userHome)), m_clock(clock) {
     m_readers.push_back(std::make_unique<LogFileReader>());

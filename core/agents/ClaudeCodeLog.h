@@ -39,7 +39,7 @@ public:
     using FileState = LogFileState;
 
     // The logs are looked for under VANTRELLE_AI_HOME if set, else under `userHome`.
-    ClaudeCodeLog(const Environment& environment, std::filesystem::path userHome, const Clock& clock);
+    ClaudeCodeLog(const Environment& environment, const std::filesystem::path& userHome, const Clock& clock);
     ~ClaudeCodeLog();
     ClaudeCodeLog(const ClaudeCodeLog&) = delete;
     ClaudeCodeLog& operator=(const ClaudeCodeLog&) = delete;

@@ -87,7 +87,8 @@ std::optional<Date> parseIsoDate(std::string_view text) {
     }
     if (at != text.size()) return std::nullopt;
     const std::int64_t days = daysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day));
-    const std::int64_t seconds = days * 86400 + hour * 3600 + minute * 60 + second - offsetSeconds;
+    const std::int64_t seconds =
+        days * 86400 + std::int64_t{hour} * 3600 + std::int64_t{minute} * 60 + second - offsetSeconds;
     return Date{static_cast<double>(seconds) + fraction};
 }
 

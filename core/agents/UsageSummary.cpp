@@ -66,7 +66,8 @@ DaySums sumDays(const std::vector<const AIUsageEvent*>& sorted, Date now) {
     const Date startOfToday = LocalCalendar::startOfDay(now);
     // boundaries[i] is the start of bucket i, boundaries[7] tomorrow.
     std::array<Date, 8> boundaries{};
-    for (int d = 0; d < 7; ++d) boundaries[static_cast<std::size_t>(d)] = LocalCalendar::addDays(startOfToday, d - 6);
+    for (int d = 0; d < 7; ++d)
+        boundaries[static_cast<std::size_t>(d)] = LocalCalendar::addDays(startOfToday, d - 6);
     boundaries[7] = LocalCalendar::addDays(startOfToday, 1);
 
     DaySums sums;
@@ -78,8 +79,8 @@ DaySums sumDays(const std::vector<const AIUsageEvent*>& sorted, Date now) {
         const std::int64_t tokens = event->totalTokens();
         // PERF NOTE: a bucket is found by comparing with the eight day boundaries, not by calendar math.
         if (event->timestamp >= boundaries[0] && event->timestamp < boundaries[7]) {
-            const auto at =
-                std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) - boundaries.begin() - 1;
+            const auto at = std::upper_bound(boundaries.begin(), boundaries.end(), event->timestamp) -
+                            boundaries.begin() - 1;
             auto& bucket = sums.last7Days[static_cast<std::size_t>(at)];
             bucket.tokens = saturatingAdd(bucket.tokens, tokens);
             bucket.cost += cost;
@@ -121,7 +122,8 @@ std::optional<AgentSession> agentSession(const std::string& id, const AISessionM
     const Date lastActivity = std::max({meta.lastTimestamp.value_or(Date::distantPast()),
                                         sums ? sums->last : Date::distantPast(), meta.fileModified});
     const Date now = inputs.now;
-    if (lastActivity < LocalCalendar::startOfDay(now) && now - lastActivity >= kRecentlyActive) return std::nullopt;
+    if (lastActivity < LocalCalendar::startOfDay(now) && now - lastActivity >= kRecentlyActive)
+        return std::nullopt;
     const bool alive = inputs.aliveTools.contains(meta.tool);
     const double age = now - lastActivity;
     AgentSession session;
@@ -169,8 +171,9 @@ std::vector<const AIUsageEvent*> sortedByTime(const AILogSnapshot::Events& event
     std::vector<const AIUsageEvent*> sorted;
     sorted.reserve(events.size());
     for (const auto& event : events) sorted.push_back(&event);
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const AIUsageEvent* a, const AIUsageEvent* b) { return a->timestamp < b->timestamp; });
+    std::stable_sort(sorted.begin(), sorted.end(), [](const AIUsageEvent* a, const AIUsageEvent* b) {
+        return a->timestamp < b->timestamp;
+    });
     return sorted;
 }
 
@@ -187,7 +190,8 @@ std::vector<AIBlockUsage> usageBlocks(const std::vector<const AIUsageEvent*>& so
             continue;
         }
         if (current) result.push_back(*current);
-        current = AIBlockUsage{LocalCalendar::startOfHour(at), event->totalTokens(), costs.cost(*event), at, 0, 0, 0};
+        current = AIBlockUsage{
+            LocalCalendar::startOfHour(at), event->totalTokens(), costs.cost(*event), at, 0, 0, 0};
     }
     if (current) result.push_back(*current);
     return result;
@@ -203,7 +207,8 @@ std::optional<AIBlockUsage> openBlock(const std::vector<const AIUsageEvent*>& so
     const auto found = usageBlocks(windowed);
     if (found.empty()) return std::nullopt;
     AIBlockUsage current = found.back();
-    if (now >= current.start + kBlockSeconds && now - current.lastActivity >= kBlockSeconds) return std::nullopt;
+    if (now >= current.start + kBlockSeconds && now - current.lastActivity >= kBlockSeconds)
+        return std::nullopt;
     std::int64_t budget = budgetSetting;
     if (budget <= 0) {
         budget = 1'000'000;

@@ -26,8 +26,8 @@ struct UsageInputs {
     const AILogSnapshot::Events& events;
     const AILogSnapshot::Sessions& sessions;
     Date now;
-    std::set<AgentTool> aliveTools;   // agents with a process right now
-    std::int64_t budgetSetting = 0;   // the user's window budget; 0: the largest window seen, at least 1M
+    std::set<AgentTool> aliveTools;  // agents with a process right now
+    std::int64_t budgetSetting = 0;  // the user's window budget; 0: the largest window seen, at least 1M
 };
 
 inline constexpr std::size_t kMaxListedSessions = 50;

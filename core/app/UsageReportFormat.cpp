@@ -41,7 +41,7 @@ nlohmann::json problemsJson(const LogProblems& problems) {
 }
 
 nlohmann::json totalsJson(const AITotals& today) {
-    return {{"input", today.input},         {"output", today.output}, {"cacheRead", today.cacheRead},
+    return {{"input", today.input},           {"output", today.output}, {"cacheRead", today.cacheRead},
             {"cacheWrite", today.cacheWrite}, {"cost", today.cost},     {"messages", today.messages},
             {"sessions", today.sessions}};
 }
@@ -60,9 +60,9 @@ nlohmann::json blockJson(const std::optional<AIBlockUsage>& block) {
 std::string blockText(const std::optional<AIBlockUsage>& block, Date now) {
     if (!block) return "Window       none open\n";
     const double left = block->start + kBlockSeconds - now;
-    const double percent = block->budget > 0
-                               ? 100.0 * static_cast<double>(block->tokens) / static_cast<double>(block->budget)
-                               : 0.0;
+    const double percent =
+        block->budget > 0 ? 100.0 * static_cast<double>(block->tokens) / static_cast<double>(block->budget)
+                          : 0.0;
     return fmt::format("Window       since {}  {} tokens  ${:.2f}\n", formatIsoDate(block->start),
                        AIFormat::tokens(block->tokens), block->cost) +
            fmt::format("             burn {}/min  projected {}  budget {} ({:.0f}%)  {} left\n",
@@ -112,13 +112,14 @@ std::string usageText(const UsageReportData& data) {
                        AIFormat::tokens(today.cacheRead), AIFormat::tokens(today.cacheWrite));
     out += "Last 7 days\n";
     for (const auto& day : summary.last7Days) {
-        out += fmt::format("  {}  {:>9}  ${:.2f}\n", LocalCalendar::dayKey(day.date), AIFormat::tokens(day.tokens),
-                           day.cost);
+        out += fmt::format("  {}  {:>9}  ${:.2f}\n", LocalCalendar::dayKey(day.date),
+                           AIFormat::tokens(day.tokens), day.cost);
     }
     out += blockText(summary.block, data.now);
     if (const auto& p = data.problems; p.total() > 0) {
         out += fmt::format(
-            "Skipped      {} broken, {} future-dated, {} over-long lines; {} unreadable, {} too large files\n",
+            "Skipped      {} broken, {} future-dated, {} over-long lines; {} unreadable, {} too large "
+            "files\n",
             p.brokenLines, p.futureLines, p.longLines, p.unreadableFiles, p.oversizedFiles);
     }
     out += fmt::format("Sessions     {}\n", summary.sessions.size());

@@ -1,5 +1,7 @@
 #include "calc/CalcModel.h"
 
+#include <algorithm>
+
 #include "calc/CalcDemo.h"
 #include "calc/CalcEngine.h"
 #include "calc/CalcText.h"
@@ -18,12 +20,9 @@ CalcModel::CalcModel(RatesService& rates, bool demo) : m_rates(rates) {
 CalcModel::~CalcModel() = default;
 
 std::optional<double> CalcModel::previousAnswer() const {
-    // Reverse iterators, not std::views::reverse: clang 14 (the fuzz builds) can't compile
-    // libstdc++ 12's ranges.
-    for (auto entry = m_entries.rbegin(); entry != m_entries.rend(); ++entry) {
-        if (entry->value) return entry->value;
-    }
-    return std::nullopt;
+    const auto found = std::find_if(m_entries.rbegin(), m_entries.rend(),
+                                    [](const CalcEntry& entry) { return entry.value.has_value(); });
+    return found == m_entries.rend() ? std::nullopt : found->value;
 }
 
 void CalcModel::setInput(std::string text) {

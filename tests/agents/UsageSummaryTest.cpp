@@ -1,8 +1,7 @@
-#include "agents/UsageSummary.h"
-
 #include <gtest/gtest.h>
 
 #include "AgentsTestSupport.h"
+#include "agents/UsageSummary.h"
 
 namespace vantrelle {
 namespace {
