@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <cstdio>
 #include <cstring>
 
 #include "Application.h"
+#include "CalcCommand.h"
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
 #include "UsageCommand.h"
@@ -12,6 +14,11 @@ int main(int argc, char** argv) {
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "calc") == 0) return runCalcCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "--version") == 0) {
+        std::printf("vantrelle %s\n", VANTRELLE_VERSION);
+        return 0;
+    }
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);

@@ -10,7 +10,6 @@
 #include "support/JsonDefaultsStore.h"
 #include "support/MemoryDefaultsStore.h"
 #include "support/NotificationCenter.h"
-#include "support/ReadFile.h"
 
 namespace vantrelle {
 
@@ -101,11 +100,7 @@ UsageReportData collectUsage(const UsageReportOptions& options, const Environmen
     ProcessTable& processes = running ? *running : none;
     // The user's own settings, the window budget among them: read, never written.
     MemoryDefaultsStore defaults;
-    if (auto text = readWholeFile(AppPaths::fromEnvironment(environment).defaultsFile())) {
-        if (auto values = JsonDefaultsStore::decode(*text)) {
-            for (auto& [key, value] : *values) defaults.set(key, std::move(value));
-        }
-    }
+    JsonDefaultsStore::copySaved(AppPaths::fromEnvironment(environment).defaultsFile(), defaults);
     NotificationCenter notifications;
     NoLoginItem loginItem;
     AppSettings settings(defaults, notifications, loginItem, clock);

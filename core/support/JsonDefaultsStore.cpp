@@ -6,6 +6,7 @@
 #include "support/Base64.h"
 #include "support/DebugLog.h"
 #include "support/JsonDepth.h"
+#include "support/ReadFile.h"
 
 namespace vantrelle {
 
@@ -137,6 +138,14 @@ void JsonDefaultsStore::changed() {
     for (const auto& [key, raw] : m_foreign) object[key] = Json::parse(raw, nullptr, false);
     if (const WriteResult written = m_file.write(object.dump(2) + "\n"); !written) {
         DebugLog::write([&] { return "defaults: " + written.error(); });
+    }
+}
+
+void JsonDefaultsStore::copySaved(const std::filesystem::path& file, DefaultsStore& target) {
+    const auto text = readWholeFile(file);
+    if (!text) return;
+    if (auto values = decode(*text)) {
+        for (auto& [key, value] : *values) target.set(key, std::move(value));
     }
 }
 

@@ -26,6 +26,10 @@ public:
     [[nodiscard]] static std::optional<std::map<std::string, DefaultsValue, std::less<>>> decode(
         std::string_view text);
 
+    // The values saved in `file`, copied into `target`: for one-shot commands that read the user's
+    // settings and never write them. Nothing is copied from a missing or unreadable file.
+    static void copySaved(const std::filesystem::path& file, DefaultsStore& target);
+
 protected:
     void changed() override;
 

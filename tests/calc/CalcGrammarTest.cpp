@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "CalcGrammarRows.h"
 #include "calc/CalcEngine.h"
 #include "calc/CalcError.h"
 #include "calc/CalcParser.h"
@@ -11,19 +12,14 @@
 namespace vantrelle {
 namespace {
 
+using namespace calcrows;
+
 CalcResult eval(std::string_view text, std::optional<double> previous = std::nullopt) {
     return CalcEngine::evaluate(text, previous, nullptr);
 }
 
-// A line and the number it comes to.
-struct Value {
-    const char* text;
-    double value;
-    std::optional<double> previous = std::nullopt;  // the answer "ans" stands for
-    double tolerance = 0;                           // 0: equal to within four units in the last place
-};
-
-void expectValues(std::initializer_list<Value> rows) {
+template <std::size_t N>
+void expectValues(const Value (&rows)[N]) {
     for (const Value& row : rows) {
         SCOPED_TRACE(row.text);
         const CalcResult result = eval(row.text, row.previous);
@@ -37,14 +33,8 @@ void expectValues(std::initializer_list<Value> rows) {
     }
 }
 
-// A line, the kind of its answer and the text shown.
-struct Shown {
-    const char* text;
-    CalcResult::Kind kind;
-    const char* display;
-};
-
-void expectShown(std::initializer_list<Shown> rows) {
+template <std::size_t N>
+void expectShown(const Shown (&rows)[N]) {
     for (const Shown& row : rows) {
         SCOPED_TRACE(row.text);
         const CalcResult result = eval(row.text);
@@ -75,28 +65,8 @@ TEST(CalcNormalize, ReplacesSymbolsTrimsEqualsAndCollapsesSpace) {
 }
 
 TEST(CalcGrammar, PrecedenceAndAssociativity) {
-    expectValues({
-        {"1 + 2 * 3", 7},
-        {"(1 + 2) * 3", 9},
-        {"10 - 4 - 3", 3},
-        {"64 / 4 / 2", 8},
-        {"2^3^2", 512},
-        {"-2^2", 4},  // the unary sign binds tighter than "^"
-        {"2^-1", 0.5},
-        {"- -3", 3},
-        {"+4", 4},
-        {"10 % 3", 1},  // a "%" followed by a number is the remainder
-        {"10 % (2 + 1)", 1},
-        {"7 / 2", 3.5},
-        {"1.5e3 + .5", 1500.5},
-        {"2e-3 * 1E+3", 2},
-    });
-    expectShown({
-        {"1,234 + 1", CalcResult::Kind::number, "1,235"},
-        {"24*7", CalcResult::Kind::number, "168"},
-        {"2×3÷4", CalcResult::Kind::number, "1.5"},
-        {"12 * 3 =", CalcResult::Kind::number, "36"},
-    });
+    expectValues(kPrecedenceValues);
+    expectShown(kPrecedenceShown);
     EXPECT_FALSE(eval("24*7").detail.has_value());
 }
 
@@ -107,102 +77,22 @@ TEST(CalcGrammar, PercentMarkAndCombining) {
     EXPECT_DOUBLE_EQ(*twelve.value, 0.12);
     EXPECT_EQ(twelve.detail, "12% as a fraction");
 
-    expectValues({
-        {"200 - 25%", 150},
-        {"200 + 10%", 220},
-        {"200 * 10%", 20},
-        {"200 / 10%", 2000},
-        {"10% + 5", 5.1},
-        {"10% - 5%", 0.05},
-        {"50% * 50%", 0.25},
-        {"50% / 25%", 2},
-        {"10%^2", 0.01},  // a marked operand of "^" counts as its fraction
-        {"4^50%", 2},
-        {"(50%)%", 0.005},  // a value already a percentage is divided by 100 at the next mark
-        {"-5%", -0.05},
-        {"(20%) * 50", 10},
-        {"sqrt 25%", 0.5},  // functions take the fraction
-    });
+    expectValues(kPercentValues);
     // Combining drops the mark, and a power carries none.
-    expectShown({
-        {"200 + 10%", CalcResult::Kind::number, "220"},
-        {"10%^2", CalcResult::Kind::number, "0.01"},
-        {"(50%)", CalcResult::Kind::percent, "0.5"},
-    });
+    expectShown(kPercentShown);
 }
 
 TEST(CalcGrammar, FunctionsWorkInDegrees) {
-    expectValues({
-        {"sin 90", 1},
-        {"sin 180", 0},
-        {"cos 180", -1},
-        {"sin(-90)", -1},
-        {"sin(30)", 0.5, std::nullopt, 1e-15},
-        {"cos 60", 0.5, std::nullopt, 1e-15},
-        {"tan 45", 1, std::nullopt, 1e-15},
-        {"asin 1", 90, std::nullopt, 1e-12},
-        {"acos 0", 90, std::nullopt, 1e-12},
-        {"atan 1", 45, std::nullopt, 1e-12},
-        {"sqrt 9", 3},
-        {"√16 + 1", 5},
-        {"sqrt(9)^2", 9},
-        {"cbrt 27", 3},
-        {"cbrt -8", -2},
-        {"ln e", 1},
-        {"log 1000", 3},
-        {"log10(100)", 2},
-        {"log2 8", 3},
-        {"abs -5", 5},
-        {"round 2.5", 3},
-        {"floor -1.5", -2},
-        {"ceil 1.2", 2},
-        {"exp 0", 1},
-        {"2 * pi", 2 * 3.141592653589793},
-    });
-    expectShown({{"π", CalcResult::Kind::number, "3.141593"}});
+    expectValues(kFunctionValues);
+    expectShown(kFunctionShown);
 }
 
 TEST(CalcGrammar, PreviousAnswer) {
-    expectValues({
-        {"ans + 1", 42, 41},
-        {"answer * 2", 8, 4},
-        {"prev", 7, 7},
-        {"last - 1", 6, 7},
-    });
+    expectValues(kPreviousAnswerValues);
 }
 
 TEST(CalcErrors, EveryMessage) {
-    const struct {
-        const char* text;
-        const char* message;
-    } rows[] = {
-        {"2 $ 3", "Unexpected '$'"},
-        {"1.2.3", "Unexpected '1.2.3'"},
-        {"2 3", "Unexpected '3'"},
-        {"5 +", "Unexpected 'end'"},
-        {"* 5", "Unexpected '*'"},
-        {"2 @ 3", "Unexpected '@'"},
-        {"5 ✓", "Unexpected '✓'"},
-        {"foo + 1", "Unknown 'foo'"},
-        {"2 * x°", "Unknown 'x°'"},
-        {"ans + 1", "Unknown 'ans'"},  // no earlier answer
-        {"last", "Unknown 'last'"},
-        {"5 ft in kg", "Can't convert ft to kg"},
-        {"3 kwh to liters", "Can't convert kwh to liters"},
-        {"(1 + 2", "Unbalanced parentheses"},
-        {"1 + 2)", "Unbalanced parentheses"},
-        {"sqrt(4", "Unbalanced parentheses"},
-        {"()", "Unbalanced parentheses"},
-        {"1 / 0", "Division by zero"},
-        {"5 % 0", "Division by zero"},
-        {"10 / 0%", "Division by zero"},
-        {"10% / 0", "Division by zero"},
-        {"sqrt -1", "Not a number"},
-        {"10^400", "Not a number"},
-        {"tan 90", "Not a number"},
-        {"1e999", "Not a number"},
-    };
-    for (const auto& row : rows) {
+    for (const auto& row : kErrorRows) {
         SCOPED_TRACE(row.text);
         const CalcResult result = eval(row.text);
         EXPECT_EQ(result.kind, CalcResult::Kind::error);
