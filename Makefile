@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: deps configure build run test test-asan bench fuzz format format-check tidy clean
+.PHONY: deps configure build run test test-asan bench fuzz format format-check tidy install package clean
 
 deps:
 	@scripts/install-deps
@@ -54,6 +54,15 @@ format-check: deps
 tidy: configure
 	@scripts/install-deps tidy
 	@git ls-files 'core/*.cpp' | xargs -P $(JOBS) -n 4 clang-tidy-14 -p $(BUILD) --quiet
+
+# Installs under PREFIX (default /usr/local); DESTDIR stages the files elsewhere, as packagers do.
+PREFIX ?= /usr/local
+install: build
+	DESTDIR=$(DESTDIR) cmake --install $(BUILD) --prefix $(PREFIX)
+
+# A Debian package of the same files: $(BUILD)/vantrelle_<version>_<arch>.deb.
+package: build
+	cd $(BUILD) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# `make install` into a staging folder and `make package`: the files land where a desktop looks for them,
+# the metadata validates, and the Debian package holds the same files with computed dependencies.
+# Usage: install_test.sh <build dir> <version>
+set -euo pipefail
+build=$1
+version=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+DESTDIR="$work/stage" cmake --install "$build" --prefix /usr >/dev/null
+root="$work/stage/usr"
+for file in bin/vantrelle share/applications/com.quorvane.vantrelle.desktop \
+  share/icons/hicolor/scalable/apps/com.quorvane.vantrelle.svg share/metainfo/com.quorvane.vantrelle.metainfo.xml \
+  share/man/man1/vantrelle.1 share/bash-completion/completions/vantrelle share/zsh/vendor-completions/_vantrelle; do
+  [[ -f "$root/$file" ]] || fail "not installed: $file"
+done
+[[ "$("$root/bin/vantrelle" --version)" == "vantrelle $version" ]] || fail "--version"
+grep -q "release version=\"$version\"" "$root/share/metainfo/com.quorvane.vantrelle.metainfo.xml" ||
+  fail "the metadata names another release"
+if command -v desktop-file-validate >/dev/null; then
+  desktop-file-validate "$root/share/applications/com.quorvane.vantrelle.desktop" || fail "desktop entry"
+fi
+if command -v appstreamcli >/dev/null; then
+  appstreamcli validate --no-net "$root/share/metainfo/com.quorvane.vantrelle.metainfo.xml" >/dev/null ||
+    fail "AppStream metadata"
+fi
+bash -n "$root/share/bash-completion/completions/vantrelle" || fail "bash completion"
+# Another prefix is honoured.
+DESTDIR="$work/opt" cmake --install "$build" --prefix /opt/vantrelle >/dev/null
+[[ -x "$work/opt/opt/vantrelle/bin/vantrelle" ]] || fail "PREFIX not honoured"
+
+if command -v dpkg-deb >/dev/null && command -v dpkg-shlibdeps >/dev/null; then
+  (cd "$work" && cpack -G DEB -B "$work/package" --config "$build/CPackConfig.cmake" >/dev/null)
+  deb=$(ls "$work"/package/vantrelle_"$version"_*.deb)
+  contents=$(dpkg-deb -c "$deb")
+  for file in ./usr/bin/vantrelle ./usr/share/applications/com.quorvane.vantrelle.desktop \
+    ./usr/share/metainfo/com.quorvane.vantrelle.metainfo.xml; do
+    grep -qF "$file" <<<"$contents" || fail "package lacks $file"
+  done
+  depends=$(dpkg-deb -f "$deb" Depends)
+  for library in libqt6core6 libqt6quick6 libxcb1 libsimdjson; do
+    grep -q "$library" <<<"$depends" || fail "Depends lacks $library: $depends"
+  done
+  # Unpacked into a throwaway root, the packaged program runs.
+  dpkg-deb -x "$deb" "$work/unpacked"
+  [[ "$("$work/unpacked/usr/bin/vantrelle" --version)" == "vantrelle $version" ]] || fail "packaged binary"
+fi
+echo "install: ok"
