@@ -26,8 +26,8 @@ struct CommandRun {
 CommandRun runCalc(const testing::TempDir& home, const std::string& arguments, const std::string& input) {
     const auto inputFile = home.write("input.txt", input);
     const std::string command = "env HOME='" + home.path().string() + "' XDG_CONFIG_HOME='" +
-                                (home / "config").string() + "' " VANTRELLE_BINARY " calc --offline " + arguments +
-                                " < '" + inputFile.string() + "'";
+                                (home / "config").string() + "' " VANTRELLE_BINARY " calc --offline " +
+                                arguments + " < '" + inputFile.string() + "'";
     CommandRun run;
     FILE* pipe = ::popen(command.c_str(), "r");
     if (!pipe) return run;
