@@ -1,6 +1,10 @@
 #include "UsageCommand.h"
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -11,15 +15,22 @@
 int runUsageCommand(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 2, argv + argc);
     std::string error;
-    const auto options = vantrelle::parseUsageArguments(arguments, error);
+    auto options = vantrelle::parseUsageArguments(arguments, error);
     if (!options) {
-        std::fprintf(stderr, "vantrelle usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis());
+        std::fprintf(stderr, "vantrelle usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis().c_str());
         return 2;
     }
     if (options->help) {
-        std::fputs(vantrelle::usageSynopsis(), stdout);
+        std::fputs(vantrelle::usageSynopsis(options->grouping).c_str(), stdout);
         return 0;
     }
+    // Days and hours of the zone asked for; colour only for a person at a terminal.
+    if (options->timeZone) {
+        ::setenv("TZ", options->timeZone->c_str(), 1);
+        ::tzset();
+    }
+    const char* noColor = std::getenv("NO_COLOR");
+    options->colour = ::isatty(STDOUT_FILENO) == 1 && (noColor == nullptr || *noColor == 0);
     vantrelle::ProcProcessTable processes;
     const std::string report =
         vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared(), &processes);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Times `vantrelle usage --json` against ccusage 20.0.24 (`daily --json --offline`) and `cat` on one
+# Times `vantrelle usage daily --json` against ccusage 20.0.24 (`daily --json --offline`) and `cat` on one
 # generated home folder, and checks that both tools find the same per-day input, output, cache-write
 # and cache-read tokens. The generated logs hold streamed replies (one message id and request id on
 # several lines with growing output) and resumed sessions that copy earlier replies, so the figures
@@ -20,9 +20,9 @@ HOME_DIR=$CACHE/home-${SIZE_MB}mb-v2  # v2: with resumed sessions
 export TZ=UTC
 
 if [[ -x $BUILD/app/vantrelle ]]; then
-  OURS=("$BUILD/app/vantrelle" usage)
+  OURS=("$BUILD/app/vantrelle" usage daily)
 else
-  OURS=("$BUILD/bench/agents/vantrelle-usage")
+  OURS=("$BUILD/bench/agents/vantrelle-usage" daily)
 fi
 [[ -x ${OURS[0]} ]] || { echo "build $BUILD first (cmake -DVANTRELLE_BENCH=ON)"; exit 1; }
 

@@ -11,9 +11,13 @@ _vantrelle() {
         usage)
             case $prev in
                 --home) COMPREPLY=($(compgen -d -- "$cur")); return ;;
-                --now) return ;;
+                --now|--since|--until) return ;;
+                --tz) COMPREPLY=($(cd /usr/share/zoneinfo 2>/dev/null && compgen -f -- "$cur")); return ;;
             esac
-            COMPREPLY=($(compgen -W "--json --now --home --help" -- "$cur")) ;;
+            local words="--json --now --home --tz --help"
+            [[ $COMP_CWORD -eq 2 ]] && words+=" daily monthly session blocks"
+            [[ ${COMP_WORDS[2]} == @(daily|monthly|session|blocks) ]] && words+=" --since --until --breakdown"
+            COMPREPLY=($(compgen -W "$words" -- "$cur")) ;;
         hooks)
             [[ $COMP_CWORD -eq 2 ]] && COMPREPLY=($(compgen -W "status install uninstall" -- "$cur")) ;;
         calc)

@@ -13,11 +13,11 @@ int main(int argc, char** argv) {
     std::string error;
     const auto options = vantrelle::parseUsageArguments(arguments, error);
     if (!options) {
-        std::fprintf(stderr, "vantrelle-usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis());
+        std::fprintf(stderr, "vantrelle-usage: %s\n%s", error.c_str(), vantrelle::usageSynopsis().c_str());
         return 2;
     }
     if (options->help) {
-        std::fputs(vantrelle::usageSynopsis(), stdout);
+        std::fputs(vantrelle::usageSynopsis(options->grouping).c_str(), stdout);
         return 0;
     }
     const std::string report = vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared());

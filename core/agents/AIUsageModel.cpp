@@ -27,7 +27,8 @@ LiveActivity aiActivity(std::string project, std::int64_t tokens, double progres
 
 AIUsageModel::AIUsageModel(Dependencies dependencies)
     : m_deps(std::move(dependencies)),
-      m_log(std::make_shared<ClaudeCodeLog>(m_deps.environment, m_deps.userHome, m_deps.clock)),
+      m_log(std::make_shared<ClaudeCodeLog>(m_deps.environment, m_deps.userHome, m_deps.clock,
+                                            m_deps.logWindow)),
       m_queue(m_deps.queues.make("aiusage")) {}
 
 AIUsageModel::~AIUsageModel() {

@@ -40,6 +40,7 @@ public:
         LiveActivityCenter& liveActivities;
         WrappedHistory* history = nullptr;  // none: the day figures are not recorded
         bool demoMode = false;
+        double logWindow = ClaudeCodeLog::window;  // how far back the logs are read, in seconds
     };
 
     explicit AIUsageModel(Dependencies dependencies);

@@ -46,8 +46,8 @@ void logProblems(const LogProblems& found, LogFileState& state, const std::files
 }  // namespace
 
 ClaudeCodeLog::ClaudeCodeLog(const Environment& environment, const std::filesystem::path& userHome,
-                             const Clock& clock)
-    : m_home(resolveHome(environment, userHome)), m_clock(clock) {
+                             const Clock& clock, double history)
+    : m_home(resolveHome(environment, userHome)), m_clock(clock), m_history(history) {
     m_readers.push_back(std::make_unique<LogFileReader>());
 }
 
@@ -61,7 +61,7 @@ std::filesystem::path ClaudeCodeLog::resolveHome(const Environment& environment,
 
 AILogSnapshot ClaudeCodeLog::scan() {
     const Date now = m_clock.now();
-    const Date cutoff = now - window;
+    const Date cutoff = now - m_history;
     ++m_generation;
 
     readAll(candidateLogFiles(m_home, cutoff), now);

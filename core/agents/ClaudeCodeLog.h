@@ -38,8 +38,10 @@ public:
 
     using FileState = LogFileState;
 
-    // The logs are looked for under VANTRELLE_AI_HOME if set, else under `userHome`.
-    ClaudeCodeLog(const Environment& environment, const std::filesystem::path& userHome, const Clock& clock);
+    // The logs are looked for under VANTRELLE_AI_HOME if set, else under `userHome`; events older than
+    // `history` seconds, and logs untouched as long, are left out.
+    ClaudeCodeLog(const Environment& environment, const std::filesystem::path& userHome, const Clock& clock,
+                  double history = window);
     ~ClaudeCodeLog();
     ClaudeCodeLog(const ClaudeCodeLog&) = delete;
     ClaudeCodeLog& operator=(const ClaudeCodeLog&) = delete;
@@ -68,6 +70,7 @@ private:
 
     std::filesystem::path m_home;
     const Clock& m_clock;
+    double m_history;
 
     std::unordered_map<std::string, FileState> m_files;
     std::unordered_map<std::uint32_t, const std::string*> m_pathOf;  // file id -> key in m_files

@@ -2,7 +2,6 @@
 
 #include "activity/LiveActivityCenter.h"
 #include "agents/AIUsageModel.h"
-#include "agents/IsoDate.h"
 #include "agents/UsageSummary.h"
 #include "catalog/AppSettings.h"
 #include "platform/VirtualScheduler.h"
@@ -14,6 +13,8 @@
 namespace vantrelle {
 
 namespace {
+
+constexpr double kEveryLog = 1e12;  // some 30,000 years
 
 class NoLoginItem final : public LoginItem {
 public:
@@ -46,52 +47,6 @@ private:
 
 }  // namespace
 
-const char* usageSynopsis() {
-    return "usage: vantrelle usage [--json] [--now <ISO 8601>] [--home <dir>]\n"
-           "  --json         the figures as JSON\n"
-           "  --now <date>   the moment to report for, such as 2026-03-07T09:10:00Z\n"
-           "  --home <dir>   the folder holding .claude, .codex and .gemini (default: your home)\n"
-           "  -h, --help     this text\n";
-}
-
-std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
-                                                      std::string& error) {
-    UsageReportOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (argument == "--help" || argument == "-h") {
-            options.help = true;
-            return options;
-        }
-        if (argument == "--json") {
-            options.json = true;
-        } else if (argument == "--now" || argument == "--home") {
-            if (i + 1 >= arguments.size()) {
-                error = argument + " needs a value";
-                return std::nullopt;
-            }
-            const std::string& value = arguments[++i];
-            if (argument == "--home") {
-                std::error_code failure;
-                if (!std::filesystem::is_directory(value, failure)) {
-                    error = "--home " + value + ": no such folder";
-                    return std::nullopt;
-                }
-                options.home = value;
-            } else if (auto date = parseIsoDate(value)) {
-                options.now = date;
-            } else {
-                error = "--now needs an ISO 8601 date-time such as 2026-03-07T09:10:00Z, not " + value;
-                return std::nullopt;
-            }
-        } else {
-            error = "unknown option " + argument;
-            return std::nullopt;
-        }
-    }
-    return options;
-}
-
 UsageReportData collectUsage(const UsageReportOptions& options, const Environment& environment,
                              ProcessTable* running) {
     VirtualScheduler clock(options.now.value_or(SystemClock::shared().now()));
@@ -106,8 +61,10 @@ UsageReportData collectUsage(const UsageReportOptions& options, const Environmen
     AppSettings settings(defaults, notifications, loginItem, clock);
     LiveActivityCenter liveActivities(clock);
     HomeEnvironment env(environment, options.home ? std::optional(options.home->string()) : std::nullopt);
+    // The grouped reports cover every log on disk; the summary, the panel's 30 days.
+    const double history = options.grouping ? kEveryLog : ClaudeCodeLog::window;
     AIUsageModel model({env, environment.get("HOME").value_or("."), clock, clock, queues, processes, settings,
-                        liveActivities, nullptr, false});
+                        liveActivities, nullptr, false, history});
     model.rescan();
     model.pollProcesses();  // which agents run now decides running, waiting and done
     clock.runUntilIdle();
@@ -118,6 +75,10 @@ UsageReportData collectUsage(const UsageReportOptions& options, const Environmen
         data.summary = summarizeUsage({snapshot->events(), snapshot->sessions(), data.now, model.aliveTools(),
                                        settings.aiBlockTokenBudget()});
         data.daily = usageByDay(snapshot->events());
+        if (options.grouping) {
+            data.rows = usageRows(*options.grouping, snapshot->events(), snapshot->sessions(), options.range,
+                                  data.now);
+        }
         data.problems = snapshot->problems;
     }
     return data;
@@ -126,6 +87,11 @@ UsageReportData collectUsage(const UsageReportOptions& options, const Environmen
 std::string usageReport(const UsageReportOptions& options, const Environment& environment,
                         ProcessTable* running) {
     const UsageReportData data = collectUsage(options, environment, running);
+    if (options.grouping) {
+        return options.json
+                   ? usageTableJson(*options.grouping, data.rows, options.breakdown)
+                   : usageTableText(*options.grouping, data.rows, {options.breakdown, options.colour});
+    }
     return options.json ? usageJson(data) : usageText(data);
 }
 

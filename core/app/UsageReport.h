@@ -8,25 +8,32 @@
 
 #include "agents/LogProblems.h"
 #include "agents/UsageSummary.h"
+#include "app/UsageTables.h"
 #include "platform/Date.h"
 #include "platform/Environment.h"
 #include "platform/ProcessTable.h"
 
 namespace vantrelle {
 
-// `vantrelle usage`: one scan and one recompute of the usage model, printed as text or JSON.
+// `vantrelle usage [daily|monthly|session|blocks]`: one scan and the panel's figures, or every log on
+// disk grouped by day, month, session or 5-hour window; printed as text or JSON.
 struct UsageReportOptions {
     bool help = false;  // --help or -h: print usageSynopsis() and nothing else
     bool json = false;
+    std::optional<UsageGrouping> grouping;      // none: the panel's summary
+    UsageRange range;                           // --since, --until
+    bool breakdown = false;                     // --breakdown: per model
+    bool colour = false;                        // the caller's to decide: a terminal without NO_COLOR
+    std::optional<std::string> timeZone;        // --tz: the days and hours of this zone
     std::optional<Date> now;                    // the clock; the wall clock if not given
     std::optional<std::filesystem::path> home;  // where the agents' logs are; else as the app finds them
 };
 
-// The command's synopsis and options, for --help and after an error.
-[[nodiscard]] const char* usageSynopsis();
+// The synopsis and options, for --help and after an error; a grouping's own with one.
+[[nodiscard]] std::string usageSynopsis(std::optional<UsageGrouping> grouping = std::nullopt);
 
 // Parses the arguments after "usage"; nothing and a message in `error` if they don't make sense,
-// among them a --home that names no folder.
+// among them a --home that names no folder or a --tz that names no zone.
 [[nodiscard]] std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
                                                                     std::string& error);
 
@@ -36,6 +43,7 @@ struct UsageReportData {
     UsageSummary summary;
     std::map<std::string, UsageDay> daily;
     LogProblems problems;
+    std::vector<UsageRow> rows;  // the grouped report's, when one was asked for
 };
 
 // One scan of the agents' logs and the figures the panel would show. The user's home comes from

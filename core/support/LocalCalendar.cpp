@@ -52,4 +52,9 @@ std::string LocalCalendar::dayKey(Date date) {
     return fmt::format("{:04d}-{:02d}-{:02d}", parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday);
 }
 
+std::string LocalCalendar::timeOfDay(Date date) {
+    const std::tm parts = local(date);
+    return fmt::format("{:02d}:{:02d}", parts.tm_hour, parts.tm_min);
+}
+
 }  // namespace vantrelle

@@ -16,6 +16,8 @@ namespace LocalCalendar {
 [[nodiscard]] Date startOfHour(Date date);
 // "yyyy-MM-dd".
 [[nodiscard]] std::string dayKey(Date date);
+// "HH:mm", on a 24-hour clock.
+[[nodiscard]] std::string timeOfDay(Date date);
 
 }  // namespace LocalCalendar
 
