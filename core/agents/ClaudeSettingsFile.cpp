@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 // Settings files are a few kilobytes; anything near this is not one, and reading it whole would cost.
-constexpr off_t kMaxSettingsSize = 16 * 1024 * 1024;
+constexpr off_t kMaxSettingsSize = off_t{16} * 1024 * 1024;
 
 ClaudeSettingsRead failed(std::string reason) {
     ClaudeSettingsRead read;

@@ -44,6 +44,7 @@ std::vector<UsageRow> byKey(const AILogSnapshot::Events& events, const UsageRang
         addTo(row, event, prices.cost(event));
     }
     std::vector<UsageRow> result;
+    result.reserve(rows.size());
     for (auto& [key, row] : rows) result.push_back(std::move(row));
     return result;
 }

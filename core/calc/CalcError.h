@@ -19,13 +19,13 @@ public:
         notANumber,
     };
 
-    static CalcError unexpected(std::string text) { return CalcError(Case::unexpected, std::move(text)); }
-    static CalcError unknownIdentifier(std::string name) {
-        return CalcError(Case::unknownIdentifier, std::move(name));
+    static CalcError unexpected(const std::string& text) { return CalcError(Case::unexpected, text); }
+    static CalcError unknownIdentifier(const std::string& name) {
+        return CalcError(Case::unknownIdentifier, name);
     }
-    static CalcError unknownUnit(std::string name) { return CalcError(Case::unknownUnit, std::move(name)); }
-    static CalcError incompatibleUnits(std::string a, std::string b) {
-        return CalcError(Case::incompatibleUnits, std::move(a), std::move(b));
+    static CalcError unknownUnit(const std::string& name) { return CalcError(Case::unknownUnit, name); }
+    static CalcError incompatibleUnits(const std::string& a, const std::string& b) {
+        return CalcError(Case::incompatibleUnits, a, b);
     }
     static CalcError unbalancedParentheses() { return CalcError(Case::unbalancedParentheses); }
     static CalcError divisionByZero() { return CalcError(Case::divisionByZero); }

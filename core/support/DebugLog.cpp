@@ -71,7 +71,7 @@ std::string DebugLog::timestamp(Date date) {
     return fmt::format("{:02}:{:02}:{:02}.{:03}", local.tm_hour, local.tm_min, local.tm_sec, millis);
 }
 
-void DebugLog::append(std::string message) {
+void DebugLog::append(const std::string& message) {
     std::shared_ptr<Sink> sink;
     {
         std::lock_guard lock(sinkMutex());

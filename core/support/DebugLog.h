@@ -41,7 +41,7 @@ public:
     [[nodiscard]] static std::string timestamp(Date date);
 
 private:
-    static void append(std::string message);
+    static void append(const std::string& message);
     static std::atomic<bool> s_on;
 };
 
