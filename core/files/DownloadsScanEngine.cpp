@@ -43,7 +43,10 @@ void DownloadsScanEngine::start() {
 
 // A burst of events gives one scan, 0.3 s after the last of them.
 void DownloadsScanEngine::folderChanged() {
-    m_debounce = m_deps.scheduler.schedule(kDebounce, [this] { requestScan(); });
+    m_debounce = m_deps.scheduler.schedule(kDebounce, [this] {
+        m_debounce.detach();  // it ran: nothing is pending any more
+        requestScan();
+    });
 }
 
 void DownloadsScanEngine::requestScan() {
@@ -64,7 +67,12 @@ void DownloadsScanEngine::scanned(const Outcome& outcome) {
     } else if (!m_poll.isActive()) {
         m_poll = m_deps.scheduler.repeat(kPollInterval, [this] { requestScan(); });
     }
-    if (outcome.settling) m_followUp = m_deps.scheduler.schedule(kSettleLook, [this] { requestScan(); });
+    if (outcome.settling) {
+        m_followUp = m_deps.scheduler.schedule(kSettleLook, [this] {
+            m_followUp.detach();
+            requestScan();
+        });
+    }
     if (onUpdate) onUpdate(outcome.active, outcome.finished);
 }
 

@@ -46,6 +46,7 @@ void ScreenshotScanEngine::stop() {
 
 void ScreenshotScanEngine::scheduleScan() {
     m_debounce = m_deps.scheduler.schedule(kDebounce, [this, generation = m_generation] {
+        m_debounce.detach();  // it ran: nothing is pending any more
         m_queue->async([this, generation, alive = std::weak_ptr<bool>(m_alive)] {
             if (m_directory.empty()) return;
             const auto listed = listTopLevel(m_directory);
