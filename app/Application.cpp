@@ -13,6 +13,7 @@
 #include "files/ScreenCapture.h"
 #include "files/UserDirs.h"
 #include "overlay/DeclaredNotch.h"
+#include "support/DebugLog.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
@@ -94,7 +95,11 @@ Application::Application(const Environment& environment)
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     // Files: dropped files join the shelf; the folder watchers feed it (downloads not in demo mode).
-    m_services.onAddToShelf = [this](const std::vector<std::string>& urls) { m_shelf.addUrls(urls); };
+    m_services.onAddToShelf = [this](const std::vector<std::string>& urls) {
+        DebugLog::write(
+            [&] { return "shelf: dropped " + std::to_string(urls.size()) + " file URLs on the notch"; });
+        m_shelf.addUrls(urls);
+    };
     m_services.addService("downloads", [this] {
         if (!DemoMode::isOn()) m_downloads.start();
     });

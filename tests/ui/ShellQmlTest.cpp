@@ -3,6 +3,7 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QImage>
 #include <QQmlComponent>
 #include <QRegularExpression>
 #include <memory>
@@ -43,7 +44,10 @@ protected:
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
         engine.viewModels = {&shell, &calcView, &usageView, &shelfView};
-        shelf.add({home.write("shelf/notes.txt", "n"), home.write("shelf/photo.png", "p")});
+        QImage photo(8, 8, QImage::Format_RGB32);
+        photo.fill(Qt::red);
+        photo.save(QString::fromStdString((home / "photo.png").string()));
+        shelf.add({home.write("shelf/notes.txt", "n"), home / "photo.png"});
     }
 
     // Builds a component of the module; the errors it met, if any.

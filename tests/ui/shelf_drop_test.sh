@@ -8,7 +8,11 @@ work=$(mktemp -d)
 log=$work/v.log
 trap 'kill ${source_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
 
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; echo "--- source"; cat "$work/source.out" 2>/dev/null; exit 1; }
+fail() {
+  echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null
+  echo "--- program"; cat "$work/app.out" 2>/dev/null; echo "--- source"; cat "$work/source.out" 2>/dev/null
+  exit 1
+}
 
 Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 xvfb_pid=$!
