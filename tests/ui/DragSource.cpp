@@ -32,9 +32,11 @@ protected:
     void mousePressEvent(QMouseEvent*) override {
         auto* data = new QMimeData;
         data->setUrls({QUrl::fromLocalFile(m_file)});
-        QDrag drag(this);
-        drag.setMimeData(data);
-        const Qt::DropAction action = drag.exec(Qt::CopyAction);
+        // On the heap and never deleted here: the target reads the data after the drop, and Qt's XDND
+        // code answers from this drag until that transfer is over.
+        auto* drag = new QDrag(this);
+        drag->setMimeData(data);
+        const Qt::DropAction action = drag->exec(Qt::CopyAction);
         std::printf("dropped %d\n", static_cast<int>(action));
         std::fflush(stdout);
         // Stays up: the target fetches the data after the drop, and the test ends this program.
