@@ -5,7 +5,10 @@
 namespace vantrelle {
 
 DownloadsWatcher::DownloadsWatcher(Dependencies deps)
-    : m_settings(deps.settings), m_activities(deps.activities), m_shelf(deps.shelf), m_engine(deps.engine) {}
+    : m_settings(deps.settings),
+      m_activities(deps.activities),
+      m_shelf(deps.shelf),
+      m_engine(std::move(deps.engine)) {}
 
 void DownloadsWatcher::start() {
     if (m_started) return;

@@ -58,7 +58,9 @@ fs::path freeOutputName(const fs::path& folder, const std::string& baseName, std
     fs::path candidate = folder / (baseName + dotted);
     std::error_code error;
     for (int n = 2; fs::exists(fs::symlink_status(candidate, error)) || candidate == source; ++n) {
-        candidate = folder / (baseName + " " + std::to_string(n) + dotted);
+        std::string numbered = baseName;
+        numbered.append(" ").append(std::to_string(n)).append(dotted);
+        candidate = folder / numbered;
     }
     return candidate;
 }

@@ -118,7 +118,7 @@ bool isScreenCapture(const fs::path& file) {
 
 fs::path screenshotFolder(const Environment& environment, const AppPaths& paths) {
     if (auto hook = environment.get("VANTRELLE_SCREENSHOT_DIR"); hook && !hook->empty()) return *hook;
-    const fs::path pictures = xdgUserDir(paths, "PICTURES").value_or(paths.home / "Pictures");
+    fs::path pictures = xdgUserDir(paths, "PICTURES").value_or(paths.home / "Pictures");
     if (auto gnome = existingFolder(pictures / "Screenshots")) return *gnome;
     if (auto spectacle = spectacleFolder(paths)) return *spectacle;
     return pictures;

@@ -24,8 +24,10 @@ public:
     // Calls `onChange` on the main thread when an entry directly inside `folder` is created, deleted,
     // renamed, or closed after writing; writes into a file that stays open raise nothing. Nothing when
     // the folder cannot be watched (or the watcher can't watch folders).
-    [[nodiscard]] virtual std::unique_ptr<FileWatch> watchFolder(const std::filesystem::path& /*folder*/,
-                                                                 std::function<void()> /*onChange*/) {
+    [[nodiscard]] virtual std::unique_ptr<FileWatch> watchFolder(
+        const std::filesystem::path& /*folder*/,
+        // NOLINTNEXTLINE(performance-unnecessary-value-param)
+        std::function<void()> /*onChange*/) {
         return nullptr;
     }
 };
