@@ -8,8 +8,12 @@
 #include <QScreen>
 #include <QUrl>
 
+#include "DemoShelfFiles.h"
 #include "app/LaunchFiles.h"
+#include "files/ScreenCapture.h"
+#include "files/UserDirs.h"
 #include "overlay/DeclaredNotch.h"
+#include "support/DebugLog.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
@@ -46,6 +50,24 @@ Application::Application(const Environment& environment)
       m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler,
                                            m_queues, m_processes, m_settings, m_activities, &m_wrappedHistory,
                                            DemoMode::isOn()}),
+      m_imageConverter(m_imageCodec, downloadsFolder(m_paths), m_paths.dataRoot() / "Converted"),
+      m_shelf(ShelfStore::Dependencies{
+          ShelfStore::defaultFile(m_paths.dataRoot()), SystemClock::shared(), m_scheduler, m_queues,
+          m_activities, m_imageConverter, DemoMode::isOn(),
+          DemoMode::isOn()
+              ? writeDemoShelfFiles(ShelfStore::demoFile().parent_path() / "vantrelle-demo-shelf-files")
+              : std::vector<std::filesystem::path>{}}),
+      m_downloads(DownloadsWatcher::Dependencies{
+          {downloadsFolder(m_paths), m_scheduler, SystemClock::shared(), m_queues, m_fileWatcher},
+          m_settings,
+          m_activities,
+          m_shelf}),
+      m_screenshots(
+          ScreenshotWatcher::Dependencies{{m_scheduler, m_queues, m_fileWatcher, isScreenCapture},
+                                          m_settings,
+                                          m_shelf,
+                                          [this] { return screenshotFolder(m_environment, m_paths); },
+                                          DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -66,9 +88,23 @@ Application::Application(const Environment& environment)
     SharedInstance<RatesService>::install(&m_rates);
     SharedInstance<WrappedHistory>::install(&m_wrappedHistory);
     SharedInstance<AIUsageModel>::install(&m_aiUsage);
+    SharedInstance<ShelfStore>::install(&m_shelf);
+    SharedInstance<DownloadsWatcher>::install(&m_downloads);
+    SharedInstance<ScreenshotWatcher>::install(&m_screenshots);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
+    // Files: dropped files join the shelf; the folder watchers feed it (downloads not in demo mode).
+    m_services.onAddToShelf = [this](const std::vector<std::string>& urls) {
+        DebugLog::write(
+            [&] { return "shelf: dropped " + std::to_string(urls.size()) + " file URLs on the notch"; });
+        m_shelf.addUrls(urls);
+    };
+    m_services.addService("downloads", [this] {
+        if (!DemoMode::isOn()) m_downloads.start();
+    });
+    m_services.addService("screenshots", [this] { m_screenshots.apply(); });
+    m_settings.onScreenshotsToShelfChanged = [this] { m_screenshots.apply(); };
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
@@ -81,6 +117,9 @@ Application::~Application() {
     SharedInstance<RatesService>::install(nullptr);
     SharedInstance<WrappedHistory>::install(nullptr);
     SharedInstance<AIUsageModel>::install(nullptr);
+    SharedInstance<ShelfStore>::install(nullptr);
+    SharedInstance<DownloadsWatcher>::install(nullptr);
+    SharedInstance<ScreenshotWatcher>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -118,8 +157,11 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
     m_shell->registerTileView(DashTile::aiUsage, QStringLiteral("AIUsageTile"));
-    // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
-    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
+    m_shelfView = std::make_unique<ShelfViewModel>(m_shelf);
+    m_shell->registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
+    m_shell->registerTileView(DashTile::shelf, QStringLiteral("ShelfTile"));
+    // The QML singletons Shell, Calc, AIUsage and Shelf; no view has loaded yet.
+    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get(), m_shelfView.get()};
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {

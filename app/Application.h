@@ -11,9 +11,11 @@
 #include "InotifyFileWatcher.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
+#include "QtImageCodec.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
+#include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "ThreadQueue.h"
@@ -26,6 +28,9 @@
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "files/DownloadsWatcher.h"
+#include "files/ScreenshotWatcher.h"
+#include "files/ShelfStore.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -78,11 +83,17 @@ private:
     ProcProcessTable m_processes;
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
+    QtImageCodec m_imageCodec;
+    ImageConverter m_imageConverter;
+    ShelfStore m_shelf;
+    DownloadsWatcher m_downloads;
+    ScreenshotWatcher m_screenshots;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    std::unique_ptr<ShelfViewModel> m_shelfView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

@@ -34,9 +34,22 @@ InotifyFileWatcher::~InotifyFileWatcher() {
 
 std::unique_ptr<FileWatch> InotifyFileWatcher::watchFile(const std::filesystem::path& file,
                                                          std::function<void()> onChange) {
+    return add(file, IN_MODIFY | IN_CLOSE_WRITE | IN_MOVE_SELF | IN_DELETE_SELF, std::move(onChange));
+}
+
+std::unique_ptr<FileWatch> InotifyFileWatcher::watchFolder(const std::filesystem::path& folder,
+                                                           std::function<void()> onChange) {
+    // Entry changes only: IN_MODIFY would wake for every block a download writes.
+    return add(folder,
+               IN_ONLYDIR | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_CLOSE_WRITE |
+                   IN_MOVE_SELF | IN_DELETE_SELF,
+               std::move(onChange));
+}
+
+std::unique_ptr<FileWatch> InotifyFileWatcher::add(const std::filesystem::path& path, std::uint32_t mask,
+                                                   std::function<void()> onChange) {
     if (m_fd < 0) return nullptr;
-    const int descriptor =
-        ::inotify_add_watch(m_fd, file.c_str(), IN_MODIFY | IN_CLOSE_WRITE | IN_MOVE_SELF | IN_DELETE_SELF);
+    const int descriptor = ::inotify_add_watch(m_fd, path.c_str(), mask);
     if (descriptor < 0) return nullptr;
     m_handlers[descriptor] = std::move(onChange);
     return std::make_unique<Watch>(*this, descriptor);

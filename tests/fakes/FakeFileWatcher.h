@@ -18,7 +18,15 @@ public:
         return std::make_unique<FileWatch>();
     }
 
+    std::unique_ptr<FileWatch> watchFolder(const std::filesystem::path&,
+                                           std::function<void()> onChange) override {
+        if (refuse) return nullptr;
+        wakeFolder = std::move(onChange);
+        return std::make_unique<FileWatch>();
+    }
+
     std::function<void()> wake;
+    std::function<void()> wakeFolder;
     bool refuse = false;  // as for a file that can't be watched
 };
 

@@ -3,6 +3,7 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QImage>
 #include <QQmlComponent>
 #include <QRegularExpression>
 #include <memory>
@@ -10,10 +11,12 @@
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "GuiApplication.h"
+#include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeImageCodec.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -40,7 +43,11 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView};
+        engine.viewModels = {&shell, &calcView, &usageView, &shelfView};
+        QImage photo(8, 8, QImage::Format_RGB32);
+        photo.fill(Qt::red);
+        photo.save(QString::fromStdString((home / "photo.png").string()));
+        shelf.add({home.write("shelf/notes.txt", "n"), home / "photo.png"});
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -69,6 +76,10 @@ protected:
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
+    FakeImageCodec imageCodec;
+    ImageConverter converter{imageCodec, std::nullopt, home / "Converted"};
+    ShelfStore shelf{{home / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};
+    ShelfViewModel shelfView{shelf};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -109,7 +120,13 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
                                                   {QStringLiteral("subtitle"), QString()},
                                                   {QStringLiteral("tool"), QStringLiteral("aiUsage")},
                                                   {QStringLiteral("tint"), QColor(Qt::red)},
-                                                  {QStringLiteral("view"), QString()}}}};
+                                                  {QStringLiteral("view"), QString()}}},
+                                                {QStringLiteral("ShelfItemTile"),
+                                                 {{QStringLiteral("itemId"), QStringLiteral("A")},
+                                                  {QStringLiteral("name"), QStringLiteral("photo.png")},
+                                                  {QStringLiteral("url"), QString()},
+                                                  {QStringLiteral("isImage"), false},
+                                                  {QStringLiteral("busy"), false}}}};
     for (const auto& name : names) {
         SCOPED_TRACE(name.toStdString());
         EXPECT_EQ(build(name, properties.value(name)), std::vector<std::string>{});
@@ -119,11 +136,12 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
 TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    shell.registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "notes"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -3,10 +3,13 @@
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "GuiApplication.h"
+#include "ShelfViewModel.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeImageCodec.h"
 #include "fakes/FakeProcessTable.h"
+#include "fakes/ManualQueue.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -200,6 +203,50 @@ TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
     EXPECT_EQ(view.input(), "24*7");
     view.setInput(QStringLiteral("1/0"));
     EXPECT_TRUE(view.isError());
+}
+
+TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
+    TempDir dir;
+    FakeImageCodec codec;
+    ManualQueueFactory queues;
+    ImageConverter converter(codec, std::nullopt, dir / "Converted");
+    ShelfStore store({dir / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}});
+    ShelfViewModel view(store);
+    const auto photo = dir.write("files/my photo.png", "p");
+    codec.declare(photo, ImageFileType::png, 100, 100);
+    store.add({dir.write("files/notes.txt", "n"), photo});
+
+    auto& items = *view.items();
+    ASSERT_EQ(items.count(), 2);
+    EXPECT_EQ(role(items, 0, "name"), "my photo.png");
+    EXPECT_EQ(role(items, 0, "url").toString().toStdString(),
+              "file://" + (dir / "files/my%20photo.png").string());
+    EXPECT_EQ(role(items, 0, "isImage"), true);
+    EXPECT_EQ(role(items, 1, "isImage"), false);
+
+    const QString id = role(items, 0, "itemId").toString();
+    view.toggleConversions(id);
+    EXPECT_EQ(view.convertingId(), id);
+    QStringList raws;
+    for (const auto& option : view.conversions())
+        raws << option.toMap().value(QStringLiteral("raw")).toString();
+    EXPECT_EQ(raws,
+              (QStringList{QStringLiteral("jpg"), QStringLiteral("halfSize"), QStringLiteral("compress")}));
+
+    view.convert(id, QStringLiteral("jpg"));
+    EXPECT_EQ(view.convertingId(), QString());
+    EXPECT_EQ(role(items, 0, "busy"), true);
+    queues.runAll();
+    scheduler.runUntilIdle();
+    EXPECT_EQ(role(items, 0, "busy"), false);
+    EXPECT_EQ(view.message(), "Saved my photo.jpg, 5 bytes");
+
+    std::filesystem::remove(photo);
+    view.remove(role(items, 1, "itemId").toString());
+    EXPECT_EQ(items.count(), 1);
+    EXPECT_EQ(role(items, 0, "url"), QString());  // gone: the view shows a generic icon
+    view.clear();
+    EXPECT_EQ(items.count(), 0);
 }
 
 }  // namespace

@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include "catalog/AppSettings.h"
+#include "fakes/FakeFileWatcher.h"
+#include "fakes/FakeImageCodec.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/TempDir.h"
+#include "files/DownloadsWatcher.h"
+#include "platform/VirtualScheduler.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::TempDir;
+
+class DownloadsWatcherTest : public ::testing::Test {
+protected:
+    static fs::path made(const fs::path& folder) {
+        fs::create_directories(folder);
+        return folder;
+    }
+
+    void finishDownload(const std::string& name) {
+        dir.write("Downloads/" + name, "data");
+        watcher.wakeFolder();
+        scheduler.advance(1.5);
+    }
+
+    TempDir dir;
+    VirtualScheduler scheduler;
+    InlineQueueFactory queues;
+    testing::FakeFileWatcher watcher;
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    testing::FakeLoginItem loginItem;
+    AppSettings settings{defaults, notifications, loginItem, scheduler};
+    LiveActivityCenter activities{scheduler};
+    testing::FakeImageCodec codec;
+    ImageConverter converter{codec, std::nullopt, dir / "Converted"};
+    ShelfStore shelf{{dir / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};
+    DownloadsWatcher downloads{
+        {{made(dir / "Downloads"), scheduler, scheduler, queues, watcher}, settings, activities, shelf}};
+};
+
+TEST_F(DownloadsWatcherTest, ARunningDownloadShowsInTheNotchUntilItsMarkerGoes) {
+    downloads.start();
+    downloads.start();  // idempotent: one watch, one first scan
+    scheduler.runUntilIdle();
+    EXPECT_EQ(downloads.engine().scansRun(), 1u);
+    dir.write("Downloads/song.flac.part", "12");
+    watcher.wakeFolder();
+    scheduler.advance(0.3);
+    EXPECT_EQ(activities.activity(LiveActivityCenter::Source::downloads),
+              (LiveActivity{LiveActivity::Download{"song.flac", std::nullopt}}));
+    fs::remove(dir / "Downloads/song.flac.part");
+    watcher.wakeFolder();
+    scheduler.advance(0.3);
+    EXPECT_EQ(activities.activity(LiveActivityCenter::Source::downloads), std::nullopt);
+}
+
+TEST_F(DownloadsWatcherTest, AFinishedFileFlashesAndLandsOnTheShelfWhenTheSettingSaysSo) {
+    downloads.start();
+    scheduler.runUntilIdle();
+    finishDownload("report.pdf");
+    EXPECT_EQ(activities.current(), (LiveActivity{LiveActivity::Download{"report.pdf", 1.0}}));
+    ASSERT_EQ(shelf.items().size(), 1u);
+    EXPECT_EQ(shelf.items()[0].name, "report.pdf");
+
+    settings.setAddDownloadsToShelf(false);
+    finishDownload("other.pdf");
+    EXPECT_EQ(shelf.items().size(), 1u);
+    EXPECT_EQ(downloads.recentlyFinished().front(), dir / "Downloads/other.pdf");
+}
+
+TEST_F(DownloadsWatcherTest, TheEleventhFinishedFilePushesOutTheOldest) {
+    downloads.start();
+    scheduler.runUntilIdle();
+    for (int i = 0; i < 11; ++i) finishDownload("file" + std::to_string(i));
+    ASSERT_EQ(downloads.recentlyFinished().size(), 10u);
+    EXPECT_EQ(downloads.recentlyFinished().front(), dir / "Downloads/file10");
+    EXPECT_EQ(downloads.recentlyFinished().back(), dir / "Downloads/file1");
+}
+
+}  // namespace
+}  // namespace vantrelle

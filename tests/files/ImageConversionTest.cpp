@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "fakes/FakeImageCodec.h"
+#include "fakes/TempDir.h"
+#include "files/ImageConverter.h"
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using enum ImageConversion;
+using testing::FakeImageCodec;
+using testing::TempDir;
+
+TEST(ImageConversionRules, OptionsFollowTypeAndLongestSide) {
+    struct Row {
+        const char* name;
+        ImageFileType type;
+        std::optional<std::int64_t> side;
+        std::vector<ImageConversion> expected;
+    };
+    const std::vector<Row> rows{
+        {"png 1920", ImageFileType::png, 1920, {jpg, halfSize, compress}},
+        {"png 1921", ImageFileType::png, 1921, {jpg, halfSize, max1920, compress}},
+        {"jpeg 64", ImageFileType::jpeg, 64, {png, halfSize, compress}},
+        {"jpeg 63", ImageFileType::jpeg, 63, {png, compress}},
+        {"gif unknown size", ImageFileType::other, std::nullopt, {png, jpg, halfSize, max1920, compress}},
+    };
+    for (const Row& row : rows) EXPECT_EQ(conversionOptions(row.type, row.side), row.expected) << row.name;
+}
+
+TEST(ImageConversionRules, TargetSizeTypeAndNames) {
+    EXPECT_EQ(targetLongestSide(halfSize, 1), 1);
+    EXPECT_EQ(targetLongestSide(halfSize, 1001), 500);
+    EXPECT_EQ(targetLongestSide(max1920, 5000), 1920);
+    EXPECT_EQ(targetLongestSide(max1920, 1000), 1000);
+    EXPECT_EQ(targetLongestSide(compress, 5000), 5000);
+    EXPECT_EQ(outputType(halfSize, ImageFileType::png), ImageFileType::png);
+    EXPECT_EQ(outputType(max1920, ImageFileType::other), ImageFileType::jpeg);
+    EXPECT_EQ(outputType(compress, ImageFileType::png), ImageFileType::jpeg);
+    for (ImageConversion conversion : kAllImageConversions)
+        EXPECT_EQ(imageConversionNamed(rawName(conversion)), conversion);
+    EXPECT_EQ(imageConversionNamed("webp"), std::nullopt);
+}
+
+TEST(ImageConverterNaming, IsImageByNameOnly) {
+    for (const char* name : {"a.PNG", "b.jpeg", "c.webp", "d.HEIC"})
+        EXPECT_TRUE(ImageConverter::isImage(name)) << name;
+    for (const char* name : {"a.svg", "b.pdf", "c.txt", "png", "d."})
+        EXPECT_FALSE(ImageConverter::isImage(name)) << name;
+}
+
+class ImageConverterTest : public ::testing::Test {
+protected:
+    fs::path image(const std::string& relative, ImageFileType type, std::int64_t w, std::int64_t h) {
+        const fs::path path = dir.write(relative, "pixels");
+        codec.declare(path, type, w, h);
+        return path;
+    }
+
+    TempDir dir;
+    FakeImageCodec codec;
+    ImageConverter converter{codec, dir / "Downloads", dir / "data/Converted"};
+};
+
+TEST_F(ImageConverterTest, TakenNamesAndTheSourceItselfGetANumber) {
+    const fs::path a = image("src/a.png", ImageFileType::png, 10, 10);
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "src/a 2.png");
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "src/a 3.png");
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, jpg)), dir / "src/a.jpg");
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, compress)), dir / "src/a (compressed).jpg");
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, halfSize)), dir / "src/a (half size).png");
+}
+
+TEST_F(ImageConverterTest, AReadOnlyFolderFallsBackToDownloadsThenConverted) {
+    if (::geteuid() == 0) GTEST_SKIP() << "root writes into read-only folders";
+    const fs::path a = image("src/a.jpg", ImageFileType::jpeg, 10, 10);
+    fs::permissions(dir / "src", fs::perms::owner_read | fs::perms::owner_exec);
+    fs::create_directory(dir / "Downloads");
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "Downloads/a.png");
+    fs::permissions(dir / "Downloads", fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "data/Converted/a.png");
+    fs::permissions(dir / "src", fs::perms::owner_all);
+    fs::permissions(dir / "Downloads", fs::perms::owner_all);
+}
+
+TEST_F(ImageConverterTest, AFailedWriteLeavesNoPartialFileAndTriesTheNextFolder) {
+    const fs::path a = image("src/a.jpg", ImageFileType::jpeg, 10, 10);
+    codec.refusedFolder = dir / "src";
+    ImageConverter noDownloads{codec, std::nullopt, dir / "data/Converted"};
+    EXPECT_EQ(std::get<fs::path>(noDownloads.convert(a, png)), dir / "data/Converted/a.png");
+    EXPECT_FALSE(fs::exists(dir / "src/a.png"));
+    EXPECT_FALSE(fs::exists(dir / "Downloads"));  // never created: it isn't ours
+
+    ImageConverter nowhere{codec, std::nullopt, dir / "src"};
+    EXPECT_EQ(std::get<ImageConverter::Failure>(nowhere.convert(a, png)),
+              ImageConverter::Failure::unwritable);
+}
+
+TEST_F(ImageConverterTest, UnreadableSourcesFail) {
+    const fs::path text = dir.write("notes.txt", "hello");
+    EXPECT_EQ(std::get<ImageConverter::Failure>(converter.convert(text, png)),
+              ImageConverter::Failure::unreadable);
+    EXPECT_EQ(std::get<ImageConverter::Failure>(converter.convert(dir / "missing.png", png)),
+              ImageConverter::Failure::unreadable);
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# A real XDND drop on the notch: a small drag source (a Qt window) drags a file's URI, xdotool moves
+# the pointer from it onto the notch and lets go; the file must then be on the shelf, saved to disk.
+set -euo pipefail
+app=${1:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
+source_bin=${2:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
+work=$(mktemp -d)
+log=$work/v.log
+trap 'kill ${source_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+
+fail() {
+  echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null
+  echo "--- program"; cat "$work/app.out" 2>/dev/null; echo "--- source"; cat "$work/source.out" 2>/dev/null
+  exit 1
+}
+
+Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+xvfb_pid=$!
+for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
+export DISPLAY=:$(cat "$work/display")
+
+export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+export VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software
+mkdir -p "$HOME/Downloads"
+"$app" >"$work/app.out" 2>&1 &
+app_pid=$!
+for _ in $(seq 200); do grep -q "launch: starting background services" "$log" 2>/dev/null && break; sleep 0.05; done
+grep -q "launch: starting background services" "$log" || fail "the program did not start"
+
+dropped="$work/report draft.txt"
+echo "numbers" >"$dropped"
+"$source_bin" "$dropped" >"$work/source.out" 2>&1 &
+source_pid=$!
+for _ in $(seq 200); do grep -q ready "$work/source.out" 2>/dev/null && break; sleep 0.05; done
+grep -q ready "$work/source.out" || fail "the drag source did not show"
+
+# Press in the source, travel in steps (XDND sends a position per motion) onto the notch, let go.
+xdotool mousemove 200 500 mousedown 1
+for step in $(seq 1 12); do
+  xdotool mousemove $((200 + (756 - 200) * step / 12)) $((500 + (12 - 500) * step / 12))
+  sleep 0.05
+done
+xdotool mousemove 756 14 mousemove 756 12
+sleep 0.2
+xdotool mouseup 1
+
+shelf=$XDG_DATA_HOME/Vantrelle/shelf.json
+for _ in $(seq 100); do grep -q "report draft.txt" "$shelf" 2>/dev/null && break; sleep 0.05; done
+grep -q "report draft.txt" "$shelf" 2>/dev/null || fail "the dropped file is not on the shelf"
+grep -q "shelf: added 1 file" "$log" || fail "no log line for the drop"
+echo "PASS"
