@@ -29,7 +29,7 @@ QString FocusViewModel::mode() const {
     return text(rawValue(m_pomodoro.mode()));
 }
 
-QVariantList FocusViewModel::modes() {
+QVariantList FocusViewModel::modes() const {
     QVariantList list;
     for (PomodoroMode m : kPomodoroModes) {
         list.append(QVariantMap{{QStringLiteral("raw"), text(rawValue(m))},

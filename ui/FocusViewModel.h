@@ -48,7 +48,7 @@ public:
     static FocusViewModel* create(QQmlEngine* engine, QJSEngine*);
 
     [[nodiscard]] QString mode() const;
-    [[nodiscard]] static QVariantList modes();
+    [[nodiscard]] QVariantList modes() const;
     [[nodiscard]] QString status() const;
     [[nodiscard]] QString statusText() const;
     [[nodiscard]] QString timeString() const { return QString::fromStdString(m_pomodoro.timeString()); }

@@ -143,7 +143,8 @@ void PomodoroModel::tick() {
 
 void PomodoroModel::pause() {
     if (m_status != PomodoroStatus::running) return;
-    tick();  // exact remaining; a block that is due ends here, and paused is what it queued anyway
+    tick();  // exact remaining; a block that is due ends here and has queued its own state
+    if (m_status != PomodoroStatus::running) return;
     setStatus(PomodoroStatus::paused);
     m_timer.reset();
     changed.emit();

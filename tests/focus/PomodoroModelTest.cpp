@@ -46,14 +46,15 @@ TEST_F(PomodoroModelTest, RemainingIsDerivedFromTheEndAndPauseKeepsIt) {
     EXPECT_EQ(m.remaining(), 1400);
     scheduler.advance(0.1);  // between ticks: pause reads the clock itself
     m.pause();
-    EXPECT_DOUBLE_EQ(m.remaining(), 1399.9);
+    EXPECT_NEAR(m.remaining(), 1399.9, 1e-6);
     EXPECT_EQ(m.statusText(), "Paused");
     EXPECT_TRUE(activities.current().has_value()) << "a paused block stays in the notch";
     scheduler.advance(3600);
-    EXPECT_DOUBLE_EQ(m.remaining(), 1399.9) << "paused time does not run down";
+    const double left = m.remaining();
+    EXPECT_EQ(m.remaining(), left) << "paused time does not run down";
     m.resume();
-    EXPECT_EQ(m.endDate(), scheduler.now() + 1399.9);
-    scheduler.advance(1399.9 + PomodoroModel::kTickInterval);
+    EXPECT_EQ(m.endDate(), scheduler.now() + left);
+    scheduler.advance(left + PomodoroModel::kTickInterval);
     EXPECT_TRUE(m.awaitingChoice());
 }
 
@@ -64,6 +65,23 @@ TEST_F(PomodoroModelTest, ABlockOfZeroMinutesEndsAtTheFirstTick) {
     scheduler.advance(PomodoroModel::kTickInterval);
     EXPECT_EQ(m.status(), PomodoroStatus::paused);
     EXPECT_TRUE(m.awaitingChoice());
+}
+
+TEST_F(PomodoroModelTest, PausingAtTheEndFinishesTheBlockInstead) {
+    settings.setCustomTimerMinutes(1);
+    auto& m = makeModel();
+    m.setMode(PomodoroMode::custom);
+    m.start(1, PomodoroPhase::focus);
+    scheduler.setNow(scheduler.now() + 60);  // due, but no tick has run
+    m.pause();
+    EXPECT_EQ(m.status(), PomodoroStatus::idle) << "a finished custom timer is re-armed, not paused";
+    m.setMode(PomodoroMode::work);
+    m.start(25, PomodoroPhase::focus);
+    scheduler.setNow(scheduler.now() + 1500);
+    m.pause();
+    EXPECT_EQ(m.status(), PomodoroStatus::paused);
+    EXPECT_TRUE(m.awaitingChoice());
+    EXPECT_EQ(m.sessionsToday().size(), 1U);
 }
 
 TEST_F(PomodoroModelTest, StopDoesNotCreditTheBlockAndEmptiesTheSlot) {
@@ -286,9 +304,10 @@ TEST_F(PomodoroModelTest, DayRecordFallsBackToTheCountWhenTheLogIsUnusable) {
         store.set(kTodayKey, c.count);
         const auto sessions = PomodoroDayRecord::load(store, scheduler.now());
         ASSERT_EQ(sessions.size(), c.expected) << c.name;
-        if (!sessions.empty())
+        if (!sessions.empty()) {
             EXPECT_EQ(sessions.front(), Date{1'799'971'200.0 + 1800})
                 << c.name << ": half an hour after midnight";
+        }
     }
 }
 

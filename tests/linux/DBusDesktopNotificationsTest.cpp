@@ -37,6 +37,13 @@ public:
                              QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
         m_bus.registerService(QStringLiteral("org.freedesktop.Notifications"));
     }
+    ~NotificationServer() override {
+        // Gives the name back, so the next test starts on a bus without a server.
+        m_bus.unregisterService(QStringLiteral("org.freedesktop.Notifications"));
+        m_bus.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
+    }
+    NotificationServer(const NotificationServer&) = delete;
+    NotificationServer& operator=(const NotificationServer&) = delete;
 
     // The user clicks a button of notification `id`; the server then closes it, as servers do.
     void click(uint id, const QString& action) {

@@ -9,10 +9,12 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
@@ -40,7 +42,7 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView};
+        engine.viewModels = {&shell, &calcView, &usageView, &focusView};
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -69,6 +71,14 @@ protected:
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
+    FakeDesktopNotifications desktopNotifications;
+    PomodoroNotifier pomodoroNotifier{&desktopNotifications, settings, notifications, true};
+    PomodoroModel pomodoro{PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities,
+                                                       notifications, sounds, pomodoroNotifier, nullptr,
+                                                       environment, true}};
+    QuickTimerModel quickTimer{{scheduler, scheduler, settings, activities, notifications, sounds}};
+    StopwatchModel stopwatch{scheduler, scheduler, activities};
+    FocusViewModel focusView{pomodoro, quickTimer, stopwatch, settings};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -119,11 +129,12 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
 TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    shell.registerToolView(NotchTab::focus, QStringLiteral("FocusView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "focus", "notes"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
