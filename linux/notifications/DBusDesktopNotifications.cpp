@@ -64,13 +64,22 @@ void DBusDesktopNotifications::post(const DesktopNotification& notification,
                 w->deleteLater();
                 if (auto it = m_pendingPosts.find(tag); it != m_pendingPosts.end() && --it->second == 0)
                     m_pendingPosts.erase(it);
+                // Taken down while on the way: it goes as soon as it is there.
+                bool takenDown = false;
+                if (auto close = m_closeOnArrival.find(tag); close != m_closeOnArrival.end()) {
+                    takenDown = true;
+                    if (--close->second <= 0) m_closeOnArrival.erase(close);
+                }
                 QDBusPendingReply<uint> reply = *w;
                 if (reply.isError()) {
                     done(reply.error().name().toStdString() + ": " + reply.error().message().toStdString());
                     return;
                 }
-                m_delivered[reply.value()] = Delivered{tag, userInfo};
-                if (m_closeOnArrival.erase(tag) > 0) remove(tag);
+                if (takenDown) {
+                    closeById(reply.value());
+                } else {
+                    m_delivered[reply.value()] = Delivered{tag, userInfo};
+                }
                 done({});
             });
 }
@@ -83,14 +92,21 @@ std::optional<uint> DBusDesktopNotifications::idOf(std::string_view tag) const {
 }
 
 void DBusDesktopNotifications::remove(std::string_view tag) {
-    if (m_pendingPosts.contains(tag)) m_closeOnArrival.insert_or_assign(std::string(tag), true);
+    // Every post of this tag still on the way is taken down as it arrives.
+    if (auto pending = m_pendingPosts.find(tag); pending != m_pendingPosts.end()) {
+        m_closeOnArrival.insert_or_assign(std::string(tag), pending->second);
+    }
     while (auto id = idOf(tag)) {
         m_delivered.erase(*id);
-        auto call =
-            QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("CloseNotification"));
-        call << *id;
-        m_bus.asyncCall(call);  // nothing to do with the answer: gone is gone
+        closeById(*id);
     }
+}
+
+void DBusDesktopNotifications::closeById(uint id) {
+    auto call =
+        QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("CloseNotification"));
+    call << id;
+    m_bus.asyncCall(call);  // nothing to do with the answer: gone is gone
 }
 
 void DBusDesktopNotifications::setReplyHandler(std::function<void(const DesktopNotificationReply&)> handler) {

@@ -36,13 +36,14 @@ private:
         std::map<std::string, std::string> userInfo;
     };
     [[nodiscard]] std::optional<uint> idOf(std::string_view tag) const;
+    void closeById(uint id);
 
     QDBusConnection m_bus;
     QString m_appName;
     std::map<uint, Delivered> m_delivered;
-    // Tags taken down while their post was still on the way: closed as soon as their id arrives.
+    // Posts on the way per tag, and how many of them were taken down before their id arrived.
     std::map<std::string, int, std::less<>> m_pendingPosts;
-    std::map<std::string, bool, std::less<>> m_closeOnArrival;
+    std::map<std::string, int, std::less<>> m_closeOnArrival;
     std::function<void(const DesktopNotificationReply&)> m_handler;
 };
 

@@ -17,6 +17,7 @@
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/TempDir.h"
+#include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)

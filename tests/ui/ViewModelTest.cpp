@@ -10,6 +10,7 @@
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeProcessTable.h"
 #include "fakes/TempDir.h"
+#include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
 
 namespace vantrelle::testing {
