@@ -49,6 +49,10 @@ protected:
     // Builds a component of the module; the errors it met, if any.
     std::vector<std::string> build(const QString& name, const QVariantMap& properties = {}) {
         QQmlComponent component(&engine, ShellEngine::componentUrl(name));
+        if (!component.isReady()) {  // Qt 6.4 crashes when asked to create a component that failed
+            for (const auto& error : component.errors()) problems.push_back(error.toString().toStdString());
+            return std::exchange(problems, {});
+        }
         std::unique_ptr<QObject> object(component.createWithInitialProperties(properties));
         for (const auto& error : component.errors()) problems.push_back(error.toString().toStdString());
         if (!object) problems.push_back(name.toStdString() + ": not created");

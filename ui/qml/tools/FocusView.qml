@@ -82,7 +82,6 @@ Item {
                         color: Theme.label
                         font.pixelSize: 30
                         font.weight: Font.Bold
-                        font.features: { "tnum": 1 }
                     }
                     Text {
                         anchors.horizontalCenter: parent.horizontalCenter
@@ -215,7 +214,6 @@ Item {
                 color: Theme.label
                 font.pixelSize: 20
                 font.weight: Font.Bold
-                font.features: { "tnum": 1 }
                 width: 96
                 anchors.verticalCenter: parent.verticalCenter
             }
