@@ -41,6 +41,13 @@ PomodoroModel& PomodoroModel::shared() {
 PomodoroModel::PomodoroModel(Dependencies dependencies) : m_d(dependencies) {
     const Date now = m_d.clock.now();
     m_sessionsToday = PomodoroDayRecord::load(m_d.defaults, now);
+    // An idle timer shows the length the settings give, then and whenever they change.
+    applyMode();
+    m_settingsConnection = m_d.settings.changed.connect([this](std::string_view property) {
+        if (m_status != PomodoroStatus::idle || !property.ends_with("Minutes")) return;
+        applyMode();
+        changed.emit();
+    });
     if (auto seconds = positiveSeconds(m_d.environment.get("VANTRELLE_POMODORO_TEST"))) {
         m_testBlock = m_d.scheduler.schedule(1.0, [this, t = *seconds] { armTestBlock(t); });
         return;

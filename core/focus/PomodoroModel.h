@@ -115,6 +115,7 @@ private:
     std::optional<RepeatingTimer> m_timer;
     std::optional<Date> m_endDate;
     std::optional<WorkItem> m_testBlock;
+    Connection m_settingsConnection;
 };
 
 }  // namespace vantrelle

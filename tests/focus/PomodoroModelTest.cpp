@@ -37,6 +37,17 @@ TEST_F(PomodoroModelTest, StartsIdleWithTheDefaultLengthLoaded) {
     EXPECT_FALSE(activities.current().has_value());
 }
 
+TEST_F(PomodoroModelTest, AnIdleTimerFollowsTheLengthSettings) {
+    settings.setFocusMinutes(50);
+    auto& m = makeModel();
+    EXPECT_EQ(m.timeString(), "50:00");
+    settings.setFocusMinutes(1);
+    EXPECT_EQ(m.total(), 60);
+    m.start(1, PomodoroPhase::focus);
+    settings.setFocusMinutes(30);
+    EXPECT_EQ(m.total(), 60) << "what is on the clock stays";
+}
+
 TEST_F(PomodoroModelTest, RemainingIsDerivedFromTheEndAndPauseKeepsIt) {
     auto& m = makeModel();
     m.start(25, PomodoroPhase::focus);

@@ -41,7 +41,7 @@ Item {
     Column {
         id: timerColumn
         anchors { left: parent.left; top: parent.top; leftMargin: 8 }
-        width: 350
+        width: Math.max(350, modePicker.implicitWidth)
         spacing: 10
 
         Row {
