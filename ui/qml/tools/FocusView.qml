@@ -19,7 +19,8 @@ Item {
         width: Math.max(minWidth, caption.implicitWidth + padding)
         height: 28
         radius: 14
-        color: primary ? tint : (selected ? Qt.rgba(1, 1, 1, 0.18) : (area.containsMouse ? "#3A3A3C" : Theme.surfaceStrong))
+        color: primary ? tint : (selected ? Qt.rgba(tint.r, tint.g, tint.b, 0.35)
+                                          : (area.containsMouse ? "#3A3A3C" : Theme.surfaceStrong))
         Text {
             id: caption
             anchors.centerIn: parent
