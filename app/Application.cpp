@@ -68,6 +68,14 @@ Application::Application(const Environment& environment)
                                           m_shelf,
                                           [this] { return screenshotFolder(m_environment, m_paths); },
                                           DemoMode::isOn()}),
+      m_pomodoroNotifier(&m_desktopNotifications, m_settings, NotificationCenter::shared(), DemoMode::isOn()),
+      m_pomodoro(PomodoroModel::Dependencies{SystemClock::shared(), m_scheduler, m_settings, m_defaults,
+                                             m_activities, NotificationCenter::shared(), m_sounds,
+                                             m_pomodoroNotifier, &m_wrappedHistory, environment,
+                                             DemoMode::isOn()}),
+      m_quickTimer(QuickTimerModel::Dependencies{SystemClock::shared(), m_scheduler, m_settings, m_activities,
+                                                 NotificationCenter::shared(), m_sounds}),
+      m_stopwatch(SystemClock::shared(), m_scheduler, m_activities),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -76,7 +84,7 @@ Application::Application(const Environment& environment)
                                     m_hooks,
                                     [this] { return makeOverlay(); },
                                     {},  // no task bar entry: the overlay windows bypass the window manager
-                                    {},  // notification categories arrive with the focus timer
+                                    [this] { m_pomodoroNotifier.registerCategories(m_pomodoro); },
                                     [] {
                                         return PermissionStatus{3, 3, 3};
                                     }}) {
@@ -91,6 +99,10 @@ Application::Application(const Environment& environment)
     SharedInstance<ShelfStore>::install(&m_shelf);
     SharedInstance<DownloadsWatcher>::install(&m_downloads);
     SharedInstance<ScreenshotWatcher>::install(&m_screenshots);
+    SharedInstance<PomodoroNotifier>::install(&m_pomodoroNotifier);
+    SharedInstance<PomodoroModel>::install(&m_pomodoro);
+    SharedInstance<QuickTimerModel>::install(&m_quickTimer);
+    SharedInstance<StopwatchModel>::install(&m_stopwatch);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
@@ -120,6 +132,10 @@ Application::~Application() {
     SharedInstance<ShelfStore>::install(nullptr);
     SharedInstance<DownloadsWatcher>::install(nullptr);
     SharedInstance<ScreenshotWatcher>::install(nullptr);
+    SharedInstance<PomodoroNotifier>::install(nullptr);
+    SharedInstance<PomodoroModel>::install(nullptr);
+    SharedInstance<QuickTimerModel>::install(nullptr);
+    SharedInstance<StopwatchModel>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -160,8 +176,12 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shelfView = std::make_unique<ShelfViewModel>(m_shelf);
     m_shell->registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
     m_shell->registerTileView(DashTile::shelf, QStringLiteral("ShelfTile"));
-    // The QML singletons Shell, Calc, AIUsage and Shelf; no view has loaded yet.
-    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get(), m_shelfView.get()};
+    // The QML singletons, one per view model; no view has loaded yet.
+    m_engine.viewModels.shell = m_shell.get();
+    m_engine.viewModels.calc = m_calcView.get();
+    m_engine.viewModels.aiUsage = m_aiUsageView.get();
+    m_engine.viewModels.shelf = m_shelfView.get();
+    m_engine.viewModels.focus = m_focusView.get();
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
@@ -182,6 +202,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
 
     StatusMenuCommands commands;
     commands.openNotch = [&overlay] { overlay.setExpanded(true, "unspecified"); };
+    commands.toggleFocusTimer = [this] { m_pomodoro.toggle(); };
     commands.emailSupport = [] {
         QDesktopServices::openUrl(
             QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
@@ -194,6 +215,28 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         m_activities.set(LiveActivity{LiveActivity::Media{"Night Drive", "The Midnight Hours", true}},
                          LiveActivityCenter::Source::media);
     }
+}
+
+void Application::wireFocus() {
+    m_focusView = std::make_unique<FocusViewModel>(m_pomodoro, m_quickTimer, m_stopwatch, m_settings);
+    m_shell->registerToolView(NotchTab::focus, QStringLiteral("FocusView"));
+    m_shell->registerTileView(DashTile::pomodoro, QStringLiteral("PomodoroTile"));
+    m_shell->timerReadings = [this] { return focusReadings(); };
+}
+
+TimerReadings Application::focusReadings() const {
+    TimerReadings readings;
+    if (m_pomodoro.status() != PomodoroStatus::idle) {
+        readings.pomodoroRemaining = m_pomodoro.remaining();
+        readings.pomodoroProgress = m_pomodoro.progress();
+        readings.pomodoroInBreak = m_pomodoro.phase() == PomodoroPhase::shortBreak;
+        readings.pomodoroPaused = m_pomodoro.status() == PomodoroStatus::paused;
+    }
+    if (m_quickTimer.status() != QuickTimerModel::Status::idle)
+        readings.quickTimerRemaining = m_quickTimer.remaining();
+    if (m_stopwatch.isRunning() || m_stopwatch.elapsed() > 0)
+        readings.stopwatchElapsed = m_stopwatch.elapsed();
+    return readings;
 }
 
 void Application::launch() {

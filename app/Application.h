@@ -8,6 +8,7 @@
 #include "CalcViewModel.h"
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
+#include "FocusViewModel.h"
 #include "InotifyFileWatcher.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
@@ -31,6 +32,11 @@
 #include "files/DownloadsWatcher.h"
 #include "files/ScreenshotWatcher.h"
 #include "files/ShelfStore.h"
+#include "focus/PomodoroModel.h"
+#include "focus/PomodoroNotifier.h"
+#include "focus/QuickTimerModel.h"
+#include "focus/StopwatchModel.h"
+#include "notifications/DBusDesktopNotifications.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -53,6 +59,8 @@ private:
     std::unique_ptr<NotchOverlayController> makeOverlay();
     void wirePlatform(NotchOverlayController& overlay);
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
+    void wireFocus();
+    [[nodiscard]] TimerReadings focusReadings() const;
 
     const Environment& m_environment;
     AppPaths m_paths;
@@ -88,12 +96,19 @@ private:
     ShelfStore m_shelf;
     DownloadsWatcher m_downloads;
     ScreenshotWatcher m_screenshots;
+    // Focus: the timer, its notifications, the quick timer and the stopwatch.
+    DBusDesktopNotifications m_desktopNotifications;
+    PomodoroNotifier m_pomodoroNotifier;
+    PomodoroModel m_pomodoro;
+    QuickTimerModel m_quickTimer;
+    StopwatchModel m_stopwatch;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
     std::unique_ptr<ShelfViewModel> m_shelfView;
+    std::unique_ptr<FocusViewModel> m_focusView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

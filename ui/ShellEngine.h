@@ -9,6 +9,7 @@ namespace vantrelle {
 class AIUsageViewModel;
 class CalcViewModel;
 class ShelfViewModel;
+class FocusViewModel;
 class ShellModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
@@ -25,6 +26,7 @@ public:
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
         ShelfViewModel* shelf = nullptr;
+        FocusViewModel* focus = nullptr;
     };
     ViewModels viewModels;
 

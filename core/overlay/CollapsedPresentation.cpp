@@ -89,6 +89,7 @@ CollapsedCells collapsedCells(const LiveActivity& activity, Date now, const Time
                 c.leadingSymbol = timers.pomodoroInBreak ? "cup.and.saucer.fill" : "brain.head.profile";
                 c.trailingText =
                     timers.pomodoroRemaining ? timerDigits(*timers.pomodoroRemaining) : kNoReading;
+                c.ring = timers.pomodoroProgress;
                 c.dimmed = timers.pomodoroPaused;
                 c.ticksEverySecond = true;
             },

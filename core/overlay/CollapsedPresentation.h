@@ -10,6 +10,7 @@ namespace vantrelle {
 // Live readings of the timers that the closed notch counts down or up each second.
 struct TimerReadings {
     std::optional<double> pomodoroRemaining;
+    std::optional<double> pomodoroProgress;  // 0...1, drawn as the ring around the digits
     bool pomodoroInBreak = false;
     bool pomodoroPaused = false;
     std::optional<double> quickTimerRemaining;

@@ -10,7 +10,8 @@
 namespace vantrelle {
 
 using Bytes = std::vector<std::uint8_t>;
-using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>, Bytes>;
+using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>, Bytes,
+                                   std::vector<double>>;
 
 // The user defaults: a typed key-value store. The typed reads give nothing for an absent key or a
 // value of another type, and the caller falls back to its default.
@@ -33,6 +34,15 @@ public:
         return read<std::vector<std::string>>(key);
     }
     [[nodiscard]] std::optional<Bytes> bytes(std::string_view key) const { return read<Bytes>(key); }
+    // An array of numbers. An empty array reads as one whatever it was stored as, since JSON can't tell.
+    [[nodiscard]] std::optional<std::vector<double>> realArray(std::string_view key) const {
+        auto value = object(key);
+        if (!value) return std::nullopt;
+        if (auto* numbers = std::get_if<std::vector<double>>(&*value)) return std::move(*numbers);
+        if (auto* strings = std::get_if<std::vector<std::string>>(&*value); strings && strings->empty())
+            return std::vector<double>{};
+        return std::nullopt;
+    }
     // A stored integer reads as a double too, as a number would.
     [[nodiscard]] std::optional<double> real(std::string_view key) const {
         auto value = object(key);

@@ -46,6 +46,15 @@ std::optional<DefaultsValue> fromJson(const Json& json) {
         case Json::value_t::string:
             return DefaultsValue(json.get<std::string>());
         case Json::value_t::array: {
+            // All strings or all numbers; a mixed array is no shape the program writes.
+            if (!json.empty() && json.front().is_number()) {
+                std::vector<double> numbers;
+                for (const auto& element : json) {
+                    if (!element.is_number()) return std::nullopt;
+                    numbers.push_back(element.get<double>());
+                }
+                return DefaultsValue(std::move(numbers));
+            }
             std::vector<std::string> strings;
             for (const auto& element : json) {
                 if (!element.is_string()) return std::nullopt;

@@ -99,11 +99,13 @@ TEST(CollapsedPresentation, EveryKindFillsBothSides) {
     timers.pomodoroRemaining = 61;
     timers.pomodoroInBreak = true;
     timers.pomodoroPaused = true;
+    timers.pomodoroProgress = 0.5;
     timers.stopwatchElapsed = 3725;
     const auto pomodoro = collapsedCells(LiveActivity{LiveActivity::Pomodoro{}}, now, timers);
     EXPECT_EQ(pomodoro.leadingSymbol, "cup.and.saucer.fill");
     EXPECT_EQ(pomodoro.trailingText, "1:01");
     EXPECT_TRUE(pomodoro.dimmed);
+    EXPECT_EQ(pomodoro.ring, 0.5);
     EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::Stopwatch{}}, now, timers).trailingText, "1:02:05");
     EXPECT_EQ(collapsedCells(LiveActivity{LiveActivity::QuickTimer{}}, now, {}).trailingText, "--:--");
 

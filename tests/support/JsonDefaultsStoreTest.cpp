@@ -23,6 +23,8 @@ TEST(JsonDefaultsStore, EveryTypeSurvivesARestart) {
         store.set("tabs", std::vector<std::string>{"calc", "dashboard"});
         store.set("blob", Bytes{0, 1, 2, 250, 255});
         store.set("empty", Bytes{});
+        store.set("instants", std::vector<double>{1.5, 1'800'000'000.25});
+        store.set("none", std::vector<double>{});
     }
     JsonDefaultsStore reopened(file);
     EXPECT_EQ(reopened.boolean("flag"), true);
@@ -33,6 +35,10 @@ TEST(JsonDefaultsStore, EveryTypeSurvivesARestart) {
     EXPECT_EQ(reopened.stringArray("tabs"), (std::vector<std::string>{"calc", "dashboard"}));
     EXPECT_EQ(reopened.bytes("blob"), (Bytes{0, 1, 2, 250, 255}));
     EXPECT_EQ(reopened.bytes("empty"), Bytes{});
+    EXPECT_EQ(reopened.realArray("instants"), (std::vector<double>{1.5, 1'800'000'000.25}));
+    EXPECT_EQ(reopened.realArray("none"), std::vector<double>{})
+        << "an empty array is an empty list of numbers";
+    EXPECT_FALSE(reopened.realArray("tabs").has_value());
 }
 
 TEST(JsonDefaultsStore, WrongTypeOrAbsentKeyReadsAsNothing) {
@@ -48,11 +54,13 @@ TEST(JsonDefaultsStore, WrongTypeOrAbsentKeyReadsAsNothing) {
 
 TEST(JsonDefaultsStore, OddShapesInTheFileAreSkippedKeyByKey) {
     TempDir dir;
-    dir.write("d.json",
-              R"({"ok": 1, "mixed": ["a", 2], "nested": {"x": 1}, "nothing": null, "b": {"base64": "!!"}})");
+    dir.write(
+        "d.json",
+        R"({"ok": 1, "mixed": ["a", 2], "numbers": [1, "a"], "nested": {"x": 1}, "nothing": null, "b": {"base64": "!!"}})");
     JsonDefaultsStore store(dir / "d.json");
     EXPECT_EQ(store.integer("ok"), 1);
     EXPECT_FALSE(store.object("mixed").has_value());
+    EXPECT_FALSE(store.object("numbers").has_value());
     EXPECT_FALSE(store.object("nested").has_value());
     EXPECT_FALSE(store.object("nothing").has_value());
     EXPECT_FALSE(store.object("b").has_value());

@@ -10,14 +10,17 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/TempDir.h"
+#include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
@@ -43,7 +46,11 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView, &shelfView};
+        engine.viewModels.shell = &shell;
+        engine.viewModels.calc = &calcView;
+        engine.viewModels.aiUsage = &usageView;
+        engine.viewModels.shelf = &shelfView;
+        engine.viewModels.focus = &focusView;
         QImage photo(8, 8, QImage::Format_RGB32);
         photo.fill(Qt::red);
         photo.save(QString::fromStdString((home / "photo.png").string()));
@@ -53,6 +60,10 @@ protected:
     // Builds a component of the module; the errors it met, if any.
     std::vector<std::string> build(const QString& name, const QVariantMap& properties = {}) {
         QQmlComponent component(&engine, ShellEngine::componentUrl(name));
+        if (!component.isReady()) {  // Qt 6.4 crashes when asked to create a component that failed
+            for (const auto& error : component.errors()) problems.push_back(error.toString().toStdString());
+            return std::exchange(problems, {});
+        }
         std::unique_ptr<QObject> object(component.createWithInitialProperties(properties));
         for (const auto& error : component.errors()) problems.push_back(error.toString().toStdString());
         if (!object) problems.push_back(name.toStdString() + ": not created");
@@ -80,6 +91,14 @@ protected:
     ImageConverter converter{imageCodec, std::nullopt, home / "Converted"};
     ShelfStore shelf{{home / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};
     ShelfViewModel shelfView{shelf};
+    FakeDesktopNotifications desktopNotifications;
+    PomodoroNotifier pomodoroNotifier{&desktopNotifications, settings, notifications, true};
+    PomodoroModel pomodoro{PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities,
+                                                       notifications, sounds, pomodoroNotifier, nullptr,
+                                                       environment, true}};
+    QuickTimerModel quickTimer{{scheduler, scheduler, settings, activities, notifications, sounds}};
+    StopwatchModel stopwatch{scheduler, scheduler, activities};
+    FocusViewModel focusView{pomodoro, quickTimer, stopwatch, settings};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -137,11 +156,12 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     shell.registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
+    shell.registerToolView(NotchTab::focus, QStringLiteral("FocusView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -2,15 +2,18 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "ShelfViewModel.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeProcessTable.h"
 #include "fakes/ManualQueue.h"
 #include "fakes/TempDir.h"
+#include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
 
 namespace vantrelle::testing {
@@ -50,6 +53,67 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     activities.set(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::approval}},
                    LiveActivityCenter::Source::agentAlert);
     EXPECT_EQ(changes, 2);
+}
+
+class FocusViewModels : public ViewModels {
+protected:
+    FakeDesktopNotifications service;
+    PomodoroNotifier notifier{&service, settings, notifications, false};
+    PomodoroModel pomodoro{PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities,
+                                                       notifications, sounds, notifier, nullptr, environment,
+                                                       false}};
+    QuickTimerModel quick{{scheduler, scheduler, settings, activities, notifications, sounds}};
+    StopwatchModel stopwatch{scheduler, scheduler, activities};
+    FocusViewModel view{pomodoro, quick, stopwatch, settings};
+};
+
+TEST_F(FocusViewModels, TheStartButtonRunsTheSelectedModeThenPausesAndResumes) {
+    settings.setBreakMinutes(7);
+    view.selectMode(QStringLiteral("shortBreak"));
+    EXPECT_EQ(view.timeString(), "07:00");
+    view.startPause();
+    EXPECT_EQ(view.status(), "running");
+    EXPECT_TRUE(view.inBreak());
+    EXPECT_EQ(view.statusText(), "Break");
+    view.startPause();
+    EXPECT_EQ(view.status(), "paused");
+    view.startPause();
+    EXPECT_EQ(view.status(), "running");
+    view.selectMode(QStringLiteral("nonsense"));
+    EXPECT_EQ(view.mode(), "shortBreak");
+}
+
+TEST_F(FocusViewModels, ACustomTimerRemembersItsLengthAndBadLengthsAreRefused) {
+    view.startCustom(12);
+    EXPECT_EQ(settings.customTimerMinutes(), 12);
+    EXPECT_EQ(view.mode(), "custom");
+    EXPECT_EQ(view.timeString(), "12:00");
+    view.startCustom(0);
+    view.startQuick(-1);
+    EXPECT_EQ(settings.customTimerMinutes(), 12);
+    EXPECT_EQ(view.quickStatus(), "idle");
+}
+
+TEST_F(FocusViewModels, QuickTimerAndStopwatchSignalTheirOwnChanges) {
+    int focusChanges = 0, quickChanges = 0;
+    QObject::connect(&view, &FocusViewModel::changed, &view, [&] { ++focusChanges; });
+    QObject::connect(&view, &FocusViewModel::quickChanged, &view, [&] { ++quickChanges; });
+    view.startQuick(3);
+    EXPECT_EQ(view.quickLabel(), "3 min");
+    EXPECT_EQ(view.quickTime(), "03:00");
+    scheduler.advance(30);
+    EXPECT_EQ(view.quickTime(), "02:30");
+    EXPECT_GT(quickChanges, 0);
+    EXPECT_EQ(focusChanges, 0) << "an idle focus timer costs its views nothing";
+
+    view.startPauseStopwatch();
+    scheduler.advance(4.25);
+    view.lapOrResetStopwatch();
+    EXPECT_EQ(view.laps(), QStringList{QStringLiteral("Lap 1  00:04.2")});
+    view.startPauseStopwatch();
+    view.lapOrResetStopwatch();
+    EXPECT_EQ(view.stopwatchTime(), "00:00.0");
+    EXPECT_TRUE(view.laps().isEmpty());
 }
 
 TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOff) {
