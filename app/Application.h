@@ -9,6 +9,7 @@
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "InotifyFileWatcher.h"
+#include "NotesViewModel.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtMainScheduler.h"
@@ -16,6 +17,7 @@
 #include "QuickOverlayWindows.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "TasksViewModel.h"
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
@@ -26,6 +28,8 @@
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "notes/NotesStore.h"
+#include "notes/TaskStore.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -78,11 +82,15 @@ private:
     ProcProcessTable m_processes;
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
+    NotesStore m_notes;
+    TaskStore m_tasks;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    std::unique_ptr<NotesViewModel> m_notesView;
+    std::unique_ptr<TasksViewModel> m_tasksView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

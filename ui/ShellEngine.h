@@ -8,7 +8,9 @@ namespace vantrelle {
 
 class AIUsageViewModel;
 class CalcViewModel;
+class NotesViewModel;
 class ShellModel;
+class TasksViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -23,6 +25,8 @@ public:
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
+        NotesViewModel* notes = nullptr;
+        TasksViewModel* tasks = nullptr;
     };
     ViewModels viewModels;
 

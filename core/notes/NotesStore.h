@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -25,6 +26,8 @@ class NotesStore {
 public:
     // Only the last edit of a burst of typing this close together saves.
     static constexpr double kSaveDebounce = 0.6;
+    // The Dashboard tile lists this many of the latest notes that have text.
+    static constexpr std::size_t kLatestShown = 3;
 
     struct Dependencies {
         std::filesystem::path dataRoot;  // the "Vantrelle" data folder

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -17,6 +18,9 @@ namespace vantrelle {
 // In demo mode the items are canned and nothing is read or written. Main thread only.
 class TaskStore {
 public:
+    // The Dashboard tile lists this many of the open items.
+    static constexpr std::size_t kOpenShown = 4;
+
     struct Dependencies {
         std::filesystem::path dataRoot;  // the "Vantrelle" data folder
         std::filesystem::path tempDir;   // demo mode's file lies here

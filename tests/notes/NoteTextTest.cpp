@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "fakes/ScopedTimeZone.h"
+#include "notes/ChangeLabel.h"
 #include "notes/Note.h"
 #include "notes/Uuid.h"
 
@@ -73,6 +75,25 @@ TEST(NoteTextTest, UuidsAreVersionFourUpperCaseAndDistinct) {
     for (const char* bad : {"", "6C1E0F3A2B8D4E7A9C510D4F8A2B6E01", "6C1E0F3A-2B8D-4E7A-9C51-0D4F8A2B6E0G",
                             "6C1E0F3A-2B8D-4E7A-9C51_0D4F8A2B6E01"}) {
         EXPECT_EQ(Uuid::normalized(bad), std::nullopt) << bad;
+    }
+}
+
+TEST(NoteTextTest, ChangeLabelsReadInTheLocalCalendar) {
+    testing::ScopedTimeZone zone("Europe/Berlin");
+    const Date now{1'763'900'000.0};  // Sunday 2025-11-23 13:13:20 in Berlin
+    const std::vector<std::pair<double, std::string>> cases = {
+        {0, "13:13"},
+        {-13 * 3600.0 - 13 * 60 - 20, "00:00"},      // the first second of today
+        {-13 * 3600.0 - 13 * 60 - 21, "Yesterday"},  // the last of yesterday
+        {-2 * 86400.0, "Fri"},
+        {-6 * 86400.0, "Mon"},
+        {-7 * 86400.0, "16 Nov"},
+        {-330 * 86400.0, "28 Dec 2024"},
+        {3600, "14:13"},  // a clock set back: still today
+    };
+    for (const auto& [offset, label] : cases) {
+        SCOPED_TRACE(label);
+        EXPECT_EQ(changeLabel(now + offset, now), label);
     }
 }
 

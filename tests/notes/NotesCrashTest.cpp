@@ -8,6 +8,7 @@
 #include "fakes/TempDir.h"
 #include "notes/NotesStore.h"
 #include "platform/VirtualScheduler.h"
+#include "support/AtomicFile.h"
 
 extern char** environ;
 
@@ -74,6 +75,12 @@ TEST(NotesCrashTest, AWriterKilledMidSaveAlwaysLeavesAFileThatLoads) {
         EXPECT_TRUE(store.notes()[0].body.starts_with("iteration "));
         ASSERT_TRUE(testing::unreadableCopies(root / "notes.json").empty());
     }
+    // The temporaries that killed writes left behind show the kills did land in the middle of saves.
+    int interrupted = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(root)) {
+        if (isTemporaryFileName(entry.path().filename().string())) ++interrupted;
+    }
+    EXPECT_GT(interrupted, 0);
 }
 
 }  // namespace

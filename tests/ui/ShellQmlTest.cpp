@@ -10,8 +10,10 @@
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "GuiApplication.h"
+#include "NotesViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "TasksViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/TempDir.h"
@@ -41,6 +43,8 @@ protected:
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
         engine.viewModels = {&shell, &calcView, &usageView};
+        engine.viewModels.notes = &notesView;
+        engine.viewModels.tasks = &tasksView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -69,6 +73,11 @@ protected:
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
+    TempDir notesHome;
+    NotesStore notes{{notesHome.path(), notesHome.path(), scheduler, scheduler, notifications, true, {}}};
+    NotesViewModel notesView{notes, scheduler};
+    TaskStore tasks{{notesHome.path(), notesHome.path(), scheduler, true, {}}};
+    TasksViewModel tasksView{tasks};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -119,11 +128,15 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
 TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    shell.registerToolView(NotchTab::notes, QStringLiteral("NotesView"));
+    shell.registerToolView(NotchTab::tasks, QStringLiteral("TasksView"));
+    shell.registerTileView(DashTile::notes, QStringLiteral("NotesTile"));
+    shell.registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes", "tasks"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
