@@ -27,7 +27,7 @@ public:
     // Only the last edit of a burst of typing this close together saves.
     static constexpr double kSaveDebounce = 0.6;
     // The Dashboard tile lists this many of the latest notes that have text.
-    static constexpr std::size_t kLatestShown = 3;
+    static constexpr std::size_t kLatestShown = 2;
 
     struct Dependencies {
         std::filesystem::path dataRoot;  // the "Vantrelle" data folder

@@ -19,7 +19,7 @@ namespace vantrelle {
 class TaskStore {
 public:
     // The Dashboard tile lists this many of the open items.
-    static constexpr std::size_t kOpenShown = 4;
+    static constexpr std::size_t kOpenShown = 3;
 
     struct Dependencies {
         std::filesystem::path dataRoot;  // the "Vantrelle" data folder

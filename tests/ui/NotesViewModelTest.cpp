@@ -64,7 +64,7 @@ TEST_F(NotesAndTasksViewModels, TheNotesTileListsTheLatestNotesWithText) {
     auto& latest = *view.latest();
     ASSERT_EQ(latest.count(), static_cast<int>(NotesStore::kLatestShown));
     EXPECT_EQ(cell(latest, 0, "title"), "four");
-    EXPECT_EQ(cell(latest, 2, "title"), "two");
+    EXPECT_EQ(cell(latest, 1, "title"), "three");
     EXPECT_EQ(view.filledCount(), 4);
     view.close();  // the panel closing drops the blank note
     EXPECT_EQ(view.notes()->count(), 4);

@@ -3,9 +3,10 @@ import Vantrelle.Shell
 
 // The notes tile: the latest notes that have text, title and first line.
 Item {
+    clip: true
     Column {
-        anchors.fill: parent
-        spacing: 6
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        spacing: 5
         Repeater {
             model: Notes.latest
             Column {

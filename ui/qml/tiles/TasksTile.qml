@@ -1,26 +1,36 @@
 import QtQuick
 import Vantrelle.Shell
 
-// The tasks tile: how many are open and the first of them.
-Column {
-    spacing: 4
-    Text {
-        text: Tasks.openCount === 0 ? "All clear" : Tasks.openCount + " open"
-        color: Theme.label
-        font.pixelSize: 18
-        font.weight: Font.Bold
-    }
-    Repeater {
-        model: Tasks.nextTasks
-        Row {
-            id: task
-            required property string title
-            width: parent.width
-            spacing: 6
-            Icon { glyph: Shell.glyph("checkmark.circle"); size: 11; color: Theme.secondaryLabel
-                   anchors.verticalCenter: parent.verticalCenter }
-            Text { width: parent.width - 17; text: task.title; color: Theme.label; font.pixelSize: 11
-                   elide: Text.ElideRight }
+// The tasks tile: the first open tasks and how many there are.
+Item {
+    clip: true
+    Column {
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        spacing: 3
+        Repeater {
+            model: Tasks.nextTasks
+            Row {
+                id: task
+                required property string title
+                width: parent.width
+                spacing: 6
+                Rectangle {
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 9; height: 9; radius: 4.5
+                    color: "transparent"
+                    border.color: Theme.secondaryLabel
+                    border.width: 1
+                }
+                Text { width: parent.width - 15; text: task.title; color: Theme.label; font.pixelSize: 11
+                       elide: Text.ElideRight }
+            }
         }
+    }
+    Text {
+        anchors.bottom: parent.bottom
+        text: Tasks.openCount === 0 ? (Tasks.doneCount > 0 ? "All done" : "No tasks yet")
+                                    : Tasks.openCount + " open" + (Tasks.doneCount > 0 ? " · " + Tasks.doneCount + " done" : "")
+        color: Theme.secondaryLabel
+        font.pixelSize: 10
     }
 }

@@ -7,7 +7,10 @@ Item {
     // Opening the panel picks a note to edit; closing it drops the notes left empty.
     property bool shownNow: Shell.expanded
     onShownNowChanged: shownNow ? Notes.open() : Notes.close()
-    Component.onCompleted: if (shownNow) Notes.open()
+    Component.onCompleted: {
+        if (shownNow) Notes.open()
+        editor.forceActiveFocus()
+    }
     Component.onDestruction: Notes.close()
 
     Rectangle {
@@ -146,12 +149,19 @@ Item {
                 color: Theme.secondaryLabel
                 font.pixelSize: 10
             }
-            HeaderButton {
+            Rectangle {
                 id: deleteButton
                 visible: Notes.selectedId !== ""
-                glyph: Shell.glyph("xmark")
-                help: "Delete this note"
-                onClicked: Notes.remove(Notes.selectedId)
+                width: deleteLabel.implicitWidth + 16; height: 22; radius: 11
+                color: deleteHover.containsMouse ? "#3A3A3C" : Theme.surfaceStrong
+                Text { id: deleteLabel; anchors.centerIn: parent; text: "Delete"; color: Theme.secondaryLabel; font.pixelSize: 11 }
+                MouseArea {
+                    id: deleteHover
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    cursorShape: Qt.PointingHandCursor
+                    onClicked: Notes.remove(Notes.selectedId)
+                }
             }
         }
     }

@@ -45,12 +45,26 @@ Item {
         radius: 8
         color: rowHover.containsMouse ? Qt.rgba(1, 1, 1, 0.05) : "transparent"
         MouseArea { id: rowHover; anchors.fill: parent; hoverEnabled: true }
-        Icon {
+        // An empty ring while open, a filled tick once done.
+        Item {
             id: tick
             anchors { left: parent.left; leftMargin: 8; verticalCenter: parent.verticalCenter }
-            glyph: Shell.glyph(row.isDone ? "checkmark.circle.fill" : "checkmark.circle")
-            size: 17
-            color: row.isDone ? Theme.positive : Theme.secondaryLabel
+            width: 18; height: 18
+            Rectangle {
+                anchors.centerIn: parent
+                visible: !row.isDone
+                width: 15; height: 15; radius: 7.5
+                color: "transparent"
+                border.color: Theme.secondaryLabel
+                border.width: 1.5
+            }
+            Icon {
+                anchors.centerIn: parent
+                visible: row.isDone
+                glyph: Shell.glyph("checkmark.circle.fill")
+                size: 18
+                color: Theme.positive
+            }
             MouseArea {
                 anchors.fill: parent
                 anchors.margins: -4
@@ -67,14 +81,21 @@ Item {
             font.strikeout: row.isDone
             elide: Text.ElideRight
         }
-        HeaderButton {
+        Text {
             id: remove
-            anchors { right: parent.right; rightMargin: 6; verticalCenter: parent.verticalCenter }
+            anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
             visible: rowHover.containsMouse || removeArea.containsMouse
-            glyph: Shell.glyph("xmark")
-            help: "Delete"
-            onClicked: Tasks.remove(row.taskId)
-            MouseArea { id: removeArea; anchors.fill: parent; hoverEnabled: true; acceptedButtons: Qt.NoButton }
+            text: "Delete"
+            color: removeArea.containsMouse ? Theme.negative : Theme.secondaryLabel
+            font.pixelSize: 11
+            MouseArea {
+                id: removeArea
+                anchors.fill: parent
+                anchors.margins: -4
+                hoverEnabled: true
+                cursorShape: Qt.PointingHandCursor
+                onClicked: Tasks.remove(row.taskId)
+            }
         }
     }
 
