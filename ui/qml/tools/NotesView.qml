@@ -121,7 +121,8 @@ Item {
                 id: editor
                 width: scroller.width
                 text: Notes.text
-                onTextChanged: Notes.text = text
+                // Only typing goes back to the store: opening another note (or none) sets the text too.
+                onTextChanged: if (text !== Notes.text) Notes.text = text
                 onCursorRectangleChanged: scroller.keepCursorInView(cursorRectangle)
                 enabled: Notes.selectedId !== ""
                 textFormat: TextEdit.PlainText
