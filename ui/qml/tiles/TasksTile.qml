@@ -6,7 +6,7 @@ Item {
     clip: true
     Column {
         anchors { left: parent.left; right: parent.right; top: parent.top }
-        spacing: 3
+        spacing: 1
         Repeater {
             model: Tasks.nextTasks
             Row {
@@ -21,7 +21,7 @@ Item {
                     border.color: Theme.secondaryLabel
                     border.width: 1
                 }
-                Text { width: parent.width - 15; text: task.title; color: Theme.label; font.pixelSize: 11
+                Text { width: parent.width - 15; text: task.title; color: Theme.label; font.pixelSize: 10
                        elide: Text.ElideRight }
             }
         }
