@@ -22,6 +22,17 @@ Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
 namespace vantrelle {
 
+namespace {
+
+// Where demo mode's store files go, so a recording never touches the user's.
+std::filesystem::path temporaryFolder() {
+    std::error_code error;
+    auto folder = std::filesystem::temp_directory_path(error);
+    return error ? std::filesystem::path("/tmp") : folder;
+}
+
+}  // namespace
+
 Application::LaunchFilesReady::LaunchFilesReady(const AppPaths& paths) {
     prepareLaunchFiles(paths, SystemClock::shared());
 }
@@ -76,6 +87,15 @@ Application::Application(const Environment& environment)
       m_quickTimer(QuickTimerModel::Dependencies{SystemClock::shared(), m_scheduler, m_settings, m_activities,
                                                  NotificationCenter::shared(), m_sounds}),
       m_stopwatch(SystemClock::shared(), m_scheduler, m_activities),
+      m_notes(NotesStore::Dependencies{m_paths.dataRoot(),
+                                       temporaryFolder(),
+                                       SystemClock::shared(),
+                                       m_scheduler,
+                                       NotificationCenter::shared(),
+                                       DemoMode::isOn(),
+                                       {}}),
+      m_tasks(TaskStore::Dependencies{
+          m_paths.dataRoot(), temporaryFolder(), SystemClock::shared(), DemoMode::isOn(), {}}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -103,6 +123,11 @@ Application::Application(const Environment& environment)
     SharedInstance<PomodoroModel>::install(&m_pomodoro);
     SharedInstance<QuickTimerModel>::install(&m_quickTimer);
     SharedInstance<StopwatchModel>::install(&m_stopwatch);
+    SharedInstance<NotesStore>::install(&m_notes);
+    SharedInstance<TaskStore>::install(&m_tasks);
+    // The end of the event loop is the program's termination: stores flush their pending saves.
+    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &m_windows,
+                     [] { NotificationCenter::shared().post(Notifications::applicationWillTerminate); });
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
@@ -136,6 +161,8 @@ Application::~Application() {
     SharedInstance<PomodoroModel>::install(nullptr);
     SharedInstance<QuickTimerModel>::install(nullptr);
     SharedInstance<StopwatchModel>::install(nullptr);
+    SharedInstance<NotesStore>::install(nullptr);
+    SharedInstance<TaskStore>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -182,6 +209,15 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.aiUsage = m_aiUsageView.get();
     m_engine.viewModels.shelf = m_shelfView.get();
     m_engine.viewModels.focus = m_focusView.get();
+    // Notes and tasks.
+    m_notesView = std::make_unique<NotesViewModel>(m_notes, SystemClock::shared());
+    m_tasksView = std::make_unique<TasksViewModel>(m_tasks);
+    m_shell->registerToolView(NotchTab::notes, QStringLiteral("NotesView"));
+    m_shell->registerToolView(NotchTab::tasks, QStringLiteral("TasksView"));
+    m_shell->registerTileView(DashTile::notes, QStringLiteral("NotesTile"));
+    m_shell->registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
+    m_engine.viewModels.notes = m_notesView.get();
+    m_engine.viewModels.tasks = m_tasksView.get();
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {

@@ -10,6 +10,7 @@
 #include "CanberraSoundPlayer.h"
 #include "FocusViewModel.h"
 #include "InotifyFileWatcher.h"
+#include "NotesViewModel.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtImageCodec.h"
@@ -19,6 +20,7 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "TasksViewModel.h"
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
@@ -37,6 +39,8 @@
 #include "focus/QuickTimerModel.h"
 #include "focus/StopwatchModel.h"
 #include "notifications/DBusDesktopNotifications.h"
+#include "notes/NotesStore.h"
+#include "notes/TaskStore.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -102,6 +106,8 @@ private:
     PomodoroModel m_pomodoro;
     QuickTimerModel m_quickTimer;
     StopwatchModel m_stopwatch;
+    NotesStore m_notes;
+    TaskStore m_tasks;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
@@ -109,6 +115,8 @@ private:
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
     std::unique_ptr<ShelfViewModel> m_shelfView;
     std::unique_ptr<FocusViewModel> m_focusView;
+    std::unique_ptr<NotesViewModel> m_notesView;
+    std::unique_ptr<TasksViewModel> m_tasksView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

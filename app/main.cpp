@@ -6,6 +6,7 @@
 #include "CalcCommand.h"
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
+#include "TerminationSignals.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -24,6 +25,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vantrelle"));
     QApplication::setQuitOnLastWindowClosed(false);  // closing a window never ends the program
+    // A logout or a `kill` ends the program the way Quit does, so pending saves are written first.
+    TerminationSignals termination([](int) { QCoreApplication::quit(); });
 
     ThreadQueueFactory logQueues;
     DebugLog::configureFromEnvironment(ProcessEnvironment::shared(), logQueues);

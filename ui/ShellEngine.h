@@ -10,7 +10,9 @@ class AIUsageViewModel;
 class CalcViewModel;
 class ShelfViewModel;
 class FocusViewModel;
+class NotesViewModel;
 class ShellModel;
+class TasksViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -27,6 +29,8 @@ public:
         AIUsageViewModel* aiUsage = nullptr;
         ShelfViewModel* shelf = nullptr;
         FocusViewModel* focus = nullptr;
+        NotesViewModel* notes = nullptr;
+        TasksViewModel* tasks = nullptr;
     };
     ViewModels viewModels;
 

@@ -19,6 +19,8 @@ inline constexpr std::string_view pomodoroRevealRequested = "Vantrelle.pomodoroR
 inline constexpr std::string_view meetingHeadsUp = "Vantrelle.meetingHeadsUp";
 inline constexpr std::string_view claudeNeedsUser = "Vantrelle.claudeNeedsUser";
 inline constexpr std::string_view tavoRunStepAside = "Vantrelle.tavoRunStepAside";
+// The process is about to end: stores that debounce their saves flush them.
+inline constexpr std::string_view applicationWillTerminate = "Vantrelle.applicationWillTerminate";
 }  // namespace Notifications
 
 // In-process notifications for the few events that cross subsystems, some with a message for the

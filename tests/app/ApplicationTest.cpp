@@ -72,6 +72,25 @@ TEST_F(ApplicationTest, AMigratedWrappedHistorySurvivesTheLaunchAndTheNextSave) 
     EXPECT_EQ(SharedInstance<WrappedHistory>::get().days().at(yesterday).focusBlocks, 4);
 }
 
+TEST_F(ApplicationTest, QuittingRightAfterTypingKeepsTheNote) {
+    const fs::path notes = home / ".local/share/Vantrelle/notes.json";
+    {
+        Application app(environment);
+        app.launch();
+        SharedInstance<NotesStore>::get().setText("typed just before quitting");
+        // The debounce is still waiting; only the end of the event loop can have saved it.
+        ASSERT_EQ(readWholeFile(notes).value_or("").find("typed"), std::string::npos);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
+                                  Qt::QueuedConnection);
+        QCoreApplication::exec();
+    }
+    EXPECT_NE(readWholeFile(notes).value_or("").find("typed just before quitting"), std::string::npos);
+
+    Application restarted(environment);
+    ASSERT_EQ(SharedInstance<NotesStore>::get().notes().size(), 1u);
+    EXPECT_EQ(SharedInstance<NotesStore>::get().notes()[0].body, "typed just before quitting");
+}
+
 TEST_F(ApplicationTest, TemporaryFilesOfAKilledWriterAreGoneAfterTheNextStart) {
     const std::vector<fs::path> leftovers = {
         home.write(".config/Vantrelle/" + temporaryFilePrefix("defaults.json") + "Ab12Cd", "{\"half"),

@@ -13,8 +13,10 @@
 #include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "ShelfViewModel.h"
+#include "NotesViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "TasksViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
@@ -55,6 +57,8 @@ protected:
         photo.fill(Qt::red);
         photo.save(QString::fromStdString((home / "photo.png").string()));
         shelf.add({home.write("shelf/notes.txt", "n"), home / "photo.png"});
+        engine.viewModels.notes = &notesView;
+        engine.viewModels.tasks = &tasksView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -99,6 +103,11 @@ protected:
     QuickTimerModel quickTimer{{scheduler, scheduler, settings, activities, notifications, sounds}};
     StopwatchModel stopwatch{scheduler, scheduler, activities};
     FocusViewModel focusView{pomodoro, quickTimer, stopwatch, settings};
+    TempDir notesHome;
+    NotesStore notes{{notesHome.path(), notesHome.path(), scheduler, scheduler, notifications, true, {}}};
+    NotesViewModel notesView{notes, scheduler};
+    TaskStore tasks{{notesHome.path(), notesHome.path(), scheduler, true, {}}};
+    TasksViewModel tasksView{tasks};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -157,11 +166,15 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     shell.registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
     shell.registerToolView(NotchTab::focus, QStringLiteral("FocusView"));
+    shell.registerToolView(NotchTab::notes, QStringLiteral("NotesView"));
+    shell.registerToolView(NotchTab::tasks, QStringLiteral("TasksView"));
+    shell.registerTileView(DashTile::notes, QStringLiteral("NotesTile"));
+    shell.registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -6,7 +6,8 @@ set -euo pipefail
 app=${1:?usage: notch_ui_test.sh <vantrelle binary>}
 work=$(mktemp -d)
 log=$work/v.log
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+# The program ends cleanly on SIGTERM, still writing its files: wait for it before removing them.
+trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
 

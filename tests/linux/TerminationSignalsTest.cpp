@@ -1,0 +1,36 @@
+#include <csignal>
+
+#include "TerminationSignals.h"
+#include "TestApplication.h"
+
+namespace vantrelle::testing {
+namespace {
+
+class TerminationSignalsTest : public EventLoopTest {};
+
+TEST_F(TerminationSignalsTest, EachSignalReachesTheMainThreadAsACall) {
+    for (int number : {SIGTERM, SIGHUP, SIGINT}) {
+        SCOPED_TRACE(number);
+        int received = 0;
+        TerminationSignals signals([&](int caught) { received = caught; });
+        ASSERT_TRUE(signals.isActive());
+        ASSERT_EQ(::raise(number), 0);
+        EXPECT_EQ(received, 0) << "the handler itself calls nothing";
+        EXPECT_TRUE(spinUntil([&] { return received != 0; }));
+        EXPECT_EQ(received, number);
+    }
+}
+
+TEST_F(TerminationSignalsTest, TheEarlierHandlerIsBackAfterwards) {
+    static int earlier = 0;
+    auto* previous = std::signal(SIGHUP, [](int) { earlier = 1; });
+    {
+        TerminationSignals signals([](int) {});
+    }
+    ASSERT_EQ(::raise(SIGHUP), 0);
+    EXPECT_EQ(earlier, 1);
+    std::signal(SIGHUP, previous);
+}
+
+}  // namespace
+}  // namespace vantrelle::testing

@@ -1,0 +1,303 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "NotesTestSupport.h"
+#include "fakes/LogCapture.h"
+#include "fakes/TempDir.h"
+#include "notes/NotesJson.h"
+#include "notes/NotesStore.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::countedId;
+
+class NotesStoreTest : public ::testing::Test {
+protected:
+    std::unique_ptr<NotesStore> open(bool demo = false) {
+        return std::make_unique<NotesStore>(NotesStore::Dependencies{
+            root, dir / "tmp", clock, clock, notifications, demo, testing::countingIds()});
+    }
+    // What the file holds now, as a fresh start would read it.
+    std::vector<Note> stored() const {
+        const auto notes = NotesJson::decodeNotes(dir.read("Vantrelle/notes.json"));
+        EXPECT_TRUE(notes.has_value());
+        return notes.value_or(std::vector<Note>{});
+    }
+    void quit() { notifications.post(Notifications::applicationWillTerminate); }
+
+    testing::TempDir dir;
+    fs::path root = dir / "Vantrelle";
+    fs::path file = root / "notes.json";
+    VirtualScheduler clock{Date{1'900'000'000.0}};
+    NotificationCenter notifications;
+};
+
+TEST_F(NotesStoreTest, QuittingShortlyAfterTheLastKeyStrokeKeepsTheEdit) {
+    auto store = open();
+    store->setText("Standup");
+    clock.advance(NotesStore::kSaveDebounce);
+    ASSERT_EQ(stored().at(0).body, "Standup");
+    store->setText("Standup notes");
+    clock.advance(0.3);
+    EXPECT_EQ(stored().at(0).body, "Standup");  // the debounce hasn't fired yet
+    quit();
+    store.reset();
+    EXPECT_EQ(stored().at(0).body, "Standup notes");
+    EXPECT_EQ(open()->notes().at(0).body, "Standup notes");
+}
+
+TEST_F(NotesStoreTest, OnlyTheLastEditOfABurstSavesTheDebounceAfterIt) {
+    auto store = open();
+    const Date start = clock.now();
+    for (const char* text : {"a", "ab", "abc"}) {
+        store->setText(text);
+        clock.advance(0.5);
+    }
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_FALSE(store->lastSaved());
+    clock.advance(0.09);
+    EXPECT_FALSE(fs::exists(file));
+    clock.advance(0.01);
+    EXPECT_EQ(store->lastSaved(), start + 1.6);
+    EXPECT_EQ(stored().at(0).body, "abc");
+    EXPECT_FALSE(store->hasPendingSave());
+}
+
+TEST_F(NotesStoreTest, TheSameTextAgainChangesNothing) {
+    auto store = open();
+    store->setText("x");
+    clock.advance(1);
+    const Date saved = *store->lastSaved();
+    const Date updated = store->current()->updatedAt;
+    store->setText("x");
+    EXPECT_FALSE(store->hasPendingSave());
+    EXPECT_EQ(store->current()->updatedAt, updated);
+    clock.advance(1);
+    EXPECT_EQ(store->lastSaved(), saved);
+}
+
+TEST_F(NotesStoreTest, NotesSurviveARestartNewestFirstWithTheirDates) {
+    {
+        auto store = open();
+        store->setText("first");
+        clock.advance(10);
+        store->newNote("second");
+        clock.advance(5);
+        store->select(countedId(1));
+        store->setText("first, edited");
+        clock.advance(1);
+    }
+    auto again = open();
+    ASSERT_EQ(again->notes().size(), 2u);
+    EXPECT_EQ(again->notes()[0].body, "second");
+    EXPECT_EQ(again->notes()[1].body, "first, edited");
+    EXPECT_EQ(again->notes()[1].createdAt, Date{1'900'000'000.0});
+    EXPECT_EQ(again->notes()[1].updatedAt, Date{1'900'000'015.0});
+    EXPECT_FALSE(again->selectedId());
+    EXPECT_EQ(again->text(), "");
+}
+
+TEST_F(NotesStoreTest, LoadingSortsByCreationNewestFirstAndKeepsTheOrderOfTies) {
+    dir.write("Vantrelle/notes.json", NotesJson::encodeNotes({
+                                          {countedId(1), "old", Date{978'307'300.0}, Date{978'307'300.0}},
+                                          {countedId(2), "tie a", Date{978'307'400.0}, Date{978'307'400.0}},
+                                          {countedId(3), "tie b", Date{978'307'400.0}, Date{978'307'400.0}},
+                                          {countedId(4), "new", Date{978'307'500.0}, Date{978'307'500.0}},
+                                      }));
+    auto store = open();
+    std::vector<std::string> bodies;
+    for (const Note& note : store->notes()) bodies.push_back(note.body);
+    EXPECT_EQ(bodies, (std::vector<std::string>{"new", "tie a", "tie b", "old"}));
+}
+
+TEST_F(NotesStoreTest, AnUnreadableFileIsMovedAsideAndTheNextSaveStartsAFreshOne) {
+    const std::vector<std::pair<const char*, std::string>> cases = {
+        {"not JSON", "{\"id\": "},
+        {"an object, not a list", R"({"notes": []})"},
+        {"a note without a body",
+         R"([{"id":"00000000-0000-4000-8000-000000000001","createdAt":1,"updatedAt":1}])"},
+        {"an id that isn't a UUID", R"([{"id":"seven","body":"x","createdAt":1,"updatedAt":1}])"},
+        {"a date as text",
+         R"([{"id":"00000000-0000-4000-8000-000000000001","body":"x","createdAt":"now","updatedAt":1}])"},
+        {"deeply nested", std::string(100'000, '[')},
+    };
+    for (const auto& [name, contents] : cases) {
+        SCOPED_TRACE(name);
+        fs::remove_all(root);
+        dir.write("Vantrelle/notes.json", contents);
+        auto store = open();
+        EXPECT_TRUE(store->notes().empty());
+        const auto copies = testing::unreadableCopies(file);
+        ASSERT_EQ(copies.size(), 1u);
+        EXPECT_EQ(dir.read(fs::relative(copies[0], dir.path()).string()), contents);
+        EXPECT_FALSE(fs::exists(file));
+        store->setText("fresh");
+        clock.advance(1);
+        EXPECT_EQ(stored().at(0).body, "fresh");
+    }
+}
+
+TEST_F(NotesStoreTest, TheLegacyMarkdownFileBecomesOneNoteAndIsMovedAsideOnce) {
+    const fs::path legacy = dir.write("Vantrelle/notes.md", "# Ideas\n- one\n- two\n");
+    const auto modified = fs::file_time_type::clock::now() - std::chrono::hours(30);
+    fs::last_write_time(legacy, modified);
+    {
+        auto store = open();
+        ASSERT_EQ(store->notes().size(), 1u);
+        const Note& note = store->notes()[0];
+        EXPECT_EQ(note.body, "# Ideas\n- one\n- two\n");
+        EXPECT_EQ(NoteText::title(note.body), "# Ideas");
+        // The file's own modification time, not the store's clock.
+        const auto expected =
+            std::chrono::duration<double>(std::chrono::file_clock::to_sys(modified).time_since_epoch());
+        EXPECT_NEAR(note.updatedAt.seconds, expected.count(), 0.001);
+        EXPECT_EQ(stored(), store->notes());
+        EXPECT_TRUE(store->lastSaved());
+    }
+    EXPECT_FALSE(fs::exists(legacy));
+    EXPECT_EQ(dir.read("Vantrelle/notes.md.migrated"), "# Ideas\n- one\n- two\n");
+
+    // The second start reads the new file; the migrated copy is left alone and nothing is added.
+    auto again = open();
+    EXPECT_EQ(again->notes().size(), 1u);
+    EXPECT_EQ(dir.read("Vantrelle/notes.md.migrated"), "# Ideas\n- one\n- two\n");
+}
+
+TEST_F(NotesStoreTest, AnUnreadableFileFallsBackToTheLegacyFile) {
+    dir.write("Vantrelle/notes.json", "garbage");
+    dir.write("Vantrelle/notes.md", "kept");
+    auto store = open();
+    ASSERT_EQ(store->notes().size(), 1u);
+    EXPECT_EQ(store->notes()[0].body, "kept");
+    EXPECT_EQ(testing::unreadableCopies(file).size(), 1u);
+    EXPECT_EQ(stored().at(0).body, "kept");
+}
+
+TEST_F(NotesStoreTest, NewNoteReusesABlankNoteRatherThanMakingASecond) {
+    auto store = open();
+    const std::string blankId = store->newNote().id;
+    EXPECT_EQ(store->newNote("written").id, blankId);
+    EXPECT_EQ(store->notes().size(), 1u);  // the blank one was taken for "written"
+    EXPECT_EQ(store->current()->body, "written");
+
+    store->newNote();
+    ASSERT_EQ(store->notes().size(), 2u);
+    const std::string second = *store->selectedId();
+    store->newNote("\n  \t");
+    EXPECT_EQ(store->notes().size(), 2u);
+    EXPECT_EQ(store->selectedId(), second);
+}
+
+TEST_F(NotesStoreTest, TypingWithoutASelectionStartsANote) {
+    auto store = open();
+    store->setText("hello");
+    ASSERT_TRUE(store->current());
+    EXPECT_EQ(store->current()->body, "hello");
+    EXPECT_EQ(store->text(), "hello");
+    EXPECT_EQ(store->current()->createdAt, clock.now());
+}
+
+TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) {
+    auto store = open();
+    for (const char* body : {"c", "b", "a"}) {
+        store->newNote(body);
+        clock.advance(1);
+    }
+    // Order: a(3) b(2) c(1).
+    store->select(countedId(2));
+    store->remove(countedId(2));
+    EXPECT_EQ(store->current()->body, "c");  // the note now in its place
+    EXPECT_EQ(stored().size(), 2u);          // saved without waiting
+    store->remove(countedId(1));
+    EXPECT_EQ(store->current()->body, "a");  // nothing after it: the one before
+    store->select(countedId(3));
+    store->remove("not-an-id");
+    EXPECT_EQ(store->notes().size(), 1u);
+    store->remove(countedId(3));
+    EXPECT_FALSE(store->selectedId());
+    EXPECT_TRUE(stored().empty());
+}
+
+TEST_F(NotesStoreTest, DeletingAnotherNoteKeepsTheSelection) {
+    auto store = open();
+    store->newNote("one");
+    store->newNote("two");
+    store->remove(countedId(1));
+    EXPECT_EQ(store->current()->body, "two");
+}
+
+TEST_F(NotesStoreTest, EnsureSelectionPicksTheFirstNoteOrStartsOne) {
+    auto store = open();
+    store->ensureSelection();
+    ASSERT_EQ(store->notes().size(), 1u);
+    EXPECT_EQ(store->selectedId(), countedId(1));
+    store->setText("x");
+    clock.advance(1);
+
+    auto again = open();
+    EXPECT_FALSE(again->current());
+    again->ensureSelection();
+    EXPECT_EQ(again->selectedId(), countedId(1));
+    EXPECT_EQ(again->notes().size(), 1u);
+}
+
+TEST_F(NotesStoreTest, PruneBlanksDropsEmptyNotesAndAStaleSelection) {
+    auto store = open();
+    store->newNote("keep");
+    store->newNote(" \n ");
+    store->select(countedId(2));
+    EXPECT_EQ(store->nonEmpty().size(), 1u);
+    store->pruneBlanks();
+    ASSERT_EQ(store->notes().size(), 1u);
+    EXPECT_FALSE(store->selectedId());
+    EXPECT_FALSE(store->hasPendingSave());
+    EXPECT_EQ(stored().size(), 1u);
+}
+
+TEST_F(NotesStoreTest, SelectingAnUnknownIdKeepsTheSelection) {
+    auto store = open();
+    store->newNote("one");
+    store->select("00000000-0000-4000-8000-999999999999");
+    EXPECT_EQ(store->selectedId(), countedId(1));
+}
+
+TEST_F(NotesStoreTest, DemoModeShowsCannedNotesAndWritesNothing) {
+    dir.write("Vantrelle/notes.json",
+              NotesJson::encodeNotes({{countedId(1), "private", clock.now(), clock.now()}}));
+    auto store = open(/*demo=*/true);
+    ASSERT_GE(store->notes().size(), 3u);
+    for (const Note& note : store->notes()) {
+        EXPECT_NE(note.body, "private");
+        EXPECT_NE(NoteText::preview(note.body), "") << "demo notes have several lines";
+    }
+    EXPECT_EQ(store->filePath(), dir / "tmp" / "vantrelle-demo-notes.json");
+    EXPECT_EQ(store->legacyPath(), dir / "tmp" / "vantrelle-demo-notes.md");
+    store->ensureSelection();
+    store->setText("typed in a recording");
+    clock.advance(1);
+    quit();
+    store->remove(store->notes().back().id);
+    EXPECT_FALSE(fs::exists(dir / "tmp"));
+    EXPECT_EQ(stored().at(0).body, "private");
+}
+
+TEST_F(NotesStoreTest, AFailedSaveIsLoggedAndLeavesTheNotesAsTheyAre) {
+    testing::LogCapture log;
+    // A folder where the file belongs can't be replaced by a file.
+    fs::create_directories(file / "in-the-way");
+    auto store = open();
+    // Reading moved the folder aside; put one back so the save fails.
+    fs::create_directories(file / "in-the-way");
+    store->setText("unsaved");
+    clock.advance(1);
+    EXPECT_FALSE(store->lastSaved());
+    EXPECT_EQ(store->current()->body, "unsaved");
+    EXPECT_NE(log.text().find("notes: save failed: "), std::string::npos) << log.text();
+}
+
+}  // namespace
+}  // namespace vantrelle

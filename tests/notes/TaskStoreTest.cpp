@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "NotesTestSupport.h"
+#include "fakes/TempDir.h"
+#include "notes/NotesJson.h"
+#include "notes/TaskStore.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::countedId;
+
+class TaskStoreTest : public ::testing::Test {
+protected:
+    std::unique_ptr<TaskStore> open(bool demo = false) {
+        return std::make_unique<TaskStore>(
+            TaskStore::Dependencies{root, dir / "tmp", clock, demo, testing::countingIds()});
+    }
+    std::vector<TodoItem> stored() const {
+        const auto items = NotesJson::decodeTodos(dir.read("Vantrelle/tasks.json"));
+        EXPECT_TRUE(items.has_value());
+        return items.value_or(std::vector<TodoItem>{});
+    }
+    static std::vector<std::string> titles(const std::vector<TodoItem>& items) {
+        std::vector<std::string> result;
+        for (const TodoItem& item : items) result.push_back(item.title);
+        return result;
+    }
+
+    testing::TempDir dir;
+    fs::path root = dir / "Vantrelle";
+    fs::path file = root / "tasks.json";
+    VirtualScheduler clock{Date{1'900'000'000.0}};
+};
+
+TEST_F(TaskStoreTest, EveryChangeIsSavedAtOnceAndSurvivesARestart) {
+    {
+        auto store = open();
+        EXPECT_TRUE(store->add("  Fix rail overflow  "));
+        EXPECT_EQ(titles(stored()), (std::vector<std::string>{"Fix rail overflow"}));
+        EXPECT_TRUE(store->add("Record the tour"));
+        clock.advance(60);
+        store->toggle(countedId(1));
+    }
+    auto again = open();
+    ASSERT_EQ(again->items().size(), 2u);
+    const TodoItem& done = again->items()[0];
+    EXPECT_EQ(done.id, countedId(1));
+    EXPECT_TRUE(done.isDone);
+    EXPECT_EQ(done.createdAt, Date{1'900'000'000.0});
+    EXPECT_EQ(done.completedAt, Date{1'900'000'060.0});
+    EXPECT_FALSE(again->items()[1].completedAt);
+}
+
+TEST_F(TaskStoreTest, UndoingClearsTheCompletionAndDoingAgainGivesANewInstant) {
+    auto store = open();
+    store->add("Write tests");
+    store->toggle(countedId(1));
+    EXPECT_EQ(store->items()[0].completedAt, clock.now());
+    clock.advance(5);
+    store->toggle(countedId(1));
+    EXPECT_FALSE(store->items()[0].isDone);
+    EXPECT_FALSE(store->items()[0].completedAt);
+    EXPECT_FALSE(stored()[0].completedAt);
+    clock.advance(5);
+    store->toggle(countedId(1));
+    EXPECT_EQ(store->items()[0].completedAt, Date{1'900'000'010.0});
+}
+
+TEST_F(TaskStoreTest, AnOpenItemIsStoredWithoutACompletionKey) {
+    auto store = open();
+    store->add("open");
+    const std::string text = dir.read("Vantrelle/tasks.json");
+    EXPECT_EQ(text.find("completedAt"), std::string::npos) << text;
+    // Dates count from 2001-01-01 UTC.
+    EXPECT_NE(text.find("\"createdAt\":921692800"), std::string::npos) << text;
+}
+
+TEST_F(TaskStoreTest, ChangesAimedAtNothingNeitherChangeNorSave) {
+    auto store = open();
+    store->add("only");
+    fs::remove(file);
+    int changes = 0;
+    const Connection watching = store->changed.connect([&] { ++changes; });
+    store->toggle(countedId(9));
+    store->remove(countedId(9));
+    store->clearDone();
+    EXPECT_FALSE(store->add(" \n\t "));
+    EXPECT_EQ(changes, 0);
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(store->items().size(), 1u);
+}
+
+TEST_F(TaskStoreTest, OpenAndDoneKeepListOrderAndClearDoneRemovesOnlyDone) {
+    auto store = open();
+    for (const char* title : {"a", "b", "c", "d"}) store->add(title);
+    store->toggle(countedId(3));
+    store->toggle(countedId(1));
+    EXPECT_EQ(titles(store->openItems()), (std::vector<std::string>{"b", "d"}));
+    EXPECT_EQ(titles(store->doneItems()), (std::vector<std::string>{"a", "c"}));
+    store->remove(countedId(4));
+    store->clearDone();
+    EXPECT_EQ(titles(store->items()), (std::vector<std::string>{"b"}));
+    EXPECT_EQ(titles(stored()), (std::vector<std::string>{"b"}));
+}
+
+TEST_F(TaskStoreTest, AnUndecodableFileGivesAnEmptyListIsKeptAsideAndTheNextChangeWritesAfresh) {
+    const std::vector<std::pair<const char*, std::string>> cases = {
+        {"not JSON", "[{"},
+        {"isDone as text",
+         R"([{"id":"00000000-0000-4000-8000-000000000001","title":"x","isDone":"yes","createdAt":1}])"},
+        {"completedAt as text",
+         R"([{"id":"00000000-0000-4000-8000-000000000001","title":"x","isDone":true,"createdAt":1,"completedAt":"then"}])"},
+        {"a title missing", R"([{"id":"00000000-0000-4000-8000-000000000001","isDone":true,"createdAt":1}])"},
+    };
+    for (const auto& [name, contents] : cases) {
+        SCOPED_TRACE(name);
+        fs::remove_all(root);
+        dir.write("Vantrelle/tasks.json", contents);
+        auto store = open();
+        EXPECT_TRUE(store->items().empty());
+        EXPECT_EQ(testing::unreadableCopies(file).size(), 1u);
+        store->add("fresh");
+        EXPECT_EQ(titles(stored()), (std::vector<std::string>{"fresh"}));
+    }
+}
+
+TEST_F(TaskStoreTest, AnotherProgramsSpellingOfTheSameListLoads) {
+    // Lower-case ids, a null completion and keys in another order are the same list.
+    dir.write(
+        "Vantrelle/tasks.json",
+        R"([{"createdAt":10.5,"isDone":false,"title":"t","id":"abcdef01-2345-4678-89ab-cdef01234567","completedAt":null}])");
+    auto store = open();
+    ASSERT_EQ(store->items().size(), 1u);
+    EXPECT_EQ(store->items()[0].id, "ABCDEF01-2345-4678-89AB-CDEF01234567");
+    EXPECT_EQ(store->items()[0].createdAt, Date{978'307'210.5});
+    EXPECT_FALSE(store->items()[0].completedAt);
+}
+
+TEST_F(TaskStoreTest, DemoModeShowsCannedItemsAndWritesNothing) {
+    auto store = open(/*demo=*/true);
+    EXPECT_EQ(store->filePath(), dir / "tmp" / "vantrelle-demo-tasks.json");
+    ASSERT_FALSE(store->openItems().empty());
+    EXPECT_EQ(store->openItems()[0].title, "Fix rail overflow");
+    EXPECT_FALSE(store->doneItems().empty());
+    store->add("typed in a recording");
+    store->toggle(store->items()[0].id);
+    store->clearDone();
+    EXPECT_FALSE(fs::exists(dir / "tmp"));
+    EXPECT_FALSE(fs::exists(root));
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include "GuiApplication.h"
+#include "NotesViewModel.h"
+#include "TasksViewModel.h"
+#include "fakes/TempDir.h"
+#include "notes/NotesStore.h"
+#include "notes/TaskStore.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle::testing {
+namespace {
+
+QVariant cell(const QAbstractListModel& model, int row, const char* name) {
+    return model.data(model.index(row), model.roleNames().key(name, -1));
+}
+
+class NotesAndTasksViewModels : public ::testing::Test {
+protected:
+    NotesAndTasksViewModels() { guiApplication(); }
+
+    TempDir dir;
+    VirtualScheduler clock{Date{1'900'000'000.0}};
+    NotificationCenter notifications;
+    NotesStore notes{{dir / "Vantrelle", dir / "tmp", clock, clock, notifications, false, {}}};
+    TaskStore tasks{{dir / "Vantrelle", dir / "tmp", clock, false, {}}};
+};
+
+TEST_F(NotesAndTasksViewModels, TheEditorsTextIsAnnouncedOnlyWhenAnotherNoteOpens) {
+    NotesViewModel view(notes, clock);
+    int selections = 0;
+    QObject::connect(&view, &NotesViewModel::selectionChanged, &view, [&] { ++selections; });
+    view.open();
+    EXPECT_EQ(selections, 1);
+    // Typing reaches the store without the editor being told its own text back.
+    view.setText(QStringLiteral("Groceries\nmilk"));
+    view.setText(QStringLiteral("Groceries\nmilk, eggs"));
+    EXPECT_EQ(selections, 1);
+    EXPECT_EQ(notes.text(), "Groceries\nmilk, eggs");
+    EXPECT_EQ(view.savedLabel(), "Editing");
+    clock.advance(NotesStore::kSaveDebounce);
+    EXPECT_TRUE(view.savedLabel().startsWith(QStringLiteral("Saved ")));
+
+    auto& rows = *view.notes();
+    ASSERT_EQ(rows.count(), 1);
+    EXPECT_EQ(cell(rows, 0, "title"), "Groceries");
+    EXPECT_EQ(cell(rows, 0, "preview"), "milk, eggs");
+    EXPECT_EQ(cell(rows, 0, "selected"), true);
+
+    view.newNote();
+    EXPECT_EQ(selections, 2);
+    EXPECT_EQ(view.text(), "");
+    view.select(cell(rows, 1, "noteId").toString());
+    EXPECT_EQ(view.text(), "Groceries\nmilk, eggs");
+}
+
+TEST_F(NotesAndTasksViewModels, TheNotesTileListsTheLatestNotesWithText) {
+    NotesViewModel view(notes, clock);
+    for (const char* body : {"one", "two", "three", "four"}) {
+        notes.newNote(body);
+        clock.advance(1);
+    }
+    notes.newNote();  // blank: not on the tile
+    auto& latest = *view.latest();
+    ASSERT_EQ(latest.count(), static_cast<int>(NotesStore::kLatestShown));
+    EXPECT_EQ(cell(latest, 0, "title"), "four");
+    EXPECT_EQ(cell(latest, 1, "title"), "three");
+    EXPECT_EQ(view.filledCount(), 4);
+    view.close();  // the panel closing drops the blank note
+    EXPECT_EQ(view.notes()->count(), 4);
+}
+
+TEST_F(NotesAndTasksViewModels, TasksSplitIntoOpenAndDoneAndTheTileShowsTheFirstOpenOnes) {
+    TasksViewModel view(tasks);
+    for (const char* title : {"a", "b", "c", "d", "e", "f"}) view.add(QString::fromUtf8(title));
+    EXPECT_FALSE(view.add(QStringLiteral("   ")));
+    view.toggle(cell(*view.openTasks(), 0, "taskId").toString());
+    EXPECT_EQ(view.openCount(), 5);
+    EXPECT_EQ(view.doneCount(), 1);
+    EXPECT_EQ(cell(*view.doneTasks(), 0, "title"), "a");
+    EXPECT_EQ(cell(*view.doneTasks(), 0, "isDone"), true);
+    ASSERT_EQ(view.nextTasks()->count(), static_cast<int>(TaskStore::kOpenShown));
+    EXPECT_EQ(cell(*view.nextTasks(), 0, "title"), "b");
+    view.clearDone();
+    EXPECT_EQ(view.doneCount(), 0);
+    view.remove(cell(*view.openTasks(), 0, "taskId").toString());
+    EXPECT_EQ(cell(*view.openTasks(), 0, "title"), "c");
+}
+
+}  // namespace
+}  // namespace vantrelle::testing

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+#include "RowListModel.h"
+
+namespace vantrelle {
+
+// To-do items as a list shows them.
+class TaskListModel : public RowListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Read from Tasks.openTasks or Tasks.doneTasks")
+
+public:
+    enum class Role {
+        taskId = Qt::UserRole + 1,
+        title,
+        isDone,
+    };
+    Q_ENUM(Role)
+
+    struct Row {
+        QString taskId;
+        QString title;
+        bool isDone = false;
+        bool operator==(const Row&) const = default;
+    };
+
+    using RowListModel::RowListModel;
+
+    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
+    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
+
+    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+private:
+    std::vector<Row> m_rows;
+};
+
+}  // namespace vantrelle
