@@ -193,7 +193,7 @@ TEST_F(MediaControllerTest, PausedActivityLeavesTheNotchAfterSixtySeconds) {
 }
 
 TEST_F(MediaControllerTest, SkipToAnotherPausedTrackKeepsTheFirstDelay) {
-    controller.start();
+    // Polls by hand, so none falls on the moment the delay ends.
     provider.play(track(MediaSource::music, "A", false));
     controller.refresh();
     scheduler.advance(30);
@@ -202,14 +202,19 @@ TEST_F(MediaControllerTest, SkipToAnotherPausedTrackKeepsTheFirstDelay) {
     EXPECT_EQ(activity(), media("B", false));
 
     scheduler.advance(29.99);  // the first delay ends at 60 s whatever was skipped to
+    EXPECT_EQ(activity(), media("B", false));
     scheduler.advance(0.01);
     EXPECT_FALSE(activity());
     // Only A's key was marked: the next poll shows B again, with a fresh 60 seconds.
-    scheduler.advance(5);
+    scheduler.advance(1);
+    controller.refresh();
     EXPECT_EQ(activity(), media("B", false));
     scheduler.advance(59.9);
+    controller.refresh();
     EXPECT_EQ(activity(), media("B", false));
     scheduler.advance(0.1);
+    EXPECT_FALSE(activity());
+    controller.refresh();
     EXPECT_FALSE(activity());
 }
 

@@ -25,7 +25,7 @@ TEST(MediaScripts, MusicStateScriptIsExact) {
 
 TEST(MediaScripts, SpotifyStateScriptDividesTheDurationAndAddsTheArtworkUrl) {
     const auto script = stateScript(MediaSource::spotify);
-    EXPECT_EQ(script.substr(0, 26), "tell application \"Spotify\"\n");
+    EXPECT_EQ(script.substr(0, 27), "tell application \"Spotify\"\n");
     EXPECT_NE(script.find(
                   "& \"<|>\" & (((duration of t) / 1000) as text) & \"<|>\" & (id of t as text) & \"<|>\" & "
                   "(artwork url of t as text)\nend tell"),
@@ -94,11 +94,13 @@ TEST(ArtworkCache, NinthEntryEvictsTheFirstWhateverWasUsed) {
 TEST(ArtworkCache, AKeyStoredTwiceHoldsTwoPlacesInTheOrder) {
     ArtworkCache cache;
     cache.remember("a", art(1));
-    for (int i = 2; i <= 8; ++i) cache.remember("k" + std::to_string(i), art(i));
-    cache.remember("a", art(10));  // order: a k2..k8 a
-    cache.remember("k9", art(9));  // evicts the first "a", and with it the entry
+    cache.remember("k2", art(2));
+    cache.remember("a", art(3));  // order: a k2 a
+    for (int i = 4; i <= 9; ++i) cache.remember("k" + std::to_string(i), art(i));
+    // The ninth place evicts the first "a", and with it the entry, though a later "a" is still in the order.
     EXPECT_FALSE(cache.find("a"));
     EXPECT_TRUE(cache.find("k2"));
+    EXPECT_EQ(cache.size(), 7u);
 }
 
 }  // namespace
