@@ -46,6 +46,9 @@ Application::Application(const Environment& environment)
       m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler,
                                            m_queues, m_processes, m_settings, m_activities, &m_wrappedHistory,
                                            DemoMode::isOn()}),
+      m_mediaProvider(MprisMediaProvider::Dependencies{QDBusConnection::sessionBus(), m_queues, m_scheduler,
+                                                       m_http, m_imageDecoder}),
+      m_media(MediaController::Dependencies{m_mediaProvider, m_scheduler, m_activities, DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -66,9 +69,11 @@ Application::Application(const Environment& environment)
     SharedInstance<RatesService>::install(&m_rates);
     SharedInstance<WrappedHistory>::install(&m_wrappedHistory);
     SharedInstance<AIUsageModel>::install(&m_aiUsage);
+    SharedInstance<MediaController>::install(&m_media);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
+    m_services.addService("media", [this] { m_media.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
@@ -81,6 +86,7 @@ Application::~Application() {
     SharedInstance<RatesService>::install(nullptr);
     SharedInstance<WrappedHistory>::install(nullptr);
     SharedInstance<AIUsageModel>::install(nullptr);
+    SharedInstance<MediaController>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -118,8 +124,11 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
     m_shell->registerTileView(DashTile::aiUsage, QStringLiteral("AIUsageTile"));
-    // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
-    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
+    m_mediaView = std::make_unique<MediaViewModel>(m_media, m_playerApps);
+    m_shell->registerToolView(NotchTab::music, QStringLiteral("MusicView"));
+    m_shell->registerTileView(DashTile::music, QStringLiteral("MusicTile"));
+    // The QML singletons Shell, Calc, AIUsage and Media; no view has loaded yet.
+    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get(), m_mediaView.get()};
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
@@ -146,12 +155,6 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     };
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
-
-    // Demo mode shows something playing, so recordings have a live activity from the start.
-    if (DemoMode::isOn()) {
-        m_activities.set(LiveActivity{LiveActivity::Media{"Night Drive", "The Midnight Hours", true}},
-                         LiveActivityCenter::Source::media);
-    }
 }
 
 void Application::launch() {

@@ -9,8 +9,10 @@
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "InotifyFileWatcher.h"
+#include "MediaViewModel.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
+#include "QtImageDecoder.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
@@ -26,6 +28,9 @@
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "media/DesktopPlayerApps.h"
+#include "media/MediaController.h"
+#include "media/MprisMediaProvider.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -78,11 +83,17 @@ private:
     ProcProcessTable m_processes;
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
+    // Media: the players on the session bus, the model of what plays, the installed players to open.
+    QtImageDecoder m_imageDecoder;
+    MprisMediaProvider m_mediaProvider;
+    MediaController m_media;
+    DesktopPlayerApps m_playerApps;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    std::unique_ptr<MediaViewModel> m_mediaView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

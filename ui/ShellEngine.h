@@ -8,6 +8,7 @@ namespace vantrelle {
 
 class AIUsageViewModel;
 class CalcViewModel;
+class MediaViewModel;
 class ShellModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
@@ -23,6 +24,7 @@ public:
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
+        MediaViewModel* media = nullptr;
     };
     ViewModels viewModels;
 

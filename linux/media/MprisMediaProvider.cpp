@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <cmath>
 
+#include "media/MprisTrack.h"
 #include "support/DebugLog.h"
 
 namespace vantrelle {

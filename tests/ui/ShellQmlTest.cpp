@@ -10,10 +10,12 @@
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "GuiApplication.h"
+#include "MediaViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeMediaProvider.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -21,6 +23,12 @@ Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
 namespace vantrelle::testing {
 namespace {
+
+class NoPlayerApps final : public PlayerApps {
+public:
+    [[nodiscard]] std::optional<std::string> installedName(MediaSource) const override { return "Player"; }
+    void open(MediaSource) override {}
+};
 
 class NoProcesses final : public ProcessTable {
 public:
@@ -40,7 +48,8 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView};
+        media.start();
+        engine.viewModels = {&shell, &calcView, &usageView, &mediaView};
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -69,6 +78,10 @@ protected:
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
+    FakeMediaProvider mediaProvider;
+    MediaController media{{mediaProvider, scheduler, activities, true}};
+    NoPlayerApps playerApps;
+    MediaViewModel mediaView{media, playerApps};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -119,11 +132,12 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
 TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    shell.registerToolView(NotchTab::music, QStringLiteral("MusicView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "music", "notes"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
