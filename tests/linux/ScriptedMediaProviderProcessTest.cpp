@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <fstream>
+#include <sstream>
 
 #include "QtImageDecoder.h"
 #include "QtProcessRunner.h"
@@ -20,30 +21,24 @@ namespace {
 // Stand-ins for the two script tools. osacompile writes the script's lines into the output file;
 // osascript logs its arguments, then answers with what the test left in "reply", "stderr", "status"
 // and "sleep". Given the artwork script it copies "cover.png" to the path the script names.
-constexpr const char* kOsacompile = R"(#!/bin/sh
+constexpr const char* kOsacompile = R"SH(#!/bin/sh
 out="$2"; shift 2
 printf '%s\n' "$@" > "$out"
-)";
-constexpr const char* kOsascript = R"(#!/bin/sh
+)SH";
+constexpr const char* kOsascript = R"SH(#!/bin/sh
 dir=$(dirname "$0")
 printf '%s\n' "$*" >> "$dir/calls"
 if [ -f "$1" ]; then text=$(cat "$1"); else text="$*"; fi
 case "$text" in
   *"raw data of artwork"*)
-    path=$(printf '%s\n' "$text" | sed -n 's/.*set p to "\(.*\)".*
-                                   /\1 /
-                                   p' | head -n 1) cp
-                                   "$dir/cover.png"
-                                   "$path";
-printf '%s' "$path";
-exit 0;
-;
+    path=$(printf '%s\n' "$text" | sed -n 's/.*set p to "\(.*\)".*/\1/p' | head -n 1)
+    cp "$dir/cover.png" "$path"; printf '%s' "$path"; exit 0;;
 esac
 [ -f "$dir/sleep" ] && exec sleep "$(cat "$dir/sleep")"
 [ -f "$dir/stderr" ] && cat "$dir/stderr" >&2
 [ -f "$dir/reply" ] && cat "$dir/reply"
 exit "$(cat "$dir/status" 2>/dev/null || echo 0)"
-)";
+)SH";
 
 std::vector<std::string> messages(const testing::LogCapture& log) {
     std::vector<std::string> result;
