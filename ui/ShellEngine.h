@@ -19,7 +19,8 @@ class ShellEngine final : public QQmlEngine {
 public:
     explicit ShellEngine(QObject* parent = nullptr);
 
-    // What the Shell, Calc and AIUsage singletons are; set before the first view that reads them loads.
+    // What the Shell, Calc, AIUsage and Media singletons are; set before the first view that reads them
+    // loads.
     struct ViewModels {
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;

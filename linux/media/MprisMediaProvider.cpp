@@ -56,6 +56,11 @@ MprisMediaProvider::MprisMediaProvider(Dependencies dependencies)
       m_http(dependencies.http),
       m_decoder(dependencies.decoder),
       m_queue(dependencies.queues.make("media")) {
+    if (!m_bus.isConnected()) {
+        // Without a session bus no player can be seen; the controller then simply finds none.
+        DebugLog::write("media: no session bus, players can't be followed");
+        return;
+    }
     m_bus.connect(kDaemon, kDaemonPath, kDaemon, QStringLiteral("NameOwnerChanged"), this,
                   SLOT(onNameOwnerChanged(QString, QString, QString)));
     // Any sender: the signal comes from a player's unique name, mapped back to its well-known one.
