@@ -4,12 +4,12 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <fstream>
-#include <sstream>
 
 #include "QtImageDecoder.h"
 #include "QtProcessRunner.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/LogCapture.h"
+#include "fakes/LogMessages.h"
 #include "fakes/TempDir.h"
 #include "media/MediaScripts.h"
 #include "media/ScriptedMediaProvider.h"
@@ -39,13 +39,6 @@ esac
 [ -f "$dir/reply" ] && cat "$dir/reply"
 exit "$(cat "$dir/status" 2>/dev/null || echo 0)"
 )SH";
-
-std::vector<std::string> messages(const testing::LogCapture& log) {
-    std::vector<std::string> result;
-    std::istringstream lines(log.text());
-    for (std::string line; std::getline(lines, line);) result.push_back(line.substr(line.find(' ') + 1));
-    return result;
-}
 
 class ScriptedMediaProviderProcessTest : public ::testing::Test {
 protected:
@@ -118,7 +111,7 @@ TEST_F(ScriptedMediaProviderProcessTest, WatchdogEndsAPlayerThatDoesNotAnswer) {
     elapsed.start();
     EXPECT_FALSE(state(*provider, MediaSource::spotify));
     EXPECT_LT(elapsed.elapsed(), 10'000);
-    EXPECT_EQ(messages(log), std::vector<std::string>{"media: osascript failed (-1): "});
+    EXPECT_EQ(testing::logMessages(log), std::vector<std::string>{"media: osascript failed (-1): "});
 }
 
 TEST_F(ScriptedMediaProviderProcessTest, SilentCodesAreNotLoggedOtherFailuresAre) {
@@ -128,13 +121,13 @@ TEST_F(ScriptedMediaProviderProcessTest, SilentCodesAreNotLoggedOtherFailuresAre
         testing::LogCapture log;
         tools.write("stderr", "execution error: Spotify got an error: Application isn't running. (-600)\n");
         EXPECT_FALSE(state(*provider, MediaSource::spotify));
-        EXPECT_TRUE(messages(log).empty());
+        EXPECT_TRUE(testing::logMessages(log).empty());
     }
     {
         testing::LogCapture log;
         tools.write("stderr", "execution error: boom (-2700)\n");
         EXPECT_FALSE(state(*provider, MediaSource::spotify));
-        EXPECT_EQ(messages(log),
+        EXPECT_EQ(testing::logMessages(log),
                   std::vector<std::string>{"media: osascript failed (1): execution error: boom (-2700)"});
     }
 }

@@ -2,7 +2,7 @@
 
 #include "fakes/FakeMediaProvider.h"
 #include "fakes/LogCapture.h"
-#include "media/LogMessages.h"
+#include "fakes/LogMessages.h"
 #include "media/MediaController.h"
 #include "platform/VirtualScheduler.h"
 

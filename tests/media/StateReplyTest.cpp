@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/LogCapture.h"
-#include "media/LogMessages.h"
+#include "fakes/LogMessages.h"
 #include "media/StateReply.h"
 
 namespace vantrelle {
