@@ -96,6 +96,9 @@ Application::Application(const Environment& environment)
                                        {}}),
       m_tasks(TaskStore::Dependencies{
           m_paths.dataRoot(), temporaryFolder(), SystemClock::shared(), DemoMode::isOn(), {}}),
+      m_mediaProvider(MprisMediaProvider::Dependencies{QDBusConnection::sessionBus(), m_queues, m_scheduler,
+                                                       m_http, m_imageDecoder}),
+      m_media(MediaController::Dependencies{m_mediaProvider, m_scheduler, m_activities, DemoMode::isOn()}),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -142,6 +145,11 @@ Application::Application(const Environment& environment)
     });
     m_services.addService("screenshots", [this] { m_screenshots.apply(); });
     m_settings.onScreenshotsToShelfChanged = [this] { m_screenshots.apply(); };
+    SharedInstance<MediaController>::install(&m_media);
+    // Background services in their start-up order; the others join as they are built.
+    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
+    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
+    m_services.addService("media", [this] { m_media.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
@@ -163,6 +171,7 @@ Application::~Application() {
     SharedInstance<StopwatchModel>::install(nullptr);
     SharedInstance<NotesStore>::install(nullptr);
     SharedInstance<TaskStore>::install(nullptr);
+    SharedInstance<MediaController>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -218,6 +227,10 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
     m_engine.viewModels.notes = m_notesView.get();
     m_engine.viewModels.tasks = m_tasksView.get();
+    m_mediaView = std::make_unique<MediaViewModel>(m_media, m_playerApps);
+    m_shell->registerToolView(NotchTab::music, QStringLiteral("MusicView"));
+    m_shell->registerTileView(DashTile::music, QStringLiteral("MusicTile"));
+    m_engine.viewModels.media = m_mediaView.get();
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
@@ -245,12 +258,6 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     };
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
-
-    // Demo mode shows something playing, so recordings have a live activity from the start.
-    if (DemoMode::isOn()) {
-        m_activities.set(LiveActivity{LiveActivity::Media{"Night Drive", "The Midnight Hours", true}},
-                         LiveActivityCenter::Source::media);
-    }
 }
 
 void Application::wireFocus() {

@@ -14,6 +14,10 @@
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtImageCodec.h"
+#include "MediaViewModel.h"
+#include "ProcProcessTable.h"
+#include "QtHttpClient.h"
+#include "QtImageDecoder.h"
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
@@ -41,6 +45,9 @@
 #include "notifications/DBusDesktopNotifications.h"
 #include "notes/NotesStore.h"
 #include "notes/TaskStore.h"
+#include "media/DesktopPlayerApps.h"
+#include "media/MediaController.h"
+#include "media/MprisMediaProvider.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -108,6 +115,11 @@ private:
     StopwatchModel m_stopwatch;
     NotesStore m_notes;
     TaskStore m_tasks;
+    // Media: the players on the session bus, the model of what plays, the installed players to open.
+    QtImageDecoder m_imageDecoder;
+    MprisMediaProvider m_mediaProvider;
+    MediaController m_media;
+    DesktopPlayerApps m_playerApps;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
@@ -117,6 +129,7 @@ private:
     std::unique_ptr<FocusViewModel> m_focusView;
     std::unique_ptr<NotesViewModel> m_notesView;
     std::unique_ptr<TasksViewModel> m_tasksView;
+    std::unique_ptr<MediaViewModel> m_mediaView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

@@ -11,6 +11,7 @@ class CalcViewModel;
 class ShelfViewModel;
 class FocusViewModel;
 class NotesViewModel;
+class MediaViewModel;
 class ShellModel;
 class TasksViewModel;
 
@@ -22,7 +23,8 @@ class ShellEngine final : public QQmlEngine {
 public:
     explicit ShellEngine(QObject* parent = nullptr);
 
-    // What the Shell, Calc and AIUsage singletons are; set before the first view that reads them loads.
+    // What the Shell, Calc, AIUsage and Media singletons are; set before the first view that reads them
+    // loads.
     struct ViewModels {
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
@@ -31,6 +33,7 @@ public:
         FocusViewModel* focus = nullptr;
         NotesViewModel* notes = nullptr;
         TasksViewModel* tasks = nullptr;
+        MediaViewModel* media = nullptr;
     };
     ViewModels viewModels;
 

@@ -8,7 +8,7 @@ namespace vantrelle {
 namespace {
 
 // Symbol name → Material Icons code point (name in the font).
-constexpr std::array<std::pair<std::string_view, char32_t>, 41> kGlyphs{{
+constexpr std::array<std::pair<std::string_view, char32_t>, 46> kGlyphs{{
     {"square.grid.2x2", 0xe9b0},                     // grid_view
     {"calendar", 0xe935},                            // calendar_today
     {"checklist", 0xe6b1},                           // checklist
@@ -50,6 +50,11 @@ constexpr std::array<std::pair<std::string_view, char32_t>, 41> kGlyphs{{
     {"square.grid.3x3", 0xe9b0},                     // grid_view
     {"xmark", 0xf1cf},                               // close_fullscreen
     {"arrow.clockwise", 0xe5d5},                     // refresh
+    {"play.fill", 0xe037},                           // play_arrow
+    {"pause.fill", 0xe034},                          // pause
+    {"forward.fill", 0xe044},                        // skip_next
+    {"backward.fill", 0xe045},                       // skip_previous
+    {"arrow.up.forward.app", 0xe89e},                // open_in_new
 }};
 
 }  // namespace

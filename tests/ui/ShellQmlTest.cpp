@@ -14,6 +14,7 @@
 #include "GuiApplication.h"
 #include "ShelfViewModel.h"
 #include "NotesViewModel.h"
+#include "MediaViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "TasksViewModel.h"
@@ -21,6 +22,7 @@
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
+#include "fakes/FakeMediaProvider.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
@@ -29,6 +31,12 @@ Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
 namespace vantrelle::testing {
 namespace {
+
+class NoPlayerApps final : public PlayerApps {
+public:
+    [[nodiscard]] std::optional<std::string> installedName(MediaSource) const override { return "Player"; }
+    void open(MediaSource) override {}
+};
 
 class NoProcesses final : public ProcessTable {
 public:
@@ -59,6 +67,8 @@ protected:
         shelf.add({home.write("shelf/notes.txt", "n"), home / "photo.png"});
         engine.viewModels.notes = &notesView;
         engine.viewModels.tasks = &tasksView;
+        media.start();
+        engine.viewModels.media = &mediaView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -108,6 +118,10 @@ protected:
     NotesViewModel notesView{notes, scheduler};
     TaskStore tasks{{notesHome.path(), notesHome.path(), scheduler, true, {}}};
     TasksViewModel tasksView{tasks};
+    FakeMediaProvider mediaProvider;
+    MediaController media{{mediaProvider, scheduler, activities, true}};
+    NoPlayerApps playerApps;
+    MediaViewModel mediaView{media, playerApps};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
@@ -170,11 +184,12 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::tasks, QStringLiteral("TasksView"));
     shell.registerTileView(DashTile::notes, QStringLiteral("NotesTile"));
     shell.registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
+    shell.registerToolView(NotchTab::music, QStringLiteral("MusicView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

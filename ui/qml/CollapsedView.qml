@@ -44,7 +44,15 @@ Item {
                 visible: Shell.leadingIsArtwork
                 width: 16; height: 16; radius: 4
                 color: Theme.surfaceStrong
-                Icon { anchors.centerIn: parent; glyph: Shell.glyph("music.note"); size: 10 }
+                clip: true
+                Icon { anchors.centerIn: parent; visible: Media.artworkUrl === ""; glyph: Shell.glyph("music.note"); size: 10 }
+                Image {
+                    anchors.fill: parent
+                    visible: Media.artworkUrl !== ""
+                    source: Shell.leadingIsArtwork ? Media.artworkUrl : ""
+                    sourceSize: Qt.size(32, 32)
+                    fillMode: Image.PreserveAspectCrop
+                }
             }
         }
 

@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include <QDBusObjectPath>
+#include <QStringList>
+
+#include "media/MprisPlayers.h"
+#include "media/MprisTrack.h"
+
+namespace vantrelle {
+namespace {
+
+const QString kMpv = QStringLiteral("org.mpris.MediaPlayer2.mpv");
+const QString kVlc = QStringLiteral("org.mpris.MediaPlayer2.vlc");
+
+TEST(MprisPlayers, SpotifyStandsForItselfTheOthersForMusic) {
+    MprisPlayers players;
+    EXPECT_FALSE(players.chosen(MediaSource::music));
+    players.appeared(MprisPlayers::kSpotify, QStringLiteral(":1.5"));
+    EXPECT_EQ(players.chosen(MediaSource::spotify), MprisPlayers::kSpotify);
+    EXPECT_FALSE(players.chosen(MediaSource::music));
+    EXPECT_TRUE(MprisPlayers::isPlayerName(kMpv));
+    EXPECT_FALSE(MprisPlayers::isPlayerName(QStringLiteral("org.freedesktop.Notifications")));
+}
+
+TEST(MprisPlayers, MusicIsThePlayingOneElseTheLastActive) {
+    MprisPlayers players;
+    players.appeared(kMpv, QStringLiteral(":1.1"));
+    players.appeared(kVlc, QStringLiteral(":1.2"));
+    EXPECT_EQ(players.chosen(MediaSource::music), kVlc);  // the newest counts as the last active
+    players.setPlaying(kMpv, true);
+    EXPECT_EQ(players.chosen(MediaSource::music), kMpv);
+    players.setPlaying(kVlc, true);  // both play: the one that started last
+    EXPECT_EQ(players.chosen(MediaSource::music), kVlc);
+    players.setPlaying(kVlc, false);  // a paused player doesn't beat a playing one
+    EXPECT_EQ(players.chosen(MediaSource::music), kMpv);
+    players.setPlaying(kMpv, false);  // both paused: the last to start playing
+    EXPECT_EQ(players.chosen(MediaSource::music), kVlc);
+    players.vanished(kVlc);
+    EXPECT_EQ(players.chosen(MediaSource::music), kMpv);
+    EXPECT_EQ(players.nameForOwner(QStringLiteral(":1.1")), kMpv);
+    EXPECT_FALSE(players.nameForOwner(QStringLiteral(":1.2")));
+}
+
+QVariantMap properties(const QString& status, const QVariantMap& metadata, qlonglong position) {
+    return {{QStringLiteral("PlaybackStatus"), status},
+            {QStringLiteral("Metadata"), metadata},
+            {QStringLiteral("Position"), position}};
+}
+
+TEST(MprisTrack, ReadsThePlayerPropertiesInSeconds) {
+    const QVariantMap metadata{
+        {QStringLiteral("xesam:title"), QStringLiteral("Song")},
+        {QStringLiteral("xesam:artist"), QStringList{QStringLiteral("A"), QStringLiteral("B")}},
+        {QStringLiteral("xesam:album"), QStringLiteral("Album")},
+        {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/t/7")))},
+        {QStringLiteral("mpris:length"), qlonglong(200'500'000)},
+        {QStringLiteral("mpris:artUrl"), QStringLiteral("file:///tmp/cover.png")}};
+    const auto track = trackFromMpris(kMpv, properties(QStringLiteral("Playing"), metadata, 12'250'000));
+    ASSERT_TRUE(track);
+    EXPECT_EQ(track->title, "Song");
+    EXPECT_EQ(track->artist, "A, B");
+    EXPECT_TRUE(track->isPlaying);
+    EXPECT_DOUBLE_EQ(track->position, 12.25);
+    EXPECT_DOUBLE_EQ(track->duration, 200.5);
+    EXPECT_EQ(track->source, MediaSource::music);
+    EXPECT_EQ(track->artworkKey, "mpv:/t/7:Song");
+    EXPECT_EQ(track->artworkURL, "file:///tmp/cover.png");
+
+    const auto spotify =
+        trackFromMpris(MprisPlayers::kSpotify, properties(QStringLiteral("Paused"), metadata, 0));
+    ASSERT_TRUE(spotify);
+    EXPECT_FALSE(spotify->isPlaying);
+    EXPECT_EQ(spotify->source, MediaSource::spotify);
+    EXPECT_EQ(spotify->artworkKey, "Spotify:/t/7");
+}
+
+TEST(MprisTrack, StoppedOrEmptyIsNoTrackAndOddNumbersAreZero) {
+    const QVariantMap metadata{{QStringLiteral("xesam:title"), QStringLiteral("Song")},
+                               {QStringLiteral("mpris:length"), QStringLiteral("long")}};
+    EXPECT_FALSE(trackFromMpris(kMpv, properties(QStringLiteral("Stopped"), metadata, 0)));
+    EXPECT_FALSE(trackFromMpris(kMpv, properties(QStringLiteral("Playing"), {}, 0)));
+    EXPECT_FALSE(trackFromMpris(kMpv, {}));
+    const auto track = trackFromMpris(kMpv, properties(QStringLiteral("Playing"), metadata, -5));
+    ASSERT_TRUE(track);
+    EXPECT_DOUBLE_EQ(track->duration, 0);
+    EXPECT_DOUBLE_EQ(track->position, 0);
+    EXPECT_FALSE(track->artworkURL);
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+namespace vantrelle::testing {
+
+// A session bus of the test's own, so no desktop's players or services take part.
+class PrivateSessionBus {
+public:
+    PrivateSessionBus() {
+        m_daemon.setProgram(QStringLiteral("dbus-daemon"));
+        m_daemon.setArguments({QStringLiteral("--session"), QStringLiteral("--nofork"),
+                               QStringLiteral("--nosyslog"), QStringLiteral("--print-address=1")});
+        m_daemon.start();
+        if (!m_daemon.waitForStarted(5000)) return;
+        while (m_address.isEmpty() && m_daemon.waitForReadyRead(5000)) {
+            m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        }
+    }
+    ~PrivateSessionBus() {
+        m_daemon.terminate();
+        m_daemon.waitForFinished(2000);
+    }
+    PrivateSessionBus(const PrivateSessionBus&) = delete;
+    PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
+
+    [[nodiscard]] const QString& address() const { return m_address; }
+    // An environment for child processes that points them at this bus.
+    [[nodiscard]] QStringList environment() const {
+        QStringList env = QProcess::systemEnvironment();
+        env.removeIf([](const QString& entry) {
+            return entry.startsWith(QStringLiteral("DBUS_SESSION_BUS_ADDRESS="));
+        });
+        env << QStringLiteral("DBUS_SESSION_BUS_ADDRESS=") + m_address;
+        return env;
+    }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+};
+
+}  // namespace vantrelle::testing

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# The real program with a real player: on a private session bus and display, mpv plays a generated
+# tone; the music panel follows it, the closed notch gets the media activity, and quitting mpv clears it.
+set -euo pipefail
+app=${1:?usage: music_ui_test.sh <vantrelle binary>}
+for tool in dbus-run-session mpv sox Xvfb import; do
+  command -v "$tool" >/dev/null || { echo "SKIP: $tool is not installed"; exit 0; }
+done
+# A bus of our own, so no player of the machine takes part.
+if [[ -z "${VANTRELLE_MUSIC_TEST_BUS:-}" ]]; then
+  exec env VANTRELLE_MUSIC_TEST_BUS=1 dbus-run-session -- "$0" "$@"
+fi
+
+work=$(mktemp -d)
+log=$work/v.log
+trap 'kill ${mpv_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
+wait_for() {  # a log line containing $1 within $2 seconds
+  for _ in $(seq $(($2 * 20))); do grep -qF "$1" "$log" 2>/dev/null && return 0; sleep 0.05; done
+  fail "no '$1' within $2 s"
+}
+
+Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+xvfb_pid=$!
+for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
+export DISPLAY=:$(cat "$work/display")
+export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+export XDG_CACHE_HOME=$work/home/.cache
+export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
+export VANTRELLE_START_EXPANDED=1 VANTRELLE_PIN_EXPANDED=1 VANTRELLE_START_TAB=music
+
+"$app" >"$work/app.out" 2>&1 &
+app_pid=$!
+wait_for "launch: start media" 10
+
+sox -n "$work/tone.wav" synth 30 sine 440
+mpv --ao=null --no-video --idle=no --no-terminal "$work/tone.wav" >/dev/null 2>&1 &
+mpv_pid=$!
+wait_for "media: player org.mpris.MediaPlayer2.mpv appeared" 10
+wait_for "media: apply Music 'tone.wav' playing=true" 10
+sleep 1
+import -window root "$work/music.png"
+# The panel is open on the music view: the title's row is drawn in light text on the dark panel.
+colours=$(convert "$work/music.png" -crop 700x300+406+40 -format "%k" info:)
+(( colours > 20 )) || fail "the music view looks empty ($colours colours)"
+[[ -n "${VANTRELLE_MUSIC_SHOT:-}" ]] && cp "$work/music.png" "$VANTRELLE_MUSIC_SHOT"
+
+kill "$mpv_pid"
+wait "$mpv_pid" 2>/dev/null || true
+wait_for "media: player org.mpris.MediaPlayer2.mpv quit" 10
+wait_for "media: apply nil" 10
+echo "PASS"
