@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
         KindRow{"bare_node", "node", "node server.js", "Node"},
         KindRow{"case_folded", "NODE", "SERVER.JS", "Node"},
         KindRow{"unknown", "myserver", "./myserver --port 9000", std::nullopt}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& row) { return std::string(row.param.name); });
 
 struct FilterRow {
     const char* name;
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
         FilterRow{"snap_app", "spotify", "spotify", "/snap/spotify/1/spotify", 8000, false},
         FilterRow{"home_app_refused", "tool", "tool", "/home/ada/Applications/Tool/tool", 8000, false},
         FilterRow{"runtime_in_opt_kept", "node", "node srv.js", "/opt/node/bin/node", 8000, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(LsofListing, TakesPidAndCommandLastSeenForEachPortedName) {
     const std::string text =

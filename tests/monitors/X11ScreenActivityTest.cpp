@@ -52,7 +52,7 @@ public:
     TwoWindows& operator=(const TwoWindows&) = delete;
 
     void activate(int index) {
-        const xcb_window_t window = index < 0 ? XCB_WINDOW_NONE : m_windows[index];
+        const xcb_window_t window = index < 0 ? xcb_window_t{XCB_WINDOW_NONE} : m_windows[index];
         xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW,
                             32, 1, &window);
         xcb_flush(m_c);
