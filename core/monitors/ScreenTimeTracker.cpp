@@ -5,6 +5,7 @@
 #include <map>
 #include <numeric>
 
+#include "monitors/ScreenTimeReport.h"
 #include "support/DebugLog.h"
 #include "support/LocalCalendar.h"
 #include "support/ReadFile.h"
@@ -205,14 +206,7 @@ double ScreenTimeTracker::totalSeconds() const {
 }
 
 std::vector<std::pair<AppCategory, double>> ScreenTimeTracker::byCategory() const {
-    std::map<AppCategory, double> sums;
-    for (const AppUsage& usage : m_today) sums[appCategory(usage.id)] += usage.seconds;
-    std::vector<std::pair<AppCategory, double>> out;
-    for (const auto& [category, seconds] : sums) {
-        if (seconds > 0) out.emplace_back(category, seconds);
-    }
-    sortLargestFirst(out);
-    return out;
+    return categoryTotals(m_today);
 }
 
 std::vector<std::pair<std::string, double>> ScreenTimeTracker::usage(Date from, Date to) const {
