@@ -8,6 +8,10 @@ namespace vantrelle {
 
 class AIUsageViewModel;
 class CalcViewModel;
+class DevServersViewModel;
+class ScreenTimeViewModel;
+class SystemStatsViewModel;
+class WrappedViewModel;
 class ShellModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
@@ -23,6 +27,11 @@ public:
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
+        // The monitors and the recap.
+        DevServersViewModel* devServers = nullptr;
+        ScreenTimeViewModel* screenTime = nullptr;
+        SystemStatsViewModel* systemStats = nullptr;
+        WrappedViewModel* wrapped = nullptr;
     };
     ViewModels viewModels;
 
