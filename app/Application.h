@@ -9,6 +9,7 @@
 #include "CameraProbe.h"
 #include "CanberraSoundPlayer.h"
 #include "InotifyFileWatcher.h"
+#include "MonitorsComposition.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtMainScheduler.h"
@@ -89,6 +90,8 @@ private:
     AppDelegate m_delegate;
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
+    // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
+    std::unique_ptr<MonitorsComposition> m_monitors;
 };
 
 }  // namespace vantrelle

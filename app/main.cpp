@@ -4,7 +4,7 @@
 #include "Application.h"
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
-#include "ServersCommand.h"
+#include "MonitorCommands.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -14,6 +14,8 @@ int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "servers") == 0) return runServersCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "screentime") == 0) return runScreenTimeCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "wrapped") == 0) return runWrappedCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);
