@@ -13,6 +13,7 @@
 #include "app/LaunchHooks.h"
 #include "monitors/DesktopEntryIndex.h"
 #include "monitors/DevServerMonitor.h"
+#include "monitors/LogindWatcher.h"
 #include "monitors/LsofListeningPorts.h"
 #include "monitors/ProcListeningPorts.h"
 #include "monitors/ProcProcessControl.h"
@@ -73,6 +74,7 @@ private:
     DesktopEntryIndex m_entries;
     X11ScreenActivity m_activity;
     ScreenTimeTracker m_screenTime;
+    LogindWatcher m_logind;
     CursorMileage m_mileage;
     ProcSystemCounters m_counters;
     SystemStats m_stats;
