@@ -9,11 +9,17 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "DevServersViewModel.h"
 #include "GuiApplication.h"
+#include "ScreenTimeViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "SystemStatsViewModel.h"
+#include "WrappedViewModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeDevServerPlatform.h"
 #include "fakes/FakeHttpClient.h"
+#include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
 
@@ -41,6 +47,11 @@ protected:
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
         engine.viewModels = {&shell, &calcView, &usageView};
+        screenTime.start();
+        engine.viewModels.devServers = &devServersView;
+        engine.viewModels.screenTime = &screenTimeView;
+        engine.viewModels.systemStats = &systemStatsView;
+        engine.viewModels.wrapped = &wrappedView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -70,6 +81,28 @@ protected:
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
     ShellModel shell{started(), settings, activities, scheduler};
+    // The monitors on demo figures.
+    class NoCounters final : public SystemCounterSource {
+    public:
+        SystemCounters read() override {
+            return {10, 100, 8'000'000'000, 3'000'000'000, 500, 200, 0, 0, 76.0, true};
+        }
+    } counters;
+    FakeDevServerPlatform devPlatform;
+    DevServerMonitor devServers{
+        {scheduler, scheduler, queues, devPlatform, devPlatform, 1, "/home/ada", true}};
+    FakeScreenActivity screenActivity;
+    ScreenTimeTracker screenTime{{scheduler, scheduler, screenActivity, home / "screentime", true}};
+    SystemStats systemStats{scheduler, scheduler, counters};
+    DevServersViewModel devServersView{devServers};
+    ScreenTimeViewModel screenTimeView{screenTime};
+    SystemStatsViewModel systemStatsView{systemStats};
+    WrappedViewModel wrappedView{[](WrappedPeriod period) {
+                                     WrappedSources sources;
+                                     sources.demoMode = true;
+                                     return WrappedSummary::make(period, Date{1'800'000'000.0}, sources);
+                                 },
+                                 QString::fromStdString(home.path().string())};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -119,11 +152,14 @@ TEST_F(ShellQml, EveryComponentOfTheModuleBuildsWithoutErrorsOrWarnings) {
 TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::calc, QStringLiteral("CalcView"));
     shell.registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
+    shell.registerToolView(NotchTab::devServers, QStringLiteral("DevServersView"));
+    shell.registerToolView(NotchTab::screenTime, QStringLiteral("ScreenTimeView"));
+    shell.registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "devServers", "screenTime", "stats", "notes"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
