@@ -30,7 +30,10 @@ public:
     [[nodiscard]] QString summary() const;
     [[nodiscard]] static QString dockerHelp() { return QStringLiteral("Stop this container in Docker"); }
 
-    Q_INVOKABLE void setActive(bool active) { m_monitor.setActive(active); }
+    // The view and the tile each say whether they are on screen; the figures move while either is.
+    // Repeated calls with the same value change nothing.
+    Q_INVOKABLE void setViewShown(bool shown) { setShown(m_viewShown, shown); }
+    Q_INVOKABLE void setTileShown(bool shown) { setShown(m_tileShown, shown); }
     Q_INVOKABLE void refresh() { m_monitor.refresh(); }
     Q_INVOKABLE void stop(int port);
     Q_INVOKABLE void open(int port);
@@ -39,11 +42,19 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void setShown(bool& flag, bool shown) {
+        if (flag == shown) return;
+        flag = shown;
+        m_monitor.setActive(shown);
+    }
+
     void refreshRows();
 
     DevServerMonitor& m_monitor;
     DevServerListModel m_servers;
     Connection m_connection;
+    bool m_viewShown = false;
+    bool m_tileShown = false;
 };
 
 }  // namespace vantrelle

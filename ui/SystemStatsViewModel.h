@@ -45,7 +45,10 @@ public:
     [[nodiscard]] bool hasBattery() const { return m_stats.figures().batteryPercent.has_value(); }
     [[nodiscard]] bool charging() const { return m_stats.figures().charging; }
 
-    Q_INVOKABLE void setActive(bool active) { m_stats.setActive(active); }
+    // The view and the tile each say whether they are on screen; the figures move while either is.
+    // Repeated calls with the same value change nothing.
+    Q_INVOKABLE void setViewShown(bool shown) { setShown(m_viewShown, shown); }
+    Q_INVOKABLE void setTileShown(bool shown) { setShown(m_tileShown, shown); }
 
     // "1.5 GB", "820 KB": decimal units, as file managers show them.
     [[nodiscard]] static QString bytes(double count);
@@ -54,8 +57,16 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void setShown(bool& flag, bool shown) {
+        if (flag == shown) return;
+        flag = shown;
+        m_stats.setActive(shown);
+    }
+
     SystemStats& m_stats;
     Connection m_connection;
+    bool m_viewShown = false;
+    bool m_tileShown = false;
 };
 
 }  // namespace vantrelle

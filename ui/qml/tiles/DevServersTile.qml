@@ -1,11 +1,13 @@
 import QtQuick
 import Vantrelle.Shell
 
-// The Dev Servers tile: how many servers run, and the first ports. Scans only while it is shown.
+// The Dev Servers tile: how many servers run, and the first ports. Scans only while the panel is open.
 Column {
     spacing: 2
-    Component.onCompleted: DevServers.setActive(true)
-    Component.onDestruction: DevServers.setActive(false)
+    property bool shownNow: Shell.expanded
+    onShownNowChanged: DevServers.setTileShown(shownNow)
+    Component.onCompleted: DevServers.setTileShown(shownNow)
+    Component.onDestruction: DevServers.setTileShown(false)
     Text { text: DevServers.servers.count; color: Theme.label; font.pixelSize: 22; font.weight: Font.Bold }
     Text { text: DevServers.summary; color: Theme.teal; font.pixelSize: 11 }
     Repeater {

@@ -6,9 +6,9 @@ import Vantrelle.Shell
 Item {
     id: view
     property bool shownNow: Shell.expanded
-    onShownNowChanged: DevServers.setActive(shownNow)
-    Component.onCompleted: if (shownNow) DevServers.setActive(true)
-    Component.onDestruction: if (shownNow) DevServers.setActive(false)
+    onShownNowChanged: DevServers.setViewShown(shownNow)
+    Component.onCompleted: DevServers.setViewShown(shownNow)
+    Component.onDestruction: DevServers.setViewShown(false)
 
     Row {
         id: controls

@@ -5,9 +5,9 @@ import Vantrelle.Shell
 Item {
     id: view
     property bool shownNow: Shell.expanded
-    onShownNowChanged: SystemStats.setActive(shownNow)
-    Component.onCompleted: if (shownNow) SystemStats.setActive(true)
-    Component.onDestruction: if (shownNow) SystemStats.setActive(false)
+    onShownNowChanged: SystemStats.setViewShown(shownNow)
+    Component.onCompleted: SystemStats.setViewShown(shownNow)
+    Component.onDestruction: SystemStats.setViewShown(false)
 
     Row {
         anchors.centerIn: parent
