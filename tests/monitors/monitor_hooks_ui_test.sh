@@ -38,7 +38,7 @@ wait_for() {
 
 VANTRELLE_TEST_STOP_PORT=$port VANTRELLE_TEST_WRAPPED_OUT=$work/cards "$app" >"$work/app.out" 2>&1 &
 app_pid=$!
-wait_for "devservers: asked python3 ($server) on :$port to stop" 15
+wait_for "($server) on :$port to stop" 15
 wait "$server" 2>/dev/null || true
 kill -0 "$server" 2>/dev/null && fail "the server still runs after the stop hook"
 server=
