@@ -2,7 +2,8 @@
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusReply>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 
 #include "support/DebugLog.h"
 
@@ -23,29 +24,38 @@ LogindWatcher::LogindWatcher(QDBusConnection bus, pid_t pid, const QString& fall
     if (!m_bus.isConnected()) return;
     m_bus.connect(kService, kManagerPath, kManager, QStringLiteral("PrepareForSleep"), this,
                   SLOT(prepareForSleep(bool)));
-    m_sessionPath = findSession(pid, fallbackSession);
+    ask(QStringLiteral("GetSessionByPID"), QVariant::fromValue(static_cast<uint>(pid)),
+        [this, fallbackSession](const QString& path) {
+            if (!path.isEmpty() || fallbackSession.isEmpty()) return watchSession(path);
+            ask(QStringLiteral("GetSession"), fallbackSession,
+                [this](const QString& found) { watchSession(found); });
+        });
+}
+
+void LogindWatcher::ask(const QString& method, const QVariant& argument,
+                        std::function<void(const QString&)> then) {
+    QDBusMessage call = QDBusMessage::createMethodCall(kService, kManagerPath, kManager, method);
+    call << argument;
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, 5000), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [then = std::move(then)](QDBusPendingCallWatcher* finished) {
+                const QDBusPendingReply<QDBusObjectPath> reply = *finished;
+                then(reply.isValid() ? reply.value().path() : QString());
+                finished->deleteLater();
+            });
+}
+
+void LogindWatcher::watchSession(const QString& path) {
+    m_sessionPath = path;
+    if (m_sessionPath.isEmpty()) {
+        DebugLog::write("screentime: no logind session found, lock events come from the auto session");
+        m_sessionPath = QStringLiteral("/org/freedesktop/login1/session/auto");
+    }
     m_bus.connect(kService, m_sessionPath, kSession, QStringLiteral("Lock"), this, SLOT(lock()));
     m_bus.connect(kService, m_sessionPath, kSession, QStringLiteral("Unlock"), this, SLOT(unlock()));
     m_bus.connect(kService, m_sessionPath, QStringLiteral("org.freedesktop.DBus.Properties"),
                   QStringLiteral("PropertiesChanged"), this,
                   SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
-}
-
-QString LogindWatcher::findSession(pid_t pid, const QString& fallbackSession) {
-    const auto ask = [this](const QString& method, const QVariant& argument) {
-        QDBusMessage call = QDBusMessage::createMethodCall(kService, kManagerPath, kManager, method);
-        call << argument;
-        const QDBusReply<QDBusObjectPath> reply = m_bus.call(call, QDBus::Block, 2000);
-        return reply.isValid() ? reply.value().path() : QString();
-    };
-    QString path = ask(QStringLiteral("GetSessionByPID"), QVariant::fromValue(static_cast<uint>(pid)));
-    if (path.isEmpty() && !fallbackSession.isEmpty())
-        path = ask(QStringLiteral("GetSession"), fallbackSession);
-    if (path.isEmpty()) {
-        DebugLog::write("screentime: no logind session found, lock events come from the auto session");
-        path = QStringLiteral("/org/freedesktop/login1/session/auto");
-    }
-    return path;
 }
 
 void LogindWatcher::prepareForSleep(bool going) {

@@ -22,8 +22,10 @@ public:
         std::function<void(bool asleep)> asleep;
     };
 
-    // `pid` finds our session through the manager; `fallbackSession` (XDG_SESSION_ID) where that fails.
+    // `pid` finds our session through the manager, asked without blocking; `fallbackSession`
+    // (XDG_SESSION_ID) where that fails.
     LogindWatcher(QDBusConnection bus, pid_t pid, const QString& fallbackSession, Handlers handlers);
+    // Empty until the manager answered.
     [[nodiscard]] const QString& sessionPath() const { return m_sessionPath; }
 
 private Q_SLOTS:
@@ -34,7 +36,9 @@ private Q_SLOTS:
                            const QStringList& invalidated);
 
 private:
-    QString findSession(pid_t pid, const QString& fallbackSession);
+    // Asks the manager `method`; `then` gets the session's path, or "" when it had none.
+    void ask(const QString& method, const QVariant& argument, std::function<void(const QString&)> then);
+    void watchSession(const QString& path);
 
     QDBusConnection m_bus;
     Handlers m_handlers;

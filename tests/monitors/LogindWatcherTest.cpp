@@ -76,6 +76,7 @@ TEST_F(LogindWatcherTest, LockSleepAndTheLockedHintReachTheHandlers) {
     LogindWatcher watcher(ours, 4242, QString(),
                           {[&](bool locked) { events.push_back(locked ? "locked" : "unlocked"); },
                            [&](bool asleep) { events.push_back(asleep ? "asleep" : "awake"); }});
+    ASSERT_TRUE(spinUntil([&] { return !watcher.sessionPath().isEmpty(); }));
     EXPECT_EQ(watcher.sessionPath(), kSessionPath);
 
     const QString session = QStringLiteral("org.freedesktop.login1.Session");
@@ -98,6 +99,7 @@ TEST_F(LogindWatcherTest, WithoutLogindTheAutoSessionIsWatchedAndNothingFails) {
     logind.unregisterService(QStringLiteral("org.freedesktop.login1"));
     int calls = 0;
     LogindWatcher watcher(ours, 4242, QString(), {[&](bool) { ++calls; }, [&](bool) { ++calls; }});
+    ASSERT_TRUE(spinUntil([&] { return !watcher.sessionPath().isEmpty(); }));
     EXPECT_EQ(watcher.sessionPath(), QStringLiteral("/org/freedesktop/login1/session/auto"));
     EXPECT_EQ(calls, 0);
 }
