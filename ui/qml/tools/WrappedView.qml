@@ -1,14 +1,17 @@
 import QtQuick
+import QtQuick.Window
 import Vantrelle.Shell
 
 // The recap of last week, this week, last month or this month, and "Save as image".
 Item {
     id: view
     Component.onCompleted: Wrapped.refresh()
+    // In its own window the view keeps a margin; in the panel the panel gives one.
+    property real inset: Window.window && Window.window.title === "Your Wrapped" ? 16 : 0
 
     Row {
         id: periods
-        anchors { left: parent.left; top: parent.top; leftMargin: 8 }
+        anchors { left: parent.left; top: parent.top; leftMargin: 8 + view.inset; topMargin: view.inset }
         spacing: 6
         Repeater {
             model: Wrapped.periods
@@ -23,7 +26,7 @@ Item {
         }
     }
     Row {
-        anchors { right: parent.right; top: parent.top; rightMargin: 8 }
+        anchors { right: parent.right; top: parent.top; rightMargin: 8 + view.inset; topMargin: view.inset }
         spacing: 8
         Text { anchors.verticalCenter: parent.verticalCenter; text: Wrapped.savedTo !== "" ? "Saved" : ""
                color: Theme.positive; font.pixelSize: 11 }
@@ -38,7 +41,7 @@ Item {
 
     Column {
         id: heading
-        anchors { left: parent.left; top: periods.bottom; leftMargin: 8; topMargin: 12 }
+        anchors { left: parent.left; top: periods.bottom; leftMargin: 8 + view.inset; topMargin: 12 }
         spacing: 2
         Text { text: Wrapped.title; color: Theme.label; font.pixelSize: 24; font.weight: Font.Bold }
         Text { text: Wrapped.range + (Wrapped.partial ? " · tracking began during this period" : "")
@@ -48,7 +51,7 @@ Item {
     }
 
     Grid {
-        anchors { left: parent.left; right: parent.right; top: heading.bottom; leftMargin: 8; topMargin: 14 }
+        anchors { left: parent.left; right: parent.right; top: heading.bottom; leftMargin: 8 + view.inset; topMargin: 14 }
         columns: 3
         columnSpacing: 28
         rowSpacing: 10
