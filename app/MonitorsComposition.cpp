@@ -101,6 +101,7 @@ void MonitorsComposition::showWrapped() {
         m_wrappedWindow->setResizeMode(QQuickView::SizeRootObjectToView);
         m_wrappedWindow->setColor(QColor(0x1c, 0x1c, 0x1e));
         m_wrappedWindow->resize(760, 380);
+        m_wrappedWindow->setInitialProperties({{QStringLiteral("inset"), 16}});
         m_wrappedWindow->setSource(ShellEngine::componentUrl(QStringLiteral("WrappedView")));
         for (const auto& error : m_wrappedWindow->errors()) {
             DebugLog::write([&] { return "wrapped: qml " + error.toString().toStdString(); });

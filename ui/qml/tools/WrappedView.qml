@@ -1,13 +1,12 @@
 import QtQuick
-import QtQuick.Window
 import Vantrelle.Shell
 
 // The recap of last week, this week, last month or this month, and "Save as image".
 Item {
     id: view
     Component.onCompleted: Wrapped.refresh()
-    // In its own window the view keeps a margin; in the panel the panel gives one.
-    property real inset: Window.window && Window.window.title === "Your Wrapped" ? 16 : 0
+    // The margin of its own window; in the panel the panel gives one.
+    property real inset: 0
 
     Row {
         id: periods
