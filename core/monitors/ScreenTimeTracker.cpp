@@ -54,6 +54,7 @@ void ScreenTimeTracker::start() {
     if (m_deps.demoMode) {
         m_usage = demoDay();
         m_dayKey = LocalCalendar::dayKey(now);
+        m_front = FrontmostApp{"org.mozilla.firefox", "Firefox", "/usr/lib/firefox/firefox"};
         publish();
         return;
     }

@@ -198,6 +198,7 @@ TEST_F(ScreenTimeTrackerTest, DemoModeShowsFixedFiguresAndWritesNothing) {
     make(/*demo=*/true);
     clock.advance(120);
     EXPECT_EQ(tracker->today().front().name, "Firefox");
+    EXPECT_EQ(tracker->current()->name, "Firefox");
     EXPECT_DOUBLE_EQ(tracker->averageSessionSeconds(), 680);
     EXPECT_DOUBLE_EQ(tracker->longestSessionSeconds(), 2820);
     EXPECT_FALSE(std::filesystem::exists(dir / "screentime"));
