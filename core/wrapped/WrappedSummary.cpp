@@ -92,7 +92,8 @@ WrappedSummary WrappedSummary::make(WrappedPeriod period, Date now, const Wrappe
         }
         if (best) summary.mostFocusedDay = best->first;
     }
-    if (sources.demoMode) summary.cursorKm = isMonthLike(period) ? 48.3 : 12.4;  // a recording shows a headline
+    if (sources.demoMode)
+        summary.cursorKm = isMonthLike(period) ? 48.3 : 12.4;  // a recording shows a headline
     if (since && *since > range.start && !sources.demoMode) summary.partialSince = since;
     if (sources.topProject) {
         if (auto top = sources.topProject(range.start, last))
