@@ -150,6 +150,11 @@ Application::Application(const Environment& environment)
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     m_services.addService("media", [this] { m_media.start(); });
+    m_monitors = std::make_unique<MonitorsComposition>(
+        MonitorsComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_x, m_wrappedHistory,
+                                  m_aiUsage, m_engine, DemoMode::isOn()});
+    m_services.addService("screen time", [this] { m_monitors->start(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
 }
 
@@ -231,9 +236,26 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerToolView(NotchTab::music, QStringLiteral("MusicView"));
     m_shell->registerTileView(DashTile::music, QStringLiteral("MusicTile"));
     m_engine.viewModels.media = m_mediaView.get();
+    // The monitors' tools, tiles and singletons (DevServers, ScreenTime, SystemStats, Wrapped).
+    m_shell->registerToolView(NotchTab::devServers, QStringLiteral("DevServersView"));
+    m_shell->registerToolView(NotchTab::screenTime, QStringLiteral("ScreenTimeView"));
+    m_shell->registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
+    m_shell->registerTileView(DashTile::devServers, QStringLiteral("DevServersTile"));
+    m_shell->registerTileView(DashTile::screenTime, QStringLiteral("ScreenTimeTile"));
+    m_shell->registerTileView(DashTile::systemStats, QStringLiteral("SystemStatsTile"));
+    m_engine.viewModels.devServers = &m_monitors->devServersView;
+    m_engine.viewModels.screenTime = &m_monitors->screenTimeView;
+    m_engine.viewModels.systemStats = &m_monitors->systemStatsView;
+    m_engine.viewModels.wrapped = &m_monitors->wrappedView;
+    if (QScreen* screen = QGuiApplication::primaryScreen(); screen && screen->size().width() > 0) {
+        const double metres = screen->physicalSize().width() / 1000.0 / screen->size().width();
+        m_monitors->setMetresPerPixel(metres /
+                                      screen->devicePixelRatio());  // pointer positions are device pixels
+    }
 
     m_pointer = std::make_unique<PointerMonitor>(
-        m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+        m_x, [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {
+            monitors->recordPointer(x, y);
             overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
         });
 
@@ -256,6 +278,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         QDesktopServices::openUrl(
             QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
     };
+    commands.showWrapped = [this] { m_monitors->showWrapped(); };
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
 }
@@ -283,6 +306,7 @@ TimerReadings Application::focusReadings() const {
 }
 
 void Application::launch() {
+    m_monitors->registerHooks(m_hooks);
     registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, {});
     m_delegate.applicationDidFinishLaunching();
 }

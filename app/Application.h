@@ -11,6 +11,7 @@
 #include "FocusViewModel.h"
 #include "InotifyFileWatcher.h"
 #include "NotesViewModel.h"
+#include "MonitorsComposition.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtImageCodec.h"
@@ -136,6 +137,8 @@ private:
     AppDelegate m_delegate;
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
+    // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
+    std::unique_ptr<MonitorsComposition> m_monitors;
 };
 
 }  // namespace vantrelle

@@ -7,6 +7,7 @@
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
 #include "TerminationSignals.h"
+#include "MonitorCommands.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -20,6 +21,9 @@ int main(int argc, char** argv) {
         std::printf("vantrelle %s\n", VANTRELLE_VERSION);
         return 0;
     }
+    if (argc > 1 && std::strcmp(argv[1], "servers") == 0) return runServersCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "screentime") == 0) return runScreenTimeCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "wrapped") == 0) return runWrappedCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);

@@ -12,6 +12,10 @@ class ShelfViewModel;
 class FocusViewModel;
 class NotesViewModel;
 class MediaViewModel;
+class DevServersViewModel;
+class ScreenTimeViewModel;
+class SystemStatsViewModel;
+class WrappedViewModel;
 class ShellModel;
 class TasksViewModel;
 
@@ -34,6 +38,11 @@ public:
         NotesViewModel* notes = nullptr;
         TasksViewModel* tasks = nullptr;
         MediaViewModel* media = nullptr;
+        // The monitors and the recap.
+        DevServersViewModel* devServers = nullptr;
+        ScreenTimeViewModel* screenTime = nullptr;
+        SystemStatsViewModel* systemStats = nullptr;
+        WrappedViewModel* wrapped = nullptr;
     };
     ViewModels viewModels;
 

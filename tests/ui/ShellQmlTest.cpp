@@ -23,6 +23,17 @@
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
+#include "DevServersViewModel.h"
+#include "GuiApplication.h"
+#include "ScreenTimeViewModel.h"
+#include "ShellEngine.h"
+#include "ShellModel.h"
+#include "SystemStatsViewModel.h"
+#include "WrappedViewModel.h"
+#include "calc/RatesService.h"
+#include "fakes/FakeDevServerPlatform.h"
+#include "fakes/FakeHttpClient.h"
+#include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
@@ -69,6 +80,11 @@ protected:
         engine.viewModels.tasks = &tasksView;
         media.start();
         engine.viewModels.media = &mediaView;
+        screenTime.start();
+        engine.viewModels.devServers = &devServersView;
+        engine.viewModels.screenTime = &screenTimeView;
+        engine.viewModels.systemStats = &systemStatsView;
+        engine.viewModels.wrapped = &wrappedView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -123,6 +139,28 @@ protected:
     NoPlayerApps playerApps;
     MediaViewModel mediaView{media, playerApps};
     ShellModel shell{started(), settings, activities, scheduler};
+    // The monitors on demo figures.
+    class NoCounters final : public SystemCounterSource {
+    public:
+        SystemCounters read() override {
+            return {10, 100, 8'000'000'000, 3'000'000'000, 500, 200, 0, 0, 76.0, true};
+        }
+    } counters;
+    FakeDevServerPlatform devPlatform;
+    DevServerMonitor devServers{
+        {scheduler, scheduler, queues, devPlatform, devPlatform, 1, "/home/ada", true}};
+    FakeScreenActivity screenActivity;
+    ScreenTimeTracker screenTime{{scheduler, scheduler, screenActivity, home / "screentime", true}};
+    SystemStats systemStats{scheduler, scheduler, counters};
+    DevServersViewModel devServersView{devServers};
+    ScreenTimeViewModel screenTimeView{screenTime};
+    SystemStatsViewModel systemStatsView{systemStats};
+    WrappedViewModel wrappedView{[](WrappedPeriod period) {
+                                     WrappedSources sources;
+                                     sources.demoMode = true;
+                                     return WrappedSummary::make(period, Date{1'800'000'000.0}, sources);
+                                 },
+                                 QString::fromStdString(home.path().string())};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -185,11 +223,15 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerTileView(DashTile::notes, QStringLiteral("NotesTile"));
     shell.registerTileView(DashTile::tasks, QStringLiteral("TasksTile"));
     shell.registerToolView(NotchTab::music, QStringLiteral("MusicView"));
+    shell.registerToolView(NotchTab::devServers, QStringLiteral("DevServersView"));
+    shell.registerToolView(NotchTab::screenTime, QStringLiteral("ScreenTimeView"));
+    shell.registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music"}) {
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
+                             "screenTime", "stats"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -1,0 +1,197 @@
+#include <algorithm>
+#include <cctype>
+#include <utility>
+#include <vector>
+
+#include "monitors/AppUsage.h"
+
+namespace vantrelle {
+namespace {
+
+struct CategoryFragments {
+    AppCategory category;
+    std::vector<std::string_view> fragments;
+};
+
+// The order is the order of testing. Each list carries the common Linux desktop ids after the others.
+const std::vector<CategoryFragments>& categoryTable() {
+    static const std::vector<CategoryFragments> table{
+        {AppCategory::utilities,
+         {"vantrelle",
+          "com.apple.finder",
+          "systempreferences",
+          "com.apple.systemsettings",
+          "activitymonitor",
+          "com.apple.console",
+          "diskutility",
+          "keychainaccess",
+          "nautilus",
+          "dolphin",
+          "thunar",
+          "nemo",
+          "pcmanfm",
+          "gnome-control-center",
+          "org.gnome.settings",
+          "systemsettings",
+          "gnome-system-monitor",
+          "plasma-systemmonitor",
+          "ksysguard",
+          "gnome-disks",
+          "org.gnome.diskutility",
+          "seahorse",
+          "pavucontrol",
+          "org.gnome.baobab",
+          "gnome-tweaks"}},
+        {AppCategory::development,
+         {"com.apple.dt.xcode",
+          "terminal",
+          "iterm",
+          "vscode",
+          "com.microsoft.vscode",
+          "cursor",
+          "jetbrains",
+          "intellij",
+          "pycharm",
+          "webstorm",
+          "androidstudio",
+          "sublimetext",
+          "github",
+          "warp",
+          "ghostty",
+          "docker",
+          "postman",
+          "tableplus",
+          "konsole",
+          "xterm",
+          "kitty",
+          "alacritty",
+          "tilix",
+          "terminator",
+          "wezterm",
+          "foot",
+          "code-oss",
+          "com.visualstudio.code",
+          "codium",
+          "sublime_text",
+          "sublime-text",
+          "emacs",
+          "nvim",
+          "gvim",
+          "kate",
+          "zed",
+          "qtcreator",
+          "kdevelop",
+          "android-studio",
+          "gitg",
+          "meld",
+          "dbeaver",
+          "org.gnome.builder"}},
+        {AppCategory::browsing,
+         {"com.apple.safari", "chrome", "company.thebrowser.browser", "arc", "firefox", "brave",
+          "com.microsoft.edgemac", "opera", "vivaldi", "orion", "zen", "chromium", "microsoft-edge",
+          "org.gnome.epiphany", "falkon", "konqueror", "librewolf", "qutebrowser"}},
+        {AppCategory::communication,
+         {"slack",
+          "discord",
+          "com.microsoft.teams",
+          "zoom",
+          "telegram",
+          "whatsapp",
+          "com.apple.mail",
+          "com.apple.mobilesms",
+          "messages",
+          "com.apple.facetime",
+          "signal",
+          "skype",
+          "superhuman",
+          "spark",
+          "thunderbird",
+          "evolution",
+          "geary",
+          "io.element",
+          "element-desktop",
+          "hexchat",
+          "org.gnome.polari",
+          "kmail",
+          "teams"}},
+        {AppCategory::entertainment, {"com.apple.music",
+                                      "spotify",
+                                      "com.apple.tv",
+                                      "netflix",
+                                      "youtube",
+                                      "vlc",
+                                      "iina",
+                                      "com.apple.podcasts",
+                                      "plex",
+                                      "steam",
+                                      "twitch",
+                                      "totem",
+                                      "rhythmbox",
+                                      "mpv",
+                                      "celluloid",
+                                      "lollypop",
+                                      "elisa",
+                                      "amarok",
+                                      "clementine",
+                                      "strawberry",
+                                      "shortwave",
+                                      "org.gnome.music"}},
+        {AppCategory::productivity,
+         {"com.apple.notes",
+          "com.apple.iwork.pages",
+          "com.apple.iwork.numbers",
+          "com.apple.iwork.keynote",
+          "notion",
+          "obsidian",
+          "figma",
+          "sketch",
+          "com.microsoft.word",
+          "com.microsoft.excel",
+          "com.microsoft.powerpoint",
+          "craft",
+          "bear",
+          "things",
+          "omnifocus",
+          "todoist",
+          "linear",
+          "com.apple.reminders",
+          "com.apple.ical",
+          "com.apple.preview",
+          "affinity",
+          "adobe",
+          "libreoffice",
+          "onlyoffice",
+          "org.gnome.calendar",
+          "evince",
+          "okular",
+          "org.gnome.texteditor",
+          "gedit",
+          "xournal",
+          "zotero",
+          "joplin",
+          "logseq",
+          "gimp",
+          "inkscape",
+          "krita",
+          "org.gnome.papers"}},
+    };
+    return table;
+}
+
+}  // namespace
+
+AppCategory appCategory(std::string_view id) {
+    std::string lower(id);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    // VS Code's desktop id is the bare word "code", far too short to be a fragment.
+    if (lower == "code" || lower == "code-url-handler") return AppCategory::development;
+    for (const auto& [category, fragments] : categoryTable()) {
+        for (std::string_view fragment : fragments) {
+            if (lower.find(fragment) != std::string::npos) return category;
+        }
+    }
+    return AppCategory::other;
+}
+
+}  // namespace vantrelle

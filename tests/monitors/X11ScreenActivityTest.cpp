@@ -1,0 +1,181 @@
+// The frontmost-application probe against a private Xvfb with two real windows. The test plays the
+// window manager: it sets the root's _NET_ACTIVE_WINDOW, as a real one does on each activation.
+#include <gtest/gtest.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <cstdlib>
+#include <cstring>
+
+#include "fakes/TempDir.h"
+#include "linux/TestApplication.h"
+#include "monitors/ScreenTimeTracker.h"
+#include "monitors/X11ScreenActivity.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+template <typename Done>
+bool spinUntil(Done done, int limitMs = 5000) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return done();
+}
+
+// Two top-level windows of another client, and the window manager's part of naming the active one.
+class TwoWindows {
+public:
+    TwoWindows() : m_c(xcb_connect(nullptr, nullptr)) {
+        const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(m_c)).data;
+        m_root = screen->root;
+        for (xcb_window_t& window : m_windows) {
+            window = xcb_generate_id(m_c);
+            xcb_create_window(m_c, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 100, 100, 0,
+                              XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+            xcb_map_window(m_c, window);
+            const std::uint32_t pid = static_cast<std::uint32_t>(::getpid());
+            xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL,
+                                32, 1, &pid);
+        }
+        setClass(0, "fake-editor", "FakeEditor");
+        setClass(1, "scratch", "Scratch");
+        xcb_flush(m_c);
+    }
+    ~TwoWindows() { xcb_disconnect(m_c); }
+    TwoWindows(const TwoWindows&) = delete;
+    TwoWindows& operator=(const TwoWindows&) = delete;
+
+    void activate(int index) {
+        const xcb_window_t window = index < 0 ? xcb_window_t{XCB_WINDOW_NONE} : m_windows[index];
+        xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW,
+                            32, 1, &window);
+        xcb_flush(m_c);
+    }
+
+private:
+    xcb_atom_t atom(const char* name) {
+        auto* reply = xcb_intern_atom_reply(
+            m_c, xcb_intern_atom(m_c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
+        const xcb_atom_t atom = reply->atom;
+        std::free(reply);
+        return atom;
+    }
+    void setClass(int index, const std::string& instance, const std::string& klass) {
+        const std::string value = instance + '\0' + klass + '\0';
+        xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, m_windows[index], XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
+                            8, static_cast<std::uint32_t>(value.size()), value.data());
+    }
+
+    xcb_connection_t* m_c;
+    xcb_window_t m_root = 0;
+    xcb_window_t m_windows[2] = {0, 0};
+};
+
+class X11ScreenActivityTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        testing::testApplication();
+        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty()) return;
+        server = new QProcess;
+        server->start(QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("800x600x24"), QStringLiteral("-nolisten"),
+                       QStringLiteral("tcp")});
+        if (server->waitForReadyRead(10000)) display = ":" + server->readLine().trimmed().toStdString();
+    }
+    static void TearDownTestSuite() {
+        if (!server) return;
+        server->terminate();
+        server->waitForFinished(5000);
+        delete server;
+        server = nullptr;
+    }
+    void SetUp() override {
+        if (display.empty()) GTEST_SKIP() << "no Xvfb";
+        ::setenv("DISPLAY", display.c_str(), 1);
+        apps.write("org.example.FakeEditor.desktop",
+                   "[Desktop Entry]\nType=Application\nName=Fake Editor\nExec=fake-editor %F\n"
+                   "StartupWMClass=FakeEditor\n");
+    }
+
+    static inline QProcess* server = nullptr;
+    static inline std::string display;
+    testing::TempDir apps;
+};
+
+TEST_F(X11ScreenActivityTest, NamesTheActiveWindowsApplicationAndHearsActivations) {
+    XConnection connection;
+    ASSERT_TRUE(connection.isOpen());
+    DesktopEntryIndex index({apps.path()});
+    X11ScreenActivity activity(connection, index, /*ownPid=*/-1);
+    std::vector<std::optional<FrontmostApp>> switches;
+    activity.setSwitchHandler([&](std::optional<FrontmostApp> app) { switches.push_back(std::move(app)); });
+    TwoWindows windows;
+
+    windows.activate(0);
+    ASSERT_TRUE(spinUntil([&] { return !switches.empty(); }));
+    ASSERT_TRUE(switches.back());
+    EXPECT_EQ(switches.back()->id, "org.example.FakeEditor");
+    EXPECT_EQ(switches.back()->name, "Fake Editor");
+
+    windows.activate(1);
+    ASSERT_TRUE(spinUntil([&] { return switches.size() >= 2; }));
+    ASSERT_TRUE(switches.back());
+    EXPECT_EQ(switches.back()->id, "Scratch") << "no .desktop entry: the window class stands in";
+    EXPECT_EQ(activity.frontmost(), switches.back());
+
+    windows.activate(-1);
+    ASSERT_TRUE(spinUntil([&] { return switches.size() >= 3; }));
+    EXPECT_FALSE(switches.back());
+    EXPECT_GE(activity.idleSeconds(), 0.0);
+}
+
+TEST_F(X11ScreenActivityTest, OurOwnWindowIsNeverFrontmost) {
+    XConnection connection;
+    DesktopEntryIndex index({apps.path()});
+    X11ScreenActivity activity(connection, index, ::getpid());
+    std::vector<std::optional<FrontmostApp>> switches;
+    activity.setSwitchHandler([&](std::optional<FrontmostApp> app) { switches.push_back(std::move(app)); });
+    TwoWindows windows;
+    windows.activate(0);
+    ASSERT_TRUE(spinUntil([&] { return !switches.empty(); }));
+    EXPECT_FALSE(switches.back());
+    EXPECT_FALSE(activity.frontmost());
+}
+
+TEST_F(X11ScreenActivityTest, TheTrackerCreditsWhatTheDesktopActivates) {
+    XConnection connection;
+    DesktopEntryIndex index({apps.path()});
+    X11ScreenActivity activity(connection, index, -1);
+    TwoWindows windows;
+    windows.activate(0);
+    ASSERT_TRUE(spinUntil([&] { return activity.frontmost().has_value(); }));
+
+    testing::TempDir data;
+    VirtualScheduler clock;
+    ScreenTimeTracker tracker({clock, clock, activity, data / "screentime", false});
+    int switches = 0;
+    activity.setSwitchHandler([&](std::optional<FrontmostApp> app) {
+        ++switches;
+        tracker.switchTo(std::move(app));
+    });
+    tracker.start();
+    clock.advance(10);
+    windows.activate(1);
+    ASSERT_TRUE(spinUntil([&] { return switches > 0; }));
+    clock.advance(5);  // the tick at 15 s
+    ASSERT_EQ(tracker.today().size(), 2U);
+    EXPECT_EQ(tracker.today()[0],
+              (AppUsage{"org.example.FakeEditor", "Fake Editor", 10, tracker.today()[0].path}));
+    EXPECT_EQ(tracker.today()[1].id, "Scratch");
+    EXPECT_DOUBLE_EQ(tracker.today()[1].seconds, 5);
+}
+
+}  // namespace
+}  // namespace vantrelle
