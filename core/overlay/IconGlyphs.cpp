@@ -8,7 +8,7 @@ namespace vantrelle {
 namespace {
 
 // Symbol name → Material Icons code point (name in the font).
-constexpr std::array<std::pair<std::string_view, char32_t>, 41> kGlyphs{{
+constexpr std::array<std::pair<std::string_view, char32_t>, 45> kGlyphs{{
     {"square.grid.2x2", 0xe9b0},                     // grid_view
     {"calendar", 0xe935},                            // calendar_today
     {"checklist", 0xe6b1},                           // checklist
@@ -50,6 +50,10 @@ constexpr std::array<std::pair<std::string_view, char32_t>, 41> kGlyphs{{
     {"square.grid.3x3", 0xe9b0},                     // grid_view
     {"xmark", 0xf1cf},                               // close_fullscreen
     {"arrow.clockwise", 0xe5d5},                     // refresh
+    {"ellipsis", 0xe5d3},                            // more_horiz
+    {"folder", 0xe2c7},                              // folder
+    {"envelope", 0xe158},                            // mail
+    {"video.slash", 0xe04c},                         // videocam_off
 }};
 
 }  // namespace
