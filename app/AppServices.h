@@ -21,6 +21,9 @@ public:
     void terminate() override {
         if (onTerminate) onTerminate();
     }
+    void stopCamera() override {
+        if (onStopCamera) onStopCamera();
+    }
 
     // Registered in start-up order.
     void addService(std::string name, std::function<void()> start) {
@@ -28,6 +31,7 @@ public:
     }
 
     std::function<void()> onTerminate;
+    std::function<void()> onStopCamera;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

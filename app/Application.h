@@ -14,6 +14,10 @@
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
+#include "MirrorViewModel.h"
+#include "SettingsViewModel.h"
+#include "SupportViewModel.h"
+#include "SettingsWindow.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "ThreadQueue.h"
@@ -26,6 +30,9 @@
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "instance/InstanceCommands.h"
+#include "instance/LocalInstanceChannel.h"
+#include "mirror/MirrorCamera.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -39,7 +46,9 @@ namespace vantrelle {
 // and hands control to the launch sequence.
 class Application {
 public:
-    explicit Application(const Environment& environment);
+    // With an instance channel whose lock this process holds, the program answers other processes'
+    // requests on it (a second launch, `vantrelle --quit`).
+    explicit Application(const Environment& environment, LocalInstanceChannel* instance = nullptr);
     ~Application();
 
     void launch();
@@ -48,6 +57,10 @@ private:
     std::unique_ptr<NotchOverlayController> makeOverlay();
     void wirePlatform(NotchOverlayController& overlay);
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
+    void showSettings();
+    void addSupportAndMirror();
+    void addInstanceCommands(NotchOverlayController& overlay);
+    [[nodiscard]] PermissionStatus permissions() const;
 
     const Environment& m_environment;
     AppPaths m_paths;
@@ -65,6 +78,7 @@ private:
     X11Desktop m_desktop;
     CameraProbe m_cameraProbe;
     CameraUse m_cameraUse;
+    MirrorCamera m_mirrorCamera;
     CanberraSoundPlayer m_sounds;
     X11DragPasteboard m_pasteboard;
     AppServices m_services;
@@ -83,12 +97,18 @@ private:
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    std::unique_ptr<SettingsViewModel> m_settingsView;
+    std::unique_ptr<SupportViewModel> m_supportView;
+    std::unique_ptr<MirrorViewModel> m_mirrorView;
     ShellEngine m_engine;
+    std::unique_ptr<SettingsWindow> m_settingsWindow;  // goes before the engine it draws with
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;
     AppDelegate m_delegate;
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
+    LocalInstanceChannel* m_instance;
+    InstanceCommands m_instanceCommands;
 };
 
 }  // namespace vantrelle

@@ -4,6 +4,7 @@
 #include "Application.h"
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
+#include "InstanceLaunch.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "--quit") == 0) return runQuitCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);
@@ -20,13 +22,21 @@ int main(int argc, char** argv) {
 
     ThreadQueueFactory logQueues;
     DebugLog::configureFromEnvironment(ProcessEnvironment::shared(), logQueues);
+    // One notch per user: a second launch hands over to the first and ends.
+    LocalInstanceChannel instance(instanceFolder(ProcessEnvironment::shared()));
+    if (!instance.tryLock()) {
+        const bool answered = forwardLaunchToRunningInstance(instance.socketPath().parent_path(),
+                                                             ProcessEnvironment::shared());
+        DebugLog::disable();
+        return answered ? 0 : 1;
+    }
     if (!DisplayPlatform::check()) {
         DebugLog::disable();
         return 1;
     }
     DebugLog::write("launch: Vantrelle starting");
 
-    Application app(ProcessEnvironment::shared());
+    Application app(ProcessEnvironment::shared(), &instance);
     app.launch();
     const int status = QApplication::exec();
     DebugLog::write("launch: Vantrelle quitting");

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "ShellEngine.h"
+#include "overlay/NotchGeometry.h"
 #include "support/DebugLog.h"
 #include "x11/X11Desktop.h"
 
@@ -143,6 +144,17 @@ void QuickOverlayWindows::applyShapes() {
     drawn += roundedRegion(scaled(m_dock), m_dock.height() / 2 * ratio, true);
     m_desktop.setShapes(*m_panel, m_composited ? std::nullopt : std::optional<QRegion>(drawn),
                         m_ignoresMouse ? QRegion() : drawn);
+    applyDropZoneShape();
+}
+
+void QuickOverlayWindows::applyDropZoneShape() {
+    if (!m_dropZone || !m_dropZone->handle()) return;
+    // Painted black without a compositor, the drop zone has the collapsed notch's rounded bottom
+    // corners, or its square ones would show over the shell's.
+    const qreal ratio = m_dropZone->devicePixelRatio();
+    const QRegion shape = roundedRegion(QRectF(QPointF(0, 0), QSizeF(m_dropZone->size()) * ratio),
+                                        kCollapsedCornerRadius * ratio, false);
+    m_desktop.setShapes(*m_dropZone, m_composited ? std::nullopt : std::optional<QRegion>(shape), shape);
 }
 
 }  // namespace vantrelle

@@ -43,6 +43,7 @@ private:
     // A window showing a component of the shell's QML module.
     std::unique_ptr<QQuickView> makeWindow(const QString& component, bool transparent);
     void applyShapes();
+    void applyDropZoneShape();
 
     QQmlEngine& m_engine;
     const X11Desktop& m_desktop;

@@ -8,6 +8,9 @@ namespace vantrelle {
 
 class AIUsageViewModel;
 class CalcViewModel;
+class MirrorViewModel;
+class SettingsViewModel;
+class SupportViewModel;
 class ShellModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
@@ -23,6 +26,9 @@ public:
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
+        SettingsViewModel* settings = nullptr;
+        SupportViewModel* support = nullptr;
+        MirrorViewModel* mirror = nullptr;
     };
     ViewModels viewModels;
 

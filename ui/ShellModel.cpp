@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "DesktopCoordinates.h"
 #include "ShellEngine.h"
 #include "ShellTheme.h"
 #include "overlay/IconGlyphs.h"
@@ -26,6 +27,8 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
     QObject::connect(this, &ShellModel::activityChanged, this, &ShellModel::collapsedWidthChanged);
     QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::tabIndexChanged);
     QObject::connect(this, &ShellModel::settingsChanged, this, &ShellModel::tabIndexChanged);
+    QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::outlineChanged);
+    QObject::connect(this, &ShellModel::settingsChanged, this, &ShellModel::outlineChanged);
 
     m_stateConnection = m_overlay.state().changed.connect([this](NotchState::Field field) {
         // The panel checks its tool each time it comes up.
@@ -160,8 +163,32 @@ void ShellModel::escapePressed() {
     m_overlay.handleEscape();
 }
 
-void ShellModel::openSettings() {
+void ShellModel::openSettings(const QString& page) {
+    if (!page.isEmpty()) {
+        m_settings.setSettingsTab(settingsTabFromRaw(page.toStdString()).value_or(SettingsTab::general));
+    }
     if (onOpenSettings) onOpenSettings();
+}
+
+void ShellModel::pointerMoved(const QPointF& desktopPoint) {
+    m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved,
+                          DesktopCoordinates::current().toGlobal(desktopPoint.toPoint()));
+}
+
+void ShellModel::pointerLeft() {
+    // Somewhere off every rectangle of ours: far outside any screen.
+    constexpr double kNowhere = -1e7;
+    m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{kNowhere, kNowhere});
+}
+
+void ShellModel::quit() {
+    if (onQuit) onQuit();
+}
+
+void ShellModel::setHasTray(bool shown) {
+    if (shown == m_hasTray) return;
+    m_hasTray = shown;
+    Q_EMIT trayChanged();
 }
 
 void ShellModel::dropZoneDropped(const QStringList& urls) {

@@ -9,6 +9,9 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "MirrorViewModel.h"
+#include "SettingsViewModel.h"
+#include "SupportViewModel.h"
 #include "GuiApplication.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
@@ -40,7 +43,7 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView};
+        engine.viewModels = {&shell, &calcView, &usageView, &settingsView, &supportView, &mirrorView};
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -70,6 +73,12 @@ protected:
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
     ShellModel shell{started(), settings, activities, scheduler};
+    SettingsViewModel settingsView{settings};
+    SupportViewModel supportView{SupportViewModel::Dependencies{
+        hooksPaths, "/tmp/vantrelle.log", SupportContext{"0.1.0", "offscreen"}, [](const QString&) { return false; }}};
+    CameraUse cameraUse;
+    MirrorCamera mirrorCamera{cameraUse, scheduler};
+    MirrorViewModel mirrorView{mirrorCamera};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -123,10 +132,25 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes"}) {
+    shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
+    shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
+    for (const char* tool : {"dashboard", "calc", "aiUsage", "notes", "support", "mirror"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
+        EXPECT_EQ(std::exchange(problems, {}), std::vector<std::string>{});
+    }
+}
+
+TEST_F(ShellQml, EverySettingsPageShowsWithoutErrors) {
+    QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("SettingsRoot")));
+    std::unique_ptr<QObject> root(component.create());
+    ASSERT_TRUE(root) << component.errorString().toStdString();
+    for (const auto& page : SettingsViewModel::pages()) {
+        SCOPED_TRACE(page.toStdString());
+        settingsView.setPage(page);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(settingsView.page(), page);
         EXPECT_EQ(std::exchange(problems, {}), std::vector<std::string>{});
     }
 }
