@@ -115,6 +115,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->onShapeChanged = [this](QRectF shell, qreal cornerRadius, QRectF dock) {
         m_windows.setShape(shell, cornerRadius, dock);
     };
+    m_windows.onNotchCenterChanged = [this](qreal x) { m_shell->setNotchCenterX(x); };
 
     // The tools that are built, each with the model its view reads.
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
@@ -134,8 +135,12 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
 
     // VANTRELLE_NO_RAW_POINTER=1 hears only our own windows' pointer events, as an X client under a
     // Wayland compositor does: scripted runs prove the notch works there too.
-    if (m_environment.isOne("VANTRELLE_NO_RAW_POINTER")) {
-        DebugLog::write("overlay: raw pointer events off; the notch's own windows report the pointer");
+    const bool noRawPointer = m_environment.isOne("VANTRELLE_NO_RAW_POINTER");
+    m_shell->setOwnPointerEvents(noRawPointer || m_desktop.isXWayland());
+    if (m_shell->ownPointerEvents())
+        DebugLog::write("overlay: the notch's own windows report the pointer (XWayland or no raw events)");
+    if (noRawPointer) {
+        DebugLog::write("overlay: raw pointer events off");
     } else {
         m_pointer = std::make_unique<PointerMonitor>(
             m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
@@ -166,7 +171,8 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
     m_shell->setHasTray(m_tray->isShown());
-    DebugLog::write([&] { return std::string("launch: tray icon ") + (m_tray->isShown() ? "shown" : "not shown"); });
+    DebugLog::write(
+        [&] { return std::string("launch: tray icon ") + (m_tray->isShown() ? "shown" : "not shown"); });
     addInstanceCommands(overlay);
 
     // Demo mode shows something playing, so recordings have a live activity from the start.
@@ -212,7 +218,8 @@ void Application::addInstanceCommands(NotchOverlayController& overlay) {
     m_instanceCommands.add("open", [this, &overlay](const nlohmann::json& request) {
         const auto page = request.find("settings");
         if (page != request.end() && page->is_string()) {
-            m_settings.setSettingsTab(settingsTabFromRaw(page->get<std::string>()).value_or(SettingsTab::general));
+            m_settings.setSettingsTab(
+                settingsTabFromRaw(page->get<std::string>()).value_or(SettingsTab::general));
             showSettings();
         } else {
             overlay.setExpanded(true, "second launch");
@@ -222,7 +229,8 @@ void Application::addInstanceCommands(NotchOverlayController& overlay) {
     m_instanceCommands.add("quit", [](const nlohmann::json&) {
         DebugLog::write("launch: quit requested by another process");
         // After this turn of the loop, so the reply is written first.
-        QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
+                                  Qt::QueuedConnection);
         return nlohmann::json::object();
     });
     m_instanceCommands.add("version", [](const nlohmann::json&) {
@@ -234,8 +242,9 @@ PermissionStatus Application::permissions() const {
     // Calendars are files and reminders have no service here: neither asks the user. A camera is the
     // device file's access rights.
     const auto camera = m_cameraProbe.canOpenACamera();
-    return PermissionStatus{Permission::notRequired, Permission::notRequired,
-                            !camera ? Permission::noDevice : (*camera ? Permission::granted : Permission::denied)};
+    return PermissionStatus{
+        Permission::notRequired, Permission::notRequired,
+        !camera ? Permission::noDevice : (*camera ? Permission::granted : Permission::denied)};
 }
 
 }  // namespace vantrelle

@@ -77,8 +77,11 @@ void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFra
         // Without a compositor the drop zone is painted black like the notch it covers.
         m_dropZone = makeWindow(QStringLiteral("DropZone"), m_composited);
     }
-    m_panel->setGeometry(coordinates.toDesktop(panelFrame));
-    m_dropZone->setGeometry(coordinates.toDesktop(dropZoneFrame));
+    const QRect panel = coordinates.toDesktop(panelFrame);
+    const QRect dropZone = coordinates.toDesktop(dropZoneFrame);
+    m_panel->setGeometry(panel);
+    m_dropZone->setGeometry(dropZone);
+    if (onNotchCenterChanged) onNotchCenterChanged(dropZone.x() - panel.x() + dropZone.width() / 2.0);
     applyShapes();
 }
 

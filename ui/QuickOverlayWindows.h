@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QRectF>
+#include <functional>
 #include <memory>
 
 #include "DesktopCoordinates.h"
@@ -36,6 +37,9 @@ public:
     void setShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     [[nodiscard]] QQuickView* panel() const { return m_panel.get(); }
+    // The middle of the drop zone in panel pixels after each layout: the collapsed shell centres there,
+    // so the two windows' edges meet on the same pixel.
+    std::function<void(qreal)> onNotchCenterChanged;
     // Destroys the windows and their views; later calls do nothing until the next layout.
     void closeViews();
 

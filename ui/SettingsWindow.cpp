@@ -1,6 +1,8 @@
 #include "SettingsWindow.h"
 
+#include <QGuiApplication>
 #include <QQuickView>
+#include <QScreen>
 #include <QTimer>
 
 #include "ShellEngine.h"
@@ -19,6 +21,11 @@ void SettingsWindow::show() {
         m_view->setResizeMode(QQuickView::SizeRootObjectToView);
         m_view->setMinimumSize(QSize(620, 480));
         m_view->resize(720, 560);
+        // In the middle of the screen, clear of the notch at its top.
+        if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+            const QRect area = screen->availableGeometry();
+            m_view->setPosition(area.center() - QPoint(m_view->width() / 2, m_view->height() / 2));
+        }
         m_view->setColor(QColor(0x1C, 0x1C, 0x1E));
         m_view->setSource(ShellEngine::componentUrl(QStringLiteral("SettingsRoot")));
         for (const auto& error : m_view->errors()) {

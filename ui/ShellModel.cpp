@@ -181,6 +181,12 @@ void ShellModel::pointerLeft() {
     m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{kNowhere, kNowhere});
 }
 
+void ShellModel::setNotchCenterX(qreal x) {
+    if (x == m_notchCenterX) return;
+    m_notchCenterX = x;
+    Q_EMIT notchCenterChanged();
+}
+
 void ShellModel::quit() {
     if (onQuit) onQuit();
 }

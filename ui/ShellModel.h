@@ -63,6 +63,8 @@ class ShellModel final : public QObject {
     Q_PROPERTY(bool audioBars READ audioBars NOTIFY activityChanged)
     Q_PROPERTY(bool dimmed READ dimmed NOTIFY activityChanged)
     Q_PROPERTY(bool hasTray READ hasTray NOTIFY trayChanged)
+    Q_PROPERTY(bool ownPointerEvents READ ownPointerEvents CONSTANT)
+    Q_PROPERTY(qreal notchCenterX READ notchCenterX NOTIFY notchCenterChanged)
     Q_PROPERTY(bool outlined READ outlined NOTIFY outlineChanged)
 
 public:
@@ -135,8 +137,14 @@ public:
     Q_INVOKABLE void dropZoneClicked() { m_overlay.dropZoneClicked(); }
     Q_INVOKABLE void dropZoneDragEntered() { m_overlay.dropZoneDragEntered(); }
     Q_INVOKABLE void dropZoneDropped(const QStringList& urls);
-    // The pointer over one of our own windows, at a point in desktop pixels. Where the desktop sends no
-    // raw pointer events (X clients under a Wayland compositor), these are all the overlay hears.
+    // Where the desktop sends no raw pointer events (X clients under a Wayland compositor), the notch's
+    // own windows report the pointer. Set once by the composition root, before any view loads.
+    [[nodiscard]] bool ownPointerEvents() const { return m_ownPointerEvents; }
+    void setOwnPointerEvents(bool on) { m_ownPointerEvents = on; }
+    // Where the notch's middle falls in the panel window, in its pixels; negative until the first layout.
+    [[nodiscard]] qreal notchCenterX() const { return m_notchCenterX; }
+    void setNotchCenterX(qreal x);
+    // The pointer over one of our own windows, at a point in desktop pixels.
     Q_INVOKABLE void pointerMoved(const QPointF& desktopPoint);
     // The pointer left our windows for somewhere this program can't see.
     Q_INVOKABLE void pointerLeft();
@@ -157,6 +165,7 @@ Q_SIGNALS:
     void tabIndexChanged();
     void trayChanged();
     void outlineChanged();
+    void notchCenterChanged();
 
 private:
     void refreshCells();
@@ -173,6 +182,8 @@ private:
     ToolListModel m_tabs;
     DashboardTileListModel m_dashboardTiles;
     bool m_hasTray = true;
+    bool m_ownPointerEvents = false;
+    qreal m_notchCenterX = -1;
     QTimer m_tick;  // runs only while the shown activity counts each second
     Connection m_stateConnection;
     Connection m_settingsConnection;

@@ -9,9 +9,9 @@ Item {
     // shell is wider than the notch, so only its bottom edge runs through here.
     Rectangle {
         visible: Shell.outlined && !Shell.expanded && !Shell.hasActivity
-        y: -1
+        y: -Shell.cornerRadius - 1
         width: zone.width
-        height: zone.height + 1
+        height: zone.height + Shell.cornerRadius + 1
         radius: Shell.cornerRadius
         color: "transparent"
         border.width: 1
@@ -26,11 +26,13 @@ Item {
     }
     MouseArea {
         anchors.fill: parent
-        hoverEnabled: true
+        // Our own pointer events, for desktops that send no raw ones. Entering reports the position too:
+        // restacking the windows makes the pointer leave and re-enter without moving.
+        hoverEnabled: Shell.ownPointerEvents
         onPressed: Shell.dropZoneClicked()
-        // Our own pointer events, for desktops that send no raw ones.
-        onPositionChanged: (mouse) => Shell.pointerMoved(mapToGlobal(mouse.x, mouse.y))
-        onExited: Shell.pointerLeft()
+        onEntered: if (Shell.ownPointerEvents) Shell.pointerMoved(mapToGlobal(mouseX, mouseY))
+        onPositionChanged: (mouse) => { if (Shell.ownPointerEvents) Shell.pointerMoved(mapToGlobal(mouse.x, mouse.y)) }
+        onExited: if (Shell.ownPointerEvents) Shell.pointerLeft()
     }
     DropArea {
         anchors.fill: parent

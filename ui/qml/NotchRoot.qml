@@ -11,8 +11,12 @@ Item {
     // The open panel's own pointer events, for desktops that send no raw ones; the collapsed panel takes
     // no input, so these come only while it is open.
     HoverHandler {
+        enabled: Shell.ownPointerEvents
         onPointChanged: if (hovered) Shell.pointerMoved(root.mapToGlobal(point.position.x, point.position.y))
-        onHoveredChanged: if (!hovered) Shell.pointerLeft()
+        onHoveredChanged: {
+            if (hovered) Shell.pointerMoved(root.mapToGlobal(point.position.x, point.position.y))
+            else Shell.pointerLeft()
+        }
     }
 
     readonly property bool expanded: Shell.expanded
@@ -22,8 +26,9 @@ Item {
 
     NotchShell {
         id: shell
-        // On whole pixels, like the window shape cut around it: a half-pixel edge draws as a grey step.
-        x: Math.round((root.width - width) / 2)
+        // On whole pixels, like the window shape cut around it (a half-pixel edge draws as a grey step),
+        // and centred where the drop zone's window sits, so their edges meet on the same pixel.
+        x: Math.round((Shell.notchCenterX >= 0 ? Shell.notchCenterX : root.width / 2) - width / 2)
         y: 0
         visible: root.shellVisible
         width: root.expanded ? Shell.panelWidth : root.collapsedWidth

@@ -39,7 +39,8 @@ Item {
         color: fill.color
     }
     // A drawn notch on a dark desktop: a faint glow around it (seen where a compositor blends it) and a
-    // hairline along its edge. The top line sits above the window, so only the sides and bottom show.
+    // hairline along its edge. Its top edge and top corners sit above the window, so only the straight
+    // sides and the rounded bottom show.
     Repeater {
         model: shell.outlined ? 3 : 0
         Rectangle {
@@ -57,9 +58,9 @@ Item {
     Rectangle {
         visible: shell.outlined
         x: 0
-        y: -1
+        y: -shell.cornerRadius - 1
         width: shell.width
-        height: shell.height + 1
+        height: shell.height + shell.cornerRadius + 1
         radius: shell.cornerRadius
         color: "transparent"
         border.width: 1

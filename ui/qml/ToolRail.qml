@@ -51,12 +51,13 @@ Item {
                     cursorShape: Qt.PointingHandCursor
                     onClicked: Shell.selectTab(item.raw)
                 }
-                // Above the icon: below the dock the window is cut away without a compositor.
+                // Above the icon, over the panel: around the dock the window is cut away without a
+                // compositor.
                 C.ToolTip {
                     visible: itemMouse.containsMouse
                     text: item.title
                     delay: 500
-                    y: -height - 8
+                    y: -height - 22
                     x: (item.width - width) / 2
                 }
             }

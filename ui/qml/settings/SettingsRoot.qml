@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Vantrelle.Shell
 
 // The settings window: the pages down the left, the page's rows on the right. Every change applies at
@@ -7,7 +8,8 @@ Rectangle {
     id: root
     color: Theme.surface
     focus: true
-    Keys.onEscapePressed: (event) => { event.accepted = false }
+    // Escape closes the window, as it closes the panel.
+    Keys.onEscapePressed: (event) => { event.accepted = true; Window.window.close() }
 
     Column {
         id: sidebar
