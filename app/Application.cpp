@@ -137,8 +137,11 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     // Wayland compositor does: scripted runs prove the notch works there too.
     const bool noRawPointer = m_environment.isOne("VANTRELLE_NO_RAW_POINTER");
     m_shell->setOwnPointerEvents(noRawPointer || m_desktop.isXWayland());
-    if (m_shell->ownPointerEvents())
+    if (m_shell->ownPointerEvents()) {
         DebugLog::write("overlay: the notch's own windows report the pointer (XWayland or no raw events)");
+        m_windows.onPointerMoved = [this](QPoint p) { m_shell->pointerMoved(p); };
+        m_windows.onPointerLeft = [this] { m_shell->pointerLeft(); };
+    }
     if (noRawPointer) {
         DebugLog::write("overlay: raw pointer events off");
     } else {

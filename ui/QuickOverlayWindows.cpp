@@ -1,5 +1,7 @@
 #include "QuickOverlayWindows.h"
 
+#include <QEnterEvent>
+#include <QMouseEvent>
 #include <QQuickView>
 #include <QRegion>
 #include <cmath>
@@ -76,6 +78,10 @@ void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFra
         m_panel = makeWindow(QStringLiteral("NotchRoot"), true);
         // Without a compositor the drop zone is painted black like the notch it covers.
         m_dropZone = makeWindow(QStringLiteral("DropZone"), m_composited);
+        if (onPointerMoved) {
+            m_panel->installEventFilter(this);
+            m_dropZone->installEventFilter(this);
+        }
     }
     const QRect panel = coordinates.toDesktop(panelFrame);
     const QRect dropZone = coordinates.toDesktop(dropZoneFrame);
@@ -83,6 +89,25 @@ void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFra
     m_dropZone->setGeometry(dropZone);
     if (onNotchCenterChanged) onNotchCenterChanged(dropZone.x() - panel.x() + dropZone.width() / 2.0);
     applyShapes();
+}
+
+bool QuickOverlayWindows::eventFilter(QObject* watched, QEvent* event) {
+    // Window-level crossings, not item hover: raising the panel and then the drop zone makes the
+    // pointer leave and enter both without moving, and only these events say so at once.
+    switch (event->type()) {
+        case QEvent::Enter:
+            onPointerMoved(static_cast<QEnterEvent*>(event)->globalPosition().toPoint());
+            break;
+        case QEvent::MouseMove:
+            onPointerMoved(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+            break;
+        case QEvent::Leave:
+            onPointerLeft();
+            break;
+        default:
+            break;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void QuickOverlayWindows::orderFront() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <QRectF>
 #include <functional>
 #include <memory>
@@ -40,6 +41,15 @@ public:
     // The middle of the drop zone in panel pixels after each layout: the collapsed shell centres there,
     // so the two windows' edges meet on the same pixel.
     std::function<void(qreal)> onNotchCenterChanged;
+    // The pointer over or off our windows, from their own events, in desktop pixels. Set before the
+    // first layout by a program that hears no raw pointer events (XWayland).
+    std::function<void(QPoint)> onPointerMoved;
+    std::function<void()> onPointerLeft;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public:
     // Destroys the windows and their views; later calls do nothing until the next layout.
     void closeViews();
 

@@ -6,6 +6,7 @@
 #include "ShellEngine.h"
 #include "ShellTheme.h"
 #include "overlay/IconGlyphs.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 
@@ -23,6 +24,14 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
     m_tick.setInterval(1000);
     m_tick.setTimerType(Qt::CoarseTimer);
     QObject::connect(&m_tick, &QTimer::timeout, this, [this] { refreshCells(); });
+    m_leave.setSingleShot(true);
+    m_leave.setInterval(80);
+    QObject::connect(&m_leave, &QTimer::timeout, this, [this] {
+        DebugLog::write("overlay: the pointer left the notch's windows");
+        // Somewhere off every rectangle of ours: far outside any screen.
+        constexpr double kNowhere = -1e7;
+        m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{kNowhere, kNowhere});
+    });
     QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::collapsedWidthChanged);
     QObject::connect(this, &ShellModel::activityChanged, this, &ShellModel::collapsedWidthChanged);
     QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::tabIndexChanged);
@@ -170,15 +179,16 @@ void ShellModel::openSettings(const QString& page) {
     if (onOpenSettings) onOpenSettings();
 }
 
-void ShellModel::pointerMoved(const QPointF& desktopPoint) {
+void ShellModel::pointerMoved(QPoint desktopPoint) {
+    m_leave.stop();
     m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved,
-                          DesktopCoordinates::current().toGlobal(desktopPoint.toPoint()));
+                          DesktopCoordinates::current().toGlobal(desktopPoint));
 }
 
 void ShellModel::pointerLeft() {
-    // Somewhere off every rectangle of ours: far outside any screen.
-    constexpr double kNowhere = -1e7;
-    m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{kNowhere, kNowhere});
+    // Raising or reshaping our windows makes the pointer leave one and enter the other without moving;
+    // only a leave that no enter follows is the pointer going elsewhere.
+    m_leave.start();
 }
 
 void ShellModel::setNotchCenterX(qreal x) {

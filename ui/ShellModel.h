@@ -145,9 +145,9 @@ public:
     [[nodiscard]] qreal notchCenterX() const { return m_notchCenterX; }
     void setNotchCenterX(qreal x);
     // The pointer over one of our own windows, at a point in desktop pixels.
-    Q_INVOKABLE void pointerMoved(const QPointF& desktopPoint);
+    void pointerMoved(QPoint desktopPoint);
     // The pointer left our windows for somewhere this program can't see.
-    Q_INVOKABLE void pointerLeft();
+    void pointerLeft();
     // The drawn shell, its corner radius and the dock in window pixels, for the window shape.
     Q_INVOKABLE void reportShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
@@ -184,7 +184,8 @@ private:
     bool m_hasTray = true;
     bool m_ownPointerEvents = false;
     qreal m_notchCenterX = -1;
-    QTimer m_tick;  // runs only while the shown activity counts each second
+    QTimer m_tick;   // runs only while the shown activity counts each second
+    QTimer m_leave;  // a leave of our windows counts only if no enter follows at once
     Connection m_stateConnection;
     Connection m_settingsConnection;
     Connection m_activityConnection;

@@ -8,7 +8,8 @@ work=$(mktemp -d)
 log=$work/v.log
 trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
 
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
+# To stderr: a failure inside $(wait_for ...) must still be seen.
+fail() { { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; } >&2; exit 1; }
 
 # A private display on the first free number.
 Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &

@@ -26,13 +26,7 @@ Item {
     }
     MouseArea {
         anchors.fill: parent
-        // Our own pointer events, for desktops that send no raw ones. Entering reports the position too:
-        // restacking the windows makes the pointer leave and re-enter without moving.
-        hoverEnabled: Shell.ownPointerEvents
         onPressed: Shell.dropZoneClicked()
-        onEntered: if (Shell.ownPointerEvents) Shell.pointerMoved(mapToGlobal(mouseX, mouseY))
-        onPositionChanged: (mouse) => { if (Shell.ownPointerEvents) Shell.pointerMoved(mapToGlobal(mouse.x, mouse.y)) }
-        onExited: if (Shell.ownPointerEvents) Shell.pointerLeft()
     }
     DropArea {
         anchors.fill: parent

@@ -8,16 +8,6 @@ Item {
     focus: true
     Keys.onEscapePressed: (event) => { Shell.escapePressed(); event.accepted = true }
     Shortcut { sequence: "Ctrl+,"; onActivated: Shell.openSettings("") }
-    // The open panel's own pointer events, for desktops that send no raw ones; the collapsed panel takes
-    // no input, so these come only while it is open.
-    HoverHandler {
-        enabled: Shell.ownPointerEvents
-        onPointChanged: if (hovered) Shell.pointerMoved(root.mapToGlobal(point.position.x, point.position.y))
-        onHoveredChanged: {
-            if (hovered) Shell.pointerMoved(root.mapToGlobal(point.position.x, point.position.y))
-            else Shell.pointerLeft()
-        }
-    }
 
     readonly property bool expanded: Shell.expanded
     // A real notch with nothing to show stands alone; a simulated one is always drawn.
