@@ -25,8 +25,8 @@ int main(int argc, char** argv) {
     // One notch per user: a second launch hands over to the first and ends.
     LocalInstanceChannel instance(instanceFolder(ProcessEnvironment::shared()));
     if (!instance.tryLock()) {
-        const bool answered = forwardLaunchToRunningInstance(instance.socketPath().parent_path(),
-                                                             ProcessEnvironment::shared());
+        const bool answered =
+            forwardLaunchToRunningInstance(instance.socketPath().parent_path(), ProcessEnvironment::shared());
         DebugLog::disable();
         return answered ? 0 : 1;
     }

@@ -45,8 +45,9 @@ TEST_F(AppDelegateTest, LaunchRunsInItsFixedOrderAndHooksRunAfterwards) {
     scheduler.advance(0.6);
     EXPECT_TRUE(delegate.overlay()->state().isExpanded());
     EXPECT_EQ(delegate.overlay()->state().tab(), NotchTab::calc);
-    EXPECT_NE(log().find("permissions: calendar=no permission needed, reminders=not asked yet, camera=denied"),
-              std::string::npos)
+    EXPECT_NE(
+        log().find("permissions: calendar=no permission needed, reminders=not asked yet, camera=denied"),
+        std::string::npos)
         << log();
     EXPECT_FALSE(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 }

@@ -9,12 +9,12 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "GuiApplication.h"
 #include "MirrorViewModel.h"
 #include "SettingsViewModel.h"
-#include "SupportViewModel.h"
-#include "GuiApplication.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "SupportViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/TempDir.h"
@@ -74,8 +74,9 @@ protected:
     CalcViewModel calcView{calc};
     ShellModel shell{started(), settings, activities, scheduler};
     SettingsViewModel settingsView{settings};
-    SupportViewModel supportView{SupportViewModel::Dependencies{
-        hooksPaths, "/tmp/vantrelle.log", SupportContext{"0.1.0", "offscreen"}, [](const QString&) { return false; }}};
+    SupportViewModel supportView{SupportViewModel::Dependencies{hooksPaths, "/tmp/vantrelle.log",
+                                                                SupportContext{"0.1.0", "offscreen"},
+                                                                [](const QString&) { return false; }}};
     CameraUse cameraUse;
     MirrorCamera mirrorCamera{cameraUse, scheduler};
     MirrorViewModel mirrorView{mirrorCamera};

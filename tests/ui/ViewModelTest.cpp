@@ -232,7 +232,8 @@ TEST_F(ViewModels, ARefusedToolChangeSaysWhyAndTheSwitchStaysOn) {
     ASSERT_EQ(role(tools, 0, "raw"), "dashboard");
     view.setToolEnabled(QStringLiteral("dashboard"), false);
     EXPECT_TRUE(role(tools, 0, "chosen").toBool());
-    EXPECT_TRUE(view.toolNote().contains(QStringLiteral("Dashboard stays on"))) << view.toolNote().toStdString();
+    EXPECT_TRUE(view.toolNote().contains(QStringLiteral("Dashboard stays on")))
+        << view.toolNote().toStdString();
 
     view.setToolEnabled(QStringLiteral("music"), false);
     EXPECT_FALSE(settings.isEnabled(NotchTab::music));
@@ -258,7 +259,8 @@ TEST_F(ViewModels, TheLastVisibleToggleStaysWithANote) {
     EXPECT_EQ(settings.visibleToggles(), std::vector<QuickToggle>{QuickToggle::mute});
     EXPECT_FALSE(view.toggleNote().isEmpty());
     view.setToggleShown(QStringLiteral("darkMode"), true);
-    EXPECT_EQ(settings.visibleToggles(), (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::darkMode}));
+    EXPECT_EQ(settings.visibleToggles(),
+              (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::darkMode}));
     EXPECT_TRUE(view.toggleNote().isEmpty());
 }
 
@@ -270,17 +272,18 @@ TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
     paths.cacheHome = home / "cache";
     std::vector<QString> opened;
     bool handlerAnswers = true;
-    SupportViewModel support(SupportViewModel::Dependencies{paths, "", SupportContext{"0.1.0", "xcb"},
-                                                            [&](const QString& url) {
-                                                                opened.push_back(url);
-                                                                return handlerAnswers;
-                                                            }});
+    SupportViewModel support(
+        SupportViewModel::Dependencies{paths, "", SupportContext{"0.1.0", "xcb"}, [&](const QString& url) {
+                                           opened.push_back(url);
+                                           return handlerAnswers;
+                                       }});
     EXPECT_EQ(support.folders()->count(), 3);
     const QString data = role(*support.folders(), 0, "raw").toString();
     support.openFolder(data);
     ASSERT_EQ(opened.size(), 1U);
     EXPECT_TRUE(opened[0].startsWith(QStringLiteral("file://")));
-    EXPECT_TRUE(std::filesystem::is_directory(paths.dataRoot())) << "a folder not made yet is made to be shown";
+    EXPECT_TRUE(std::filesystem::is_directory(paths.dataRoot()))
+        << "a folder not made yet is made to be shown";
     support.openFolder(QStringLiteral("/etc"));
     EXPECT_EQ(opened.size(), 1U) << "only the folders offered";
     support.openDebugLog();
@@ -288,7 +291,8 @@ TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
 
     support.sendMail(QStringLiteral("Hi"), QStringLiteral("It broke"));
     ASSERT_EQ(opened.size(), 2U);
-    EXPECT_TRUE(opened[1].startsWith(QStringLiteral("mailto:support@vantrelle.app?subject=Hi&body=It%20broke")));
+    EXPECT_TRUE(
+        opened[1].startsWith(QStringLiteral("mailto:support@vantrelle.app?subject=Hi&body=It%20broke")));
     EXPECT_TRUE(support.status().contains(QStringLiteral("mail program has")));
     handlerAnswers = false;
     support.sendMail(QStringLiteral("Hi"), QString());
