@@ -23,6 +23,8 @@ public:
     }
     void addToShelf(const std::vector<std::string>& fileUrls) override {
         if (onAddToShelf) onAddToShelf(fileUrls);
+    void stopCamera() override {
+        if (onStopCamera) onStopCamera();
     }
 
     // Registered in start-up order.
@@ -32,6 +34,7 @@ public:
 
     std::function<void()> onTerminate;
     std::function<void(const std::vector<std::string>&)> onAddToShelf;
+    std::function<void()> onStopCamera;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

@@ -5,8 +5,10 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QScreen>
 #include <QUrl>
+#include <nlohmann/json.hpp>
 
 #include "DemoShelfFiles.h"
 #include "app/LaunchFiles.h"
@@ -37,7 +39,7 @@ Application::LaunchFilesReady::LaunchFilesReady(const AppPaths& paths) {
     prepareLaunchFiles(paths, SystemClock::shared());
 }
 
-Application::Application(const Environment& environment)
+Application::Application(const Environment& environment, LocalInstanceChannel* instance)
     : m_environment(environment),
       m_paths(AppPaths::fromEnvironment(environment)),
       m_launchFilesReady(m_paths),
@@ -46,6 +48,7 @@ Application::Application(const Environment& environment)
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
       m_desktop(m_x),
+      m_mirrorCamera(m_cameraUse, SystemClock::shared()),
       m_pasteboard(m_x),
       m_claudeHooks(m_paths, environment),
       m_hookSwitch(m_claudeHooks, m_queues, m_scheduler),
@@ -108,9 +111,8 @@ Application::Application(const Environment& environment)
                                     [this] { return makeOverlay(); },
                                     {},  // no task bar entry: the overlay windows bypass the window manager
                                     [this] { m_pomodoroNotifier.registerCategories(m_pomodoro); },
-                                    [] {
-                                        return PermissionStatus{3, 3, 3};
-                                    }}) {
+                                    [this] { return permissions(); }}),
+      m_instance(instance) {
     // Our files in folders shared with other programs: Claude Code's settings, the autostart entry.
     removeStaleTemporaryFilesBeside({m_claudeHooks.settingsFile(), m_paths.autostartEntry()});
     SharedInstance<AppSettings>::install(&m_settings);
@@ -156,10 +158,12 @@ Application::Application(const Environment& environment)
     m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
+    m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
 }
 
 Application::~Application() {
     // The views go first, while everything they read is still whole.
+    m_settingsWindow.reset();
     m_windows.closeViews();
     SharedInstance<AppSettings>::install(nullptr);
     SharedInstance<LiveActivityCenter>::install(nullptr);
@@ -206,6 +210,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->onShapeChanged = [this](QRectF shell, qreal cornerRadius, QRectF dock) {
         m_windows.setShape(shell, cornerRadius, dock);
     };
+    m_windows.onNotchCenterChanged = [this](qreal x) { m_shell->setNotchCenterX(x); };
 
     // The tools that are built, each with the model its view reads.
     m_calcView = std::make_unique<CalcViewModel>(m_calc);
@@ -258,6 +263,32 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
             monitors->recordPointer(x, y);
             overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
         });
+    m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
+    m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
+    m_shell->onOpenSettings = [this] { showSettings(); };
+    m_shell->onQuit = [] { QCoreApplication::quit(); };
+    addSupportAndMirror();
+    m_engine.viewModels.settings = m_settingsView.get();
+    m_engine.viewModels.support = m_supportView.get();
+    m_engine.viewModels.mirror = m_mirrorView.get();
+
+    // VANTRELLE_NO_RAW_POINTER=1 hears only our own windows' pointer events, as an X client under a
+    // Wayland compositor does: scripted runs prove the notch works there too.
+    const bool noRawPointer = m_environment.isOne("VANTRELLE_NO_RAW_POINTER");
+    m_shell->setOwnPointerEvents(noRawPointer || m_desktop.isXWayland());
+    if (m_shell->ownPointerEvents()) {
+        DebugLog::write("overlay: the notch's own windows report the pointer (XWayland or no raw events)");
+        m_windows.onPointerMoved = [this](QPoint p) { m_shell->pointerMoved(p); };
+        m_windows.onPointerLeft = [this] { m_shell->pointerLeft(); };
+    }
+    if (noRawPointer) {
+        DebugLog::write("overlay: raw pointer events off");
+    } else {
+        m_pointer = std::make_unique<PointerMonitor>(
+            m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+                overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
+            });
+    }
 
     auto* app = qGuiApp;
     auto rebuild = [&overlay] { overlay.rebuild(); };
@@ -282,6 +313,18 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
 }
+    // The Support tool holds the mail form.
+    commands.emailSupport = [&overlay] {
+        overlay.state().setTab(NotchTab::support);
+        overlay.setExpanded(true, "email support");
+    };
+    commands.showSettings = [this] { showSettings(); };
+    commands.quit = [] { QCoreApplication::quit(); };
+    m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
+    m_shell->setHasTray(m_tray->isShown());
+    DebugLog::write(
+        [&] { return std::string("launch: tray icon ") + (m_tray->isShown() ? "shown" : "not shown"); });
+    addInstanceCommands(overlay);
 
 void Application::wireFocus() {
     m_focusView = std::make_unique<FocusViewModel>(m_pomodoro, m_quickTimer, m_stopwatch, m_settings);
@@ -308,7 +351,68 @@ TimerReadings Application::focusReadings() const {
 void Application::launch() {
     m_monitors->registerHooks(m_hooks);
     registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, {});
+    registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, [this] { showSettings(); });
     m_delegate.applicationDidFinishLaunching();
+    if (m_instance) m_instance->listen(m_instanceCommands);
+}
+
+void Application::addSupportAndMirror() {
+    const std::string platform = QGuiApplication::platformName().toStdString() +
+                                 (m_desktop.hasCompositor() ? ", compositor" : ", no compositor");
+    const auto log = m_environment.get("VANTRELLE_DEBUG_LOG");
+    m_supportView = std::make_unique<SupportViewModel>(SupportViewModel::Dependencies{
+        m_paths, DebugLog::isOn() && log ? *log : std::string(), SupportContext{VANTRELLE_VERSION, platform},
+        [](const QString& url) {
+            // The desktop's mail handler takes mailto: links through xdg-open; folders and files go to
+            // whatever the desktop opens them with.
+            if (url.startsWith(QStringLiteral("mailto:")))
+                return QProcess::startDetached(QStringLiteral("xdg-open"), {url});
+            return QDesktopServices::openUrl(QUrl(url));
+        }});
+    m_shell->registerToolView(NotchTab::support, QStringLiteral("SupportView"));
+    m_mirrorView = std::make_unique<MirrorViewModel>(m_mirrorCamera);
+    m_shell->registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
+}
+
+void Application::showSettings() {
+    if (!m_settingsWindow) return;
+    // The panel sits above every window; it makes way for the one the user asked for.
+    if (auto* overlay = m_delegate.overlay()) overlay->setExpanded(false, "settings");
+    m_settingsWindow->show();
+}
+
+void Application::addInstanceCommands(NotchOverlayController& overlay) {
+    // A second launch: the notch opens, or the settings when that launch asked for them.
+    m_instanceCommands.add("open", [this, &overlay](const nlohmann::json& request) {
+        const auto page = request.find("settings");
+        if (page != request.end() && page->is_string()) {
+            m_settings.setSettingsTab(
+                settingsTabFromRaw(page->get<std::string>()).value_or(SettingsTab::general));
+            showSettings();
+        } else {
+            overlay.setExpanded(true, "second launch");
+        }
+        return nlohmann::json::object();
+    });
+    m_instanceCommands.add("quit", [](const nlohmann::json&) {
+        DebugLog::write("launch: quit requested by another process");
+        // After this turn of the loop, so the reply is written first.
+        QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
+                                  Qt::QueuedConnection);
+        return nlohmann::json::object();
+    });
+    m_instanceCommands.add("version", [](const nlohmann::json&) {
+        return nlohmann::json{{"version", VANTRELLE_VERSION}, {"pid", QCoreApplication::applicationPid()}};
+    });
+}
+
+PermissionStatus Application::permissions() const {
+    // Calendars are files and reminders have no service here: neither asks the user. A camera is the
+    // device file's access rights.
+    const auto camera = m_cameraProbe.canOpenACamera();
+    return PermissionStatus{
+        Permission::notRequired, Permission::notRequired,
+        !camera ? Permission::noDevice : (*camera ? Permission::granted : Permission::denied)};
 }
 
 }  // namespace vantrelle

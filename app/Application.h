@@ -12,6 +12,7 @@
 #include "InotifyFileWatcher.h"
 #include "NotesViewModel.h"
 #include "MonitorsComposition.h"
+#include "MirrorViewModel.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtImageCodec.h"
@@ -26,6 +27,11 @@
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "TasksViewModel.h"
+#include "SettingsViewModel.h"
+#include "SettingsWindow.h"
+#include "ShellEngine.h"
+#include "ShellModel.h"
+#include "SupportViewModel.h"
 #include "ThreadQueue.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
@@ -49,6 +55,9 @@
 #include "media/DesktopPlayerApps.h"
 #include "media/MediaController.h"
 #include "media/MprisMediaProvider.h"
+#include "instance/InstanceCommands.h"
+#include "instance/LocalInstanceChannel.h"
+#include "mirror/MirrorCamera.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -62,7 +71,9 @@ namespace vantrelle {
 // and hands control to the launch sequence.
 class Application {
 public:
-    explicit Application(const Environment& environment);
+    // With an instance channel whose lock this process holds, the program answers other processes'
+    // requests on it (a second launch, `vantrelle --quit`).
+    explicit Application(const Environment& environment, LocalInstanceChannel* instance = nullptr);
     ~Application();
 
     void launch();
@@ -73,6 +84,10 @@ private:
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
     void wireFocus();
     [[nodiscard]] TimerReadings focusReadings() const;
+    void showSettings();
+    void addSupportAndMirror();
+    void addInstanceCommands(NotchOverlayController& overlay);
+    [[nodiscard]] PermissionStatus permissions() const;
 
     const Environment& m_environment;
     AppPaths m_paths;
@@ -90,6 +105,7 @@ private:
     X11Desktop m_desktop;
     CameraProbe m_cameraProbe;
     CameraUse m_cameraUse;
+    MirrorCamera m_mirrorCamera;
     CanberraSoundPlayer m_sounds;
     X11DragPasteboard m_pasteboard;
     AppServices m_services;
@@ -131,7 +147,11 @@ private:
     std::unique_ptr<NotesViewModel> m_notesView;
     std::unique_ptr<TasksViewModel> m_tasksView;
     std::unique_ptr<MediaViewModel> m_mediaView;
+    std::unique_ptr<SettingsViewModel> m_settingsView;
+    std::unique_ptr<SupportViewModel> m_supportView;
+    std::unique_ptr<MirrorViewModel> m_mirrorView;
     ShellEngine m_engine;
+    std::unique_ptr<SettingsWindow> m_settingsWindow;  // goes before the engine it draws with
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;
     AppDelegate m_delegate;
@@ -139,6 +159,8 @@ private:
     std::unique_ptr<TrayMenu> m_tray;
     // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
     std::unique_ptr<MonitorsComposition> m_monitors;
+    LocalInstanceChannel* m_instance;
+    InstanceCommands m_instanceCommands;
 };
 
 }  // namespace vantrelle

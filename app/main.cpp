@@ -8,6 +8,7 @@
 #include "HooksCommand.h"
 #include "TerminationSignals.h"
 #include "MonitorCommands.h"
+#include "InstanceLaunch.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "servers") == 0) return runServersCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "screentime") == 0) return runScreenTimeCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "wrapped") == 0) return runWrappedCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "--quit") == 0) return runQuitCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);
@@ -34,13 +36,21 @@ int main(int argc, char** argv) {
 
     ThreadQueueFactory logQueues;
     DebugLog::configureFromEnvironment(ProcessEnvironment::shared(), logQueues);
+    // One notch per user: a second launch hands over to the first and ends.
+    LocalInstanceChannel instance(instanceFolder(ProcessEnvironment::shared()));
+    if (!instance.tryLock()) {
+        const bool answered =
+            forwardLaunchToRunningInstance(instance.socketPath().parent_path(), ProcessEnvironment::shared());
+        DebugLog::disable();
+        return answered ? 0 : 1;
+    }
     if (!DisplayPlatform::check()) {
         DebugLog::disable();
         return 1;
     }
     DebugLog::write("launch: Vantrelle starting");
 
-    Application app(ProcessEnvironment::shared());
+    Application app(ProcessEnvironment::shared(), &instance);
     app.launch();
     const int status = QApplication::exec();
     DebugLog::write("launch: Vantrelle quitting");

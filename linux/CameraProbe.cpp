@@ -49,3 +49,20 @@ bool CameraProbe::anyCameraRunning() const {
 }
 
 }  // namespace vantrelle
+
+namespace vantrelle {
+
+std::optional<bool> CameraProbe::canOpenACamera() const {
+    namespace fs = std::filesystem;
+    bool anyDevice = false;
+    std::error_code error;
+    for (fs::directory_iterator dev(m_devRoot, error), end; !error && dev != end; dev.increment(error)) {
+        if (!dev->path().filename().string().starts_with("video")) continue;
+        anyDevice = true;
+        if (::access(dev->path().c_str(), R_OK | W_OK) == 0) return true;
+    }
+    if (!anyDevice) return std::nullopt;
+    return false;
+}
+
+}  // namespace vantrelle

@@ -1,10 +1,13 @@
 #include "QuickOverlayWindows.h"
 
+#include <QEnterEvent>
+#include <QMouseEvent>
 #include <QQuickView>
 #include <QRegion>
 #include <cmath>
 
 #include "ShellEngine.h"
+#include "overlay/NotchGeometry.h"
 #include "support/DebugLog.h"
 #include "x11/X11Desktop.h"
 
@@ -75,10 +78,36 @@ void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFra
         m_panel = makeWindow(QStringLiteral("NotchRoot"), true);
         // Without a compositor the drop zone is painted black like the notch it covers.
         m_dropZone = makeWindow(QStringLiteral("DropZone"), m_composited);
+        if (onPointerMoved) {
+            m_panel->installEventFilter(this);
+            m_dropZone->installEventFilter(this);
+        }
     }
-    m_panel->setGeometry(coordinates.toDesktop(panelFrame));
-    m_dropZone->setGeometry(coordinates.toDesktop(dropZoneFrame));
+    const QRect panel = coordinates.toDesktop(panelFrame);
+    const QRect dropZone = coordinates.toDesktop(dropZoneFrame);
+    m_panel->setGeometry(panel);
+    m_dropZone->setGeometry(dropZone);
+    if (onNotchCenterChanged) onNotchCenterChanged(dropZone.x() - panel.x() + dropZone.width() / 2.0);
     applyShapes();
+}
+
+bool QuickOverlayWindows::eventFilter(QObject* watched, QEvent* event) {
+    // Window-level crossings, not item hover: raising the panel and then the drop zone makes the
+    // pointer leave and enter both without moving, and only these events say so at once.
+    switch (event->type()) {
+        case QEvent::Enter:
+            onPointerMoved(static_cast<QEnterEvent*>(event)->globalPosition().toPoint());
+            break;
+        case QEvent::MouseMove:
+            onPointerMoved(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+            break;
+        case QEvent::Leave:
+            onPointerLeft();
+            break;
+        default:
+            break;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void QuickOverlayWindows::orderFront() {
@@ -143,6 +172,17 @@ void QuickOverlayWindows::applyShapes() {
     drawn += roundedRegion(scaled(m_dock), m_dock.height() / 2 * ratio, true);
     m_desktop.setShapes(*m_panel, m_composited ? std::nullopt : std::optional<QRegion>(drawn),
                         m_ignoresMouse ? QRegion() : drawn);
+    applyDropZoneShape();
+}
+
+void QuickOverlayWindows::applyDropZoneShape() {
+    if (!m_dropZone || !m_dropZone->handle()) return;
+    // Painted black without a compositor, the drop zone has the collapsed notch's rounded bottom
+    // corners, or its square ones would show over the shell's.
+    const qreal ratio = m_dropZone->devicePixelRatio();
+    const QRegion shape = roundedRegion(QRectF(QPointF(0, 0), QSizeF(m_dropZone->size()) * ratio),
+                                        kCollapsedCornerRadius * ratio, false);
+    m_desktop.setShapes(*m_dropZone, m_composited ? std::nullopt : std::optional<QRegion>(shape), shape);
 }
 
 }  // namespace vantrelle

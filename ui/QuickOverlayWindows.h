@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <QRectF>
+#include <functional>
 #include <memory>
 
 #include "DesktopCoordinates.h"
@@ -36,6 +38,18 @@ public:
     void setShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     [[nodiscard]] QQuickView* panel() const { return m_panel.get(); }
+    // The middle of the drop zone in panel pixels after each layout: the collapsed shell centres there,
+    // so the two windows' edges meet on the same pixel.
+    std::function<void(qreal)> onNotchCenterChanged;
+    // The pointer over or off our windows, from their own events, in desktop pixels. Set before the
+    // first layout by a program that hears no raw pointer events (XWayland).
+    std::function<void(QPoint)> onPointerMoved;
+    std::function<void()> onPointerLeft;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public:
     // Destroys the windows and their views; later calls do nothing until the next layout.
     void closeViews();
 
@@ -43,6 +57,7 @@ private:
     // A window showing a component of the shell's QML module.
     std::unique_ptr<QQuickView> makeWindow(const QString& component, bool transparent);
     void applyShapes();
+    void applyDropZoneShape();
 
     QQmlEngine& m_engine;
     const X11Desktop& m_desktop;

@@ -16,6 +16,9 @@ class DevServersViewModel;
 class ScreenTimeViewModel;
 class SystemStatsViewModel;
 class WrappedViewModel;
+class MirrorViewModel;
+class SettingsViewModel;
+class SupportViewModel;
 class ShellModel;
 class TasksViewModel;
 
@@ -43,6 +46,9 @@ public:
         ScreenTimeViewModel* screenTime = nullptr;
         SystemStatsViewModel* systemStats = nullptr;
         WrappedViewModel* wrapped = nullptr;
+        SettingsViewModel* settings = nullptr;
+        SupportViewModel* support = nullptr;
+        MirrorViewModel* mirror = nullptr;
     };
     ViewModels viewModels;
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "DesktopCoordinates.h"
 #include "ShellEngine.h"
 #include "ShellTheme.h"
 #include "overlay/IconGlyphs.h"
+#include "support/DebugLog.h"
 
 namespace vantrelle {
 
@@ -22,10 +24,20 @@ ShellModel::ShellModel(NotchOverlayController& overlay, AppSettings& settings, L
     m_tick.setInterval(1000);
     m_tick.setTimerType(Qt::CoarseTimer);
     QObject::connect(&m_tick, &QTimer::timeout, this, [this] { refreshCells(); });
+    m_leave.setSingleShot(true);
+    m_leave.setInterval(80);
+    QObject::connect(&m_leave, &QTimer::timeout, this, [this] {
+        DebugLog::write("overlay: the pointer left the notch's windows");
+        // Somewhere off every rectangle of ours: far outside any screen.
+        constexpr double kNowhere = -1e7;
+        m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved, Point{kNowhere, kNowhere});
+    });
     QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::collapsedWidthChanged);
     QObject::connect(this, &ShellModel::activityChanged, this, &ShellModel::collapsedWidthChanged);
     QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::tabIndexChanged);
     QObject::connect(this, &ShellModel::settingsChanged, this, &ShellModel::tabIndexChanged);
+    QObject::connect(this, &ShellModel::stateChanged, this, &ShellModel::outlineChanged);
+    QObject::connect(this, &ShellModel::settingsChanged, this, &ShellModel::outlineChanged);
 
     m_stateConnection = m_overlay.state().changed.connect([this](NotchState::Field field) {
         // The panel checks its tool each time it comes up.
@@ -160,8 +172,39 @@ void ShellModel::escapePressed() {
     m_overlay.handleEscape();
 }
 
-void ShellModel::openSettings() {
+void ShellModel::openSettings(const QString& page) {
+    if (!page.isEmpty()) {
+        m_settings.setSettingsTab(settingsTabFromRaw(page.toStdString()).value_or(SettingsTab::general));
+    }
     if (onOpenSettings) onOpenSettings();
+}
+
+void ShellModel::pointerMoved(QPoint desktopPoint) {
+    m_leave.stop();
+    m_overlay.handleMouse(NotchOverlayController::MouseEvent::mouseMoved,
+                          DesktopCoordinates::current().toGlobal(desktopPoint));
+}
+
+void ShellModel::pointerLeft() {
+    // Raising or reshaping our windows makes the pointer leave one and enter the other without moving;
+    // only a leave that no enter follows is the pointer going elsewhere.
+    m_leave.start();
+}
+
+void ShellModel::setNotchCenterX(qreal x) {
+    if (x == m_notchCenterX) return;
+    m_notchCenterX = x;
+    Q_EMIT notchCenterChanged();
+}
+
+void ShellModel::quit() {
+    if (onQuit) onQuit();
+}
+
+void ShellModel::setHasTray(bool shown) {
+    if (shown == m_hasTray) return;
+    m_hasTray = shown;
+    Q_EMIT trayChanged();
 }
 
 void ShellModel::dropZoneDropped(const QStringList& urls) {

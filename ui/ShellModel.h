@@ -62,6 +62,10 @@ class ShellModel final : public QObject {
     Q_PROPERTY(qreal ring READ ring NOTIFY activityChanged)
     Q_PROPERTY(bool audioBars READ audioBars NOTIFY activityChanged)
     Q_PROPERTY(bool dimmed READ dimmed NOTIFY activityChanged)
+    Q_PROPERTY(bool hasTray READ hasTray NOTIFY trayChanged)
+    Q_PROPERTY(bool ownPointerEvents READ ownPointerEvents CONSTANT)
+    Q_PROPERTY(qreal notchCenterX READ notchCenterX NOTIFY notchCenterChanged)
+    Q_PROPERTY(bool outlined READ outlined NOTIFY outlineChanged)
 
 public:
     ShellModel(NotchOverlayController& overlay, AppSettings& settings, LiveActivityCenter& activities,
@@ -122,16 +126,35 @@ public:
     Q_INVOKABLE void selectTab(const QString& raw);
     Q_INVOKABLE void collapse();
     Q_INVOKABLE void escapePressed();
-    Q_INVOKABLE void openSettings();
+    // Opens the settings window, on `page` when one is named.
+    Q_INVOKABLE void openSettings(const QString& page = QString());
+    Q_INVOKABLE void quit();
+    // Where the desktop shows no tray icon, the panel's header offers what the tray menu would.
+    [[nodiscard]] bool hasTray() const { return m_hasTray; }
+    void setHasTray(bool shown);
+    // A drawn notch gets a hairline and a glow when the user wants it found on any desktop.
+    [[nodiscard]] bool outlined() const { return simulated() && m_settings.notchOutline(); }
     Q_INVOKABLE void dropZoneClicked() { m_overlay.dropZoneClicked(); }
     Q_INVOKABLE void dropZoneDragEntered() { m_overlay.dropZoneDragEntered(); }
     Q_INVOKABLE void dropZoneDropped(const QStringList& urls);
+    // Where the desktop sends no raw pointer events (X clients under a Wayland compositor), the notch's
+    // own windows report the pointer. Set once by the composition root, before any view loads.
+    [[nodiscard]] bool ownPointerEvents() const { return m_ownPointerEvents; }
+    void setOwnPointerEvents(bool on) { m_ownPointerEvents = on; }
+    // Where the notch's middle falls in the panel window, in its pixels; negative until the first layout.
+    [[nodiscard]] qreal notchCenterX() const { return m_notchCenterX; }
+    void setNotchCenterX(qreal x);
+    // The pointer over one of our own windows, at a point in desktop pixels.
+    void pointerMoved(QPoint desktopPoint);
+    // The pointer left our windows for somewhere this program can't see.
+    void pointerLeft();
     // The drawn shell, its corner radius and the dock in window pixels, for the window shape.
     Q_INVOKABLE void reportShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
     // Timers the closed notch reads each second; filled by the focus models when they exist.
     std::function<TimerReadings()> timerReadings = [] { return TimerReadings{}; };
     std::function<void()> onOpenSettings;
+    std::function<void()> onQuit;
     std::function<void(QRectF shell, qreal cornerRadius, QRectF dock)> onShapeChanged;
 
 Q_SIGNALS:
@@ -140,6 +163,9 @@ Q_SIGNALS:
     void activityChanged();
     void collapsedWidthChanged();
     void tabIndexChanged();
+    void trayChanged();
+    void outlineChanged();
+    void notchCenterChanged();
 
 private:
     void refreshCells();
@@ -155,7 +181,11 @@ private:
     QHash<QString, QString> m_tileViews;
     ToolListModel m_tabs;
     DashboardTileListModel m_dashboardTiles;
-    QTimer m_tick;  // runs only while the shown activity counts each second
+    bool m_hasTray = true;
+    bool m_ownPointerEvents = false;
+    qreal m_notchCenterX = -1;
+    QTimer m_tick;   // runs only while the shown activity counts each second
+    QTimer m_leave;  // a leave of our windows counts only if no enter follows at once
     Connection m_stateConnection;
     Connection m_settingsConnection;
     Connection m_activityConnection;

@@ -6,6 +6,22 @@
 
 namespace vantrelle {
 
+std::string_view describe(Permission permission) {
+    switch (permission) {
+        case Permission::undecided:
+            return "not asked yet";
+        case Permission::denied:
+            return "denied";
+        case Permission::granted:
+            return "granted";
+        case Permission::notRequired:
+            return "no permission needed";
+        case Permission::noDevice:
+            return "no device";
+    }
+    return "unknown";
+}
+
 void AppDelegate::applicationDidFinishLaunching() {
     if (m_d.setAccessoryPolicy) m_d.setAccessoryPolicy();
     m_overlay = m_d.makeOverlay();
@@ -13,9 +29,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     if (m_d.registerNotificationCategories) m_d.registerNotificationCategories();
     const PermissionStatus p = m_d.permissions ? m_d.permissions() : PermissionStatus{};
     DebugLog::write([&] {
-        return fmt::format(
-            "permissions: calendar={} reminders={} camera={} (0 undecided, 2 denied, 3 granted)", p.calendar,
-            p.reminders, p.camera);
+        return fmt::format("permissions: calendar={}, reminders={}, camera={}", describe(p.calendar),
+                           describe(p.reminders), describe(p.camera));
     });
     m_d.hooks.evaluate(m_d.environment, m_d.scheduler);
 }

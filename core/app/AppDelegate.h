@@ -11,11 +11,16 @@
 
 namespace vantrelle {
 
-// Access the user gave, in the platform's raw numbers: 0 undecided, 2 denied, 3 granted.
+// Where the program stands with one protected resource. Desktops without a permission prompt make most
+// resources notRequired; a camera is granted or denied by the device file's access rights.
+enum class Permission { undecided, denied, granted, notRequired, noDevice };
+
+[[nodiscard]] std::string_view describe(Permission permission);
+
 struct PermissionStatus {
-    int calendar = 0;
-    int reminders = 0;
-    int camera = 0;
+    Permission calendar = Permission::undecided;
+    Permission reminders = Permission::undecided;
+    Permission camera = Permission::undecided;
 };
 
 // The launch, in its fixed order: the program leaves the task bar before any panel exists, and the

@@ -70,6 +70,7 @@ AppSettings::AppSettings(DefaultsStore& defaults, NotificationCenter& notificati
     auto& d = m_defaults;
     m_hoverDelay = d.real("hoverDelay").value_or(m_hoverDelay);
     m_simulateNotch = d.boolean("simulateNotch").value_or(m_simulateNotch);
+    m_notchOutline = d.boolean("notchOutline").value_or(m_notchOutline);
     m_hideInFullScreen = d.boolean("hideInFullScreen").value_or(m_hideInFullScreen);
     m_quietDuringCalls = d.boolean("quietDuringCalls").value_or(m_quietDuringCalls);
     if (auto raw = d.string("appearance"))
@@ -150,6 +151,10 @@ void AppSettings::setHoverDelay(double seconds) {
 void AppSettings::setSimulateNotch(bool on) {
     write(m_simulateNotch, on, "simulateNotch");
     m_notifications.post(Notifications::notchGeometrySettingsChanged);
+}
+
+void AppSettings::setNotchOutline(bool on) {
+    write(m_notchOutline, on, "notchOutline");
 }
 
 void AppSettings::setHideInFullScreen(bool on) {
@@ -274,6 +279,10 @@ std::vector<NotchTab> AppSettings::orderedEnabledTabs() const {
         if (m_enabledTabs.contains(tab)) ordered.push_back(tab);
     }
     return ordered;
+}
+
+bool AppSettings::isRestoredAtLaunch(NotchTab tab) {
+    return std::find(kAlwaysEnabled.begin(), kAlwaysEnabled.end(), tab) != kAlwaysEnabled.end();
 }
 
 void AppSettings::setEnabled(NotchTab tab, bool on) {

@@ -53,6 +53,9 @@ public:
     void setHoverDelay(double seconds);
     [[nodiscard]] bool simulateNotch() const { return m_simulateNotch; }
     void setSimulateNotch(bool on);
+    // A hairline outline and faint glow around a simulated notch, so it can be found on a dark desktop.
+    [[nodiscard]] bool notchOutline() const { return m_notchOutline; }
+    void setNotchOutline(bool on);
     [[nodiscard]] bool hideInFullScreen() const { return m_hideInFullScreen; }
     void setHideInFullScreen(bool on);
     [[nodiscard]] bool quietDuringCalls() const { return m_quietDuringCalls; }
@@ -110,6 +113,8 @@ public:
     [[nodiscard]] std::vector<NotchTab> orderedEnabledTabs() const;
     // Turning the Dashboard off, or the last enabled tool, is refused.
     void setEnabled(NotchTab tab, bool on);
+    // Tools that every launch turns back on, whatever was stored.
+    [[nodiscard]] static bool isRestoredAtLaunch(NotchTab tab);
 
 private:
     void loadEnabledTabs();
@@ -127,6 +132,7 @@ private:
     SettingsTab m_settingsTab = SettingsTab::general;
     double m_hoverDelay = 0.2;
     bool m_simulateNotch = true;
+    bool m_notchOutline = true;
     bool m_hideInFullScreen = false;
     bool m_quietDuringCalls = true;
     Appearance m_appearance = Appearance::system;

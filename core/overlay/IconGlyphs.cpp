@@ -8,7 +8,7 @@ namespace vantrelle {
 namespace {
 
 // Symbol name → Material Icons code point (name in the font).
-constexpr std::array<std::pair<std::string_view, char32_t>, 46> kGlyphs{{
+constexpr std::array<std::pair<std::string_view, char32_t>, 50> kGlyphs{{
     {"square.grid.2x2", 0xe9b0},                     // grid_view
     {"calendar", 0xe935},                            // calendar_today
     {"checklist", 0xe6b1},                           // checklist
@@ -55,6 +55,10 @@ constexpr std::array<std::pair<std::string_view, char32_t>, 46> kGlyphs{{
     {"forward.fill", 0xe044},                        // skip_next
     {"backward.fill", 0xe045},                       // skip_previous
     {"arrow.up.forward.app", 0xe89e},                // open_in_new
+    {"ellipsis", 0xe5d3},                            // more_horiz
+    {"folder", 0xe2c7},                              // folder
+    {"envelope", 0xe158},                            // mail
+    {"video.slash", 0xe04c},                         // videocam_off
 }};
 
 }  // namespace

@@ -32,7 +32,10 @@ PointerMonitor::PointerMonitor(XConnection& connection, Handler handler)
         return;
     }
     m_xinputOpcode = xinput->major_opcode;
-    auto version = own(xcb_input_xi_query_version_reply(c, xcb_input_xi_query_version(c, 2, 0), nullptr));
+    // A client that announces 2.0 gets no raw events while another client holds a grab, such as the
+    // implicit grab of a click on our own panel, and would miss the release that ends it. From 2.1 on
+    // raw events arrive whatever the grab.
+    auto version = own(xcb_input_xi_query_version_reply(c, xcb_input_xi_query_version(c, 2, 2), nullptr));
     if (!version || version->major_version < 2) {
         DebugLog::write("overlay: XInput 2 missing, pointer monitor off");
         return;
@@ -85,6 +88,9 @@ void PointerMonitor::afterEvents() {
     xcb_connection_t* c = m_connection.get();
     auto pointer = own(xcb_query_pointer_reply(c, xcb_query_pointer(c, m_connection.root()), nullptr));
     if (!pointer) return;
+    // The server's button state is the truth: a release we never heard of must not turn every later
+    // move into a drag.
+    m_leftButtonDown = (pointer->mask & XCB_BUTTON_MASK_1) != 0;
     using Event = NotchOverlayController::MouseEvent;
     if (pressed) m_handler(Event::leftMouseDown, pointer->root_x, pointer->root_y);
     if (moved) {

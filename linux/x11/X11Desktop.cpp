@@ -86,4 +86,13 @@ void X11Desktop::setShapes(const QWindow& window, const std::optional<QRegion>& 
     xcb_flush(c);
 }
 
+bool X11Desktop::isXWayland() const {
+    xcb_connection_t* c = m_connection.get();
+    if (!c) return false;
+    constexpr char kName[] = "XWAYLAND";
+    std::unique_ptr<xcb_query_extension_reply_t, decltype(&std::free)> reply(
+        xcb_query_extension_reply(c, xcb_query_extension(c, sizeof(kName) - 1, kName), nullptr), &std::free);
+    return reply && reply->present;
+}
+
 }  // namespace vantrelle

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] bool activeWindowIsFullScreen(const QRect& screen) const;
     // A compositing manager runs, so transparent windows blend with what lies below.
     [[nodiscard]] bool hasCompositor() const;
+    // The X server is XWayland: raw pointer events reach us only while the pointer is over X windows.
+    [[nodiscard]] bool isXWayland() const;
     // What the window draws (absent: all of it) and where it takes the pointer, in window pixels.
     void setShapes(const QWindow& window, const std::optional<QRegion>& bounding, const QRegion& input) const;
 

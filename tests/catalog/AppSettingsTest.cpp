@@ -48,6 +48,15 @@ TEST_F(AppSettingsTest, EmptyStoreGivesEveryDefault) {
     EXPECT_EQ(s.settingsTab(), SettingsTab::general);
 }
 
+TEST_F(AppSettingsTest, TheNotchOutlineIsOnUntilTurnedOffAndStaysOffAfterARestart) {
+    EXPECT_TRUE(load().notchOutline());
+    settings->setNotchOutline(false);
+    EXPECT_EQ(defaults.boolean("notchOutline"), false);
+    EXPECT_FALSE(load().notchOutline());
+    defaults.set("notchOutline", std::string("no"));
+    EXPECT_TRUE(load().notchOutline()) << "a value of another type gives the default";
+}
+
 TEST_F(AppSettingsTest, WrongTypesAndUnknownNamesFallBack) {
     defaults.set("hoverDelay", std::string("fast"));
     defaults.set("showDock", std::int64_t{0});

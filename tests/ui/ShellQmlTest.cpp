@@ -18,6 +18,11 @@
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "TasksViewModel.h"
+#include "MirrorViewModel.h"
+#include "SettingsViewModel.h"
+#include "ShellEngine.h"
+#include "ShellModel.h"
+#include "SupportViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
@@ -85,6 +90,9 @@ protected:
         engine.viewModels.screenTime = &screenTimeView;
         engine.viewModels.systemStats = &systemStatsView;
         engine.viewModels.wrapped = &wrappedView;
+        engine.viewModels.settings = &settingsView;
+        engine.viewModels.support = &supportView;
+        engine.viewModels.mirror = &mirrorView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -161,6 +169,13 @@ protected:
                                      return WrappedSummary::make(period, Date{1'800'000'000.0}, sources);
                                  },
                                  QString::fromStdString(home.path().string())};
+    SettingsViewModel settingsView{settings};
+    SupportViewModel supportView{SupportViewModel::Dependencies{hooksPaths, "/tmp/vantrelle.log",
+                                                                SupportContext{"0.1.0", "offscreen"},
+                                                                [](const QString&) { return false; }}};
+    CameraUse cameraUse;
+    MirrorCamera mirrorCamera{cameraUse, scheduler};
+    MirrorViewModel mirrorView{mirrorCamera};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -230,11 +245,26 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
     controller->setExpanded(true, "test");
+    shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
+    shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
     for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-                             "screenTime", "stats"}) {
+                             "screenTime", "stats", "support", "mirror"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
+        EXPECT_EQ(std::exchange(problems, {}), std::vector<std::string>{});
+    }
+}
+
+TEST_F(ShellQml, EverySettingsPageShowsWithoutErrors) {
+    QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("SettingsRoot")));
+    std::unique_ptr<QObject> root(component.create());
+    ASSERT_TRUE(root) << component.errorString().toStdString();
+    for (const auto& page : SettingsViewModel::pages()) {
+        SCOPED_TRACE(page.toStdString());
+        settingsView.setPage(page);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(settingsView.page(), page);
         EXPECT_EQ(std::exchange(problems, {}), std::vector<std::string>{});
     }
 }

@@ -5,7 +5,9 @@
 #include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "ShelfViewModel.h"
+#include "SettingsViewModel.h"
 #include "ShellModel.h"
+#include "SupportViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
@@ -311,6 +313,99 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     EXPECT_EQ(role(items, 0, "url"), QString());  // gone: the view shows a generic icon
     view.clear();
     EXPECT_EQ(items.count(), 0);
+TEST_F(ViewModels, SettingsWriteThroughAtOnceAndAnswerChangesFromElsewhere) {
+    SettingsViewModel view(settings);
+    int changes = 0;
+    QObject::connect(&view, &SettingsViewModel::changed, &view, [&] { ++changes; });
+    view.setHoverDelay(1.5);
+    EXPECT_DOUBLE_EQ(settings.hoverDelay(), 1.5);
+    EXPECT_EQ(defaults.real("hoverDelay"), 1.5) << "stored at once, nothing to save";
+    view.setHoverDelay(-2);
+    EXPECT_DOUBLE_EQ(settings.hoverDelay(), 0) << "a delay below zero means none";
+    view.setAppearance(2);
+    EXPECT_EQ(settings.appearance(), Appearance::light);
+    view.setAppearance(7);
+    EXPECT_EQ(settings.appearance(), Appearance::light) << "an index past the list changes nothing";
+    settings.setFocusMinutes(50);  // from somewhere else
+    EXPECT_EQ(view.focusMinutes(), 50);
+    EXPECT_GE(changes, 4);
+    view.setPage(QStringLiteral("nonsense"));
+    EXPECT_EQ(view.page(), "general");
+    view.setPage(QStringLiteral("focus"));
+    EXPECT_EQ(settings.settingsTab(), SettingsTab::focus);
+}
+
+TEST_F(ViewModels, ARefusedToolChangeSaysWhyAndTheSwitchStaysOn) {
+    SettingsViewModel view(settings);
+    auto& tools = *view.tools();
+    ASSERT_EQ(role(tools, 0, "raw"), "dashboard");
+    view.setToolEnabled(QStringLiteral("dashboard"), false);
+    EXPECT_TRUE(role(tools, 0, "chosen").toBool());
+    EXPECT_TRUE(view.toolNote().contains(QStringLiteral("Dashboard stays on")))
+        << view.toolNote().toStdString();
+
+    view.setToolEnabled(QStringLiteral("music"), false);
+    EXPECT_FALSE(settings.isEnabled(NotchTab::music));
+    EXPECT_TRUE(view.toolNote().isEmpty()) << "a change that went through clears the old note";
+}
+
+TEST_F(ViewModels, TilesMoveAndSwapThroughTheSettings) {
+    SettingsViewModel view(settings);
+    view.moveTile(0, 7);
+    EXPECT_EQ(settings.dashboardTiles().back(), DashTile::today);
+    EXPECT_EQ(role(*view.tiles(), 7, "raw"), "today");
+    view.placeTile(0, QStringLiteral("today"));
+    EXPECT_EQ(settings.dashboardTiles().front(), DashTile::today);
+    EXPECT_EQ(settings.dashboardTiles().size(), kDashboardSlots);
+    view.placeTile(0, QStringLiteral("weather"));
+    EXPECT_EQ(settings.dashboardTiles().front(), DashTile::today) << "an unknown tile changes nothing";
+}
+
+TEST_F(ViewModels, TheLastVisibleToggleStaysWithANote) {
+    SettingsViewModel view(settings);
+    settings.setVisibleToggles({QuickToggle::mute});
+    view.setToggleShown(QStringLiteral("mute"), false);
+    EXPECT_EQ(settings.visibleToggles(), std::vector<QuickToggle>{QuickToggle::mute});
+    EXPECT_FALSE(view.toggleNote().isEmpty());
+    view.setToggleShown(QStringLiteral("darkMode"), true);
+    EXPECT_EQ(settings.visibleToggles(),
+              (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::darkMode}));
+    EXPECT_TRUE(view.toggleNote().isEmpty());
+}
+
+TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
+    TempDir home;
+    AppPaths paths;
+    paths.dataHome = home / "data";
+    paths.configHome = home / "config";
+    paths.cacheHome = home / "cache";
+    std::vector<QString> opened;
+    bool handlerAnswers = true;
+    SupportViewModel support(
+        SupportViewModel::Dependencies{paths, "", SupportContext{"0.1.0", "xcb"}, [&](const QString& url) {
+                                           opened.push_back(url);
+                                           return handlerAnswers;
+                                       }});
+    EXPECT_EQ(support.folders()->count(), 3);
+    const QString data = role(*support.folders(), 0, "raw").toString();
+    support.openFolder(data);
+    ASSERT_EQ(opened.size(), 1U);
+    EXPECT_TRUE(opened[0].startsWith(QStringLiteral("file://")));
+    EXPECT_TRUE(std::filesystem::is_directory(paths.dataRoot()))
+        << "a folder not made yet is made to be shown";
+    support.openFolder(QStringLiteral("/etc"));
+    EXPECT_EQ(opened.size(), 1U) << "only the folders offered";
+    support.openDebugLog();
+    EXPECT_EQ(opened.size(), 1U) << "no log, nothing to open";
+
+    support.sendMail(QStringLiteral("Hi"), QStringLiteral("It broke"));
+    ASSERT_EQ(opened.size(), 2U);
+    EXPECT_TRUE(
+        opened[1].startsWith(QStringLiteral("mailto:support@vantrelle.app?subject=Hi&body=It%20broke")));
+    EXPECT_TRUE(support.status().contains(QStringLiteral("mail program has")));
+    handlerAnswers = false;
+    support.sendMail(QStringLiteral("Hi"), QString());
+    EXPECT_TRUE(support.status().contains(QStringLiteral("support@vantrelle.app")));
 }
 
 }  // namespace

@@ -9,7 +9,8 @@ log=$work/v.log
 # The program ends cleanly on SIGTERM, still writing its files: wait for it before removing them.
 trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
+# To stderr: a failure inside $(wait_for ...) must still be seen.
+fail() { { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; } >&2; exit 1; }
 
 # A private display on the first free number.
 Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
@@ -17,8 +18,11 @@ xvfb_pid=$!
 for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
 export DISPLAY=:$(cat "$work/display")
 
-# A fresh home, so no setting of the machine's user reaches the test.
+# A fresh home, so no setting of the machine's user reaches the test, and a runtime folder of its own,
+# so the single-instance lock is this test's alone.
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+export XDG_RUNTIME_DIR=$work/run
+mkdir -p "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
 "$app" >"$work/app.out" 2>&1 &
 app_pid=$!
@@ -99,5 +103,78 @@ sleep 0.6
 is_black $((756 + 92 + 40)) 12 || fail "the notch did not widen for the alert"
 import -window root "$work/alert.png"
 [[ -n "${VANTRELLE_UI_SHOTS:-}" ]] && cp "$work/collapsed.png" "$work/alert.png" "$VANTRELLE_UI_SHOTS/"
+
+# ---- The shell: dock clicks, Escape from a text field, the settings window, one instance -------------
+# Where things sit on this 1512-pixel screen: the panel is 998 wide around x=756 and 340 high; the dock
+# is centred 12 below it; its items are 40 apart, calc the tenth of seventeen.
+panel_bottom=340
+dock_y=$((panel_bottom + 12 + 23))
+calc_x=$((756 + 40))
+header_y=$((32 + 8 + 20))
+gear_x=$((756 + 499 - 20 - 11 - 2 * 30))   # close, then "more" (no tray here), then the gear
+
+# 8. A click on a dock icon, then leaving: the panel still closes (the click's release is not lost).
+sleep 0.6; mark; move_to 756 16; xdotool click 1
+wait_for "overlay: expand (unspecified)" >/dev/null
+sleep 0.5; move_to "$calc_x" "$dock_y"; xdotool click 1
+sleep 0.3; mark; move_to 100 700
+wait_for "overlay: collapse (mouse left)" >/dev/null
+
+# 9. Escape from the calculator's field, with text in it, closes the panel.
+sleep 0.6; mark; move_to 756 16; xdotool click 1
+wait_for "overlay: expand (unspecified)" >/dev/null
+sleep 0.5; move_to "$calc_x" "$dock_y"; xdotool click 1
+sleep 0.3; xdotool type --delay 20 "12*3"
+sleep 0.2; mark; xdotool key Escape
+wait_for "overlay: collapse (esc)" >/dev/null
+
+# 10. The gear opens the settings; a new hover delay applies to the very next hover.
+sleep 0.6; mark; move_to 756 16; xdotool click 1
+wait_for "overlay: expand (unspecified)" >/dev/null
+sleep 0.5; mark; move_to "$gear_x" "$header_y"; xdotool click 1
+wait_for "settings: window shown" >/dev/null
+sleep 1
+settings_window=$(xdotool search --name "Vantrelle Settings" | head -1)
+[[ -n "$settings_window" ]] || fail "no settings window"
+[[ -n "${VANTRELLE_UI_SHOTS:-}" ]] && import -window "$settings_window" "$VANTRELLE_UI_SHOTS/settings-window.png"
+mark; xdotool key ctrl+a; xdotool type --delay 20 "1.2"; xdotool key Return
+wait_for "settings: setHoverDelay changed" >/dev/null
+grep -q '"hoverDelay": *1.2' "$XDG_CONFIG_HOME/Vantrelle/defaults.json" || fail "the hover delay was not stored"
+sleep 0.3; move_to 100 900; sleep 0.5
+mark; move_to 756 16; t0=$(today_seconds)
+t=$(wait_for "overlay: expand (unspecified)" 4)
+expect_at_least "$(echo "$t - $t0" | bc -l)" 1.1 "the new hover delay was not honoured"
+sleep 0.3; mark; move_to 100 900
+wait_for "overlay: collapse (mouse left)" >/dev/null
+
+# 11. A second launch opens the first instance's panel and ends; `--quit` ends the first.
+sleep 0.6; mark
+"$app" >"$work/second.out" 2>&1 || fail "the second launch failed: $(cat "$work/second.out")"
+wait_for "overlay: expand (second launch)" >/dev/null
+"$app" --quit || fail "--quit found no instance"
+for _ in $(seq 100); do kill -0 "$app_pid" 2>/dev/null || break; sleep 0.05; done
+kill -0 "$app_pid" 2>/dev/null && fail "--quit did not end the program"
+"$app" --quit 2>/dev/null && fail "--quit succeeded with nothing running"
+
+# 12. VANTRELLE_OPEN_SETTINGS opens the window at launch, on the page it names.
+mark
+VANTRELLE_OPEN_SETTINGS=toggles "$app" >"$work/app2.out" 2>&1 &
+app_pid=$!
+wait_for "settings: window shown" 8 >/dev/null
+
+# 13. Without raw pointer events (an X client under a Wayland compositor sees none), the notch hears
+# its own windows: hovering opens it, leaving closes it.
+kill "$app_pid"; wait "$app_pid" 2>/dev/null || true
+sleep 0.3; mark
+VANTRELLE_NO_RAW_POINTER=1 "$app" >"$work/app3.out" 2>&1 &
+app_pid=$!
+wait_for "launch: starting background services" 8 >/dev/null
+sleep 0.8; move_to 100 900; sleep 0.3
+mark; move_to 756 16
+wait_for "overlay: expand (unspecified)" 4 >/dev/null
+sleep 0.6; mark; move_to 756 200; sleep 0.2; move_to 100 900
+wait_for "overlay: collapse (mouse left)" >/dev/null
+
+echo "ui: the shell's dock clicks, Escape, settings, hover delay, second launch, --quit and own-event hover behave"
 
 echo "ui: hover, leave, click, Escape, click outside and a Claude Code alert behave; shell drawn where expected"

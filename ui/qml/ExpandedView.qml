@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic as C
 import Vantrelle.Shell
 
 // The open panel: a header with the tool's name and controls, then the tool itself.
@@ -40,9 +41,23 @@ Item {
                 visible: Shell.tab === "dashboard"
                 glyph: Shell.glyph("slider.horizontal.3")
                 help: "Arrange the Dashboard"
-                onClicked: Shell.openSettings()
+                onClicked: Shell.openSettings("dashboard")
             }
-            HeaderButton { glyph: Shell.glyph("gearshape.fill"); help: "Settings"; onClicked: Shell.openSettings() }
+            HeaderButton { glyph: Shell.glyph("gearshape.fill"); help: "Settings"; onClicked: Shell.openSettings("") }
+            // Where the desktop shows no tray icon, its menu's rows live here.
+            HeaderButton {
+                id: moreButton
+                visible: !Shell.hasTray
+                glyph: Shell.glyph("ellipsis")
+                help: "More"
+                onClicked: moreMenu.open()
+                C.Menu {
+                    id: moreMenu
+                    y: moreButton.height + 6
+                    C.MenuItem { text: "Settings…"; onTriggered: Shell.openSettings("") }
+                    C.MenuItem { text: "Quit Vantrelle"; onTriggered: Shell.quit() }
+                }
+            }
             HeaderButton { glyph: Shell.glyph("arrow.down.right.and.arrow.up.left"); help: "Close"; onClicked: Shell.collapse() }
         }
     }

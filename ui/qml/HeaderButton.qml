@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic as C
 import Vantrelle.Shell
 
 // A round 22-point button of the panel header.
@@ -19,4 +20,13 @@ Rectangle {
         cursorShape: Qt.PointingHandCursor
         onClicked: button.clicked()
     }
+    // Below the button, inside the panel; the top edge belongs to the notch.
+    C.ToolTip {
+        visible: hover.containsMouse && button.help !== ""
+        text: button.help
+        delay: 500
+        y: button.height + 6
+        x: (button.width - width) / 2
+    }
+
 }

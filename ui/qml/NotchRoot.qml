@@ -7,6 +7,7 @@ Item {
     id: root
     focus: true
     Keys.onEscapePressed: (event) => { Shell.escapePressed(); event.accepted = true }
+    Shortcut { sequence: "Ctrl+,"; onActivated: Shell.openSettings("") }
 
     readonly property bool expanded: Shell.expanded
     // A real notch with nothing to show stands alone; a simulated one is always drawn.
@@ -15,7 +16,9 @@ Item {
 
     NotchShell {
         id: shell
-        anchors.horizontalCenter: parent.horizontalCenter
+        // On whole pixels, like the window shape cut around it (a half-pixel edge draws as a grey step),
+        // and centred where the drop zone's window sits, so their edges meet on the same pixel.
+        x: Math.round((Shell.notchCenterX >= 0 ? Shell.notchCenterX : root.width / 2) - width / 2)
         y: 0
         visible: root.shellVisible
         width: root.expanded ? Shell.panelWidth : root.collapsedWidth
@@ -24,6 +27,7 @@ Item {
         elevated: root.expanded
         glass: Shell.glass
         light: Shell.lightAppearance
+        outlined: Shell.outlined && !root.expanded
 
         Behavior on width { NumberAnimation { duration: Theme.morphDuration; easing.type: Easing.OutBack
                                               easing.overshoot: Theme.morphOvershoot } }
@@ -36,8 +40,12 @@ Item {
             visible: opacity > 0
             Behavior on opacity { NumberAnimation { duration: 150 } }
         }
+        // Laid out at the open size from the first frame and uncovered by the growing shell, so no
+        // text reflows or overlaps while the panel opens.
         ExpandedView {
-            anchors.fill: parent
+            anchors { top: parent.top; horizontalCenter: parent.horizontalCenter }
+            width: Shell.panelWidth
+            height: Shell.panelHeight
             showRail: !Shell.showDock
             opacity: root.expanded ? 1 : 0
             visible: opacity > 0
@@ -48,7 +56,7 @@ Item {
     DockPill {
         id: dock
         visible: root.expanded && Shell.showDock
-        anchors.horizontalCenter: parent.horizontalCenter
+        x: Math.round((root.width - width) / 2)
         y: Shell.panelHeight + Shell.dockGap
     }
 

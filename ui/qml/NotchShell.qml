@@ -8,6 +8,7 @@ Item {
     property bool elevated: false
     property bool glass: false
     property bool light: false
+    property bool outlined: false
     default property alias content: body.data
 
     // The soft shadow of the open panel, 14 points down, fading over 28: layered rings of black.
@@ -36,6 +37,35 @@ Item {
         anchors { left: parent.left; right: parent.right; top: parent.top }
         height: Math.min(shell.cornerRadius, parent.height / 2)
         color: fill.color
+    }
+    // A drawn notch on a dark desktop: a faint glow around it (seen where a compositor blends it) and a
+    // hairline along its edge. Its top edge and top corners sit above the window, so only the straight
+    // sides and the rounded bottom show.
+    Repeater {
+        model: shell.outlined ? 3 : 0
+        Rectangle {
+            readonly property real spread: (index + 1) * 2
+            x: -spread
+            y: -spread
+            width: shell.width + 2 * spread
+            height: shell.height + 2 * spread
+            radius: shell.cornerRadius + spread
+            color: "transparent"
+            border.width: 2
+            border.color: Qt.rgba(1, 1, 1, 0.10 - index * 0.03)
+        }
+    }
+    Rectangle {
+        visible: shell.outlined
+        x: 0
+        y: -shell.cornerRadius - 1
+        width: shell.width
+        height: shell.height + shell.cornerRadius + 1
+        radius: shell.cornerRadius
+        color: "transparent"
+        border.width: 1
+        border.color: Qt.rgba(1, 1, 1, 0.35)
+        z: 1
     }
     Item {
         id: body

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic as C
 import Vantrelle.Shell
 
 // The row of enabled tools, with a highlight that slides to the selected one.
@@ -34,6 +35,7 @@ Item {
                 required property string raw
                 required property string icon
                 required property color tint
+                required property string title
                 width: 32
                 height: 32
                 ToolGlyph {
@@ -43,9 +45,20 @@ Item {
                     size: 28
                 }
                 MouseArea {
+                    id: itemMouse
                     anchors.fill: parent
+                    hoverEnabled: true
                     cursorShape: Qt.PointingHandCursor
                     onClicked: Shell.selectTab(item.raw)
+                }
+                // Above the icon, over the panel: around the dock the window is cut away without a
+                // compositor.
+                C.ToolTip {
+                    visible: itemMouse.containsMouse
+                    text: item.title
+                    delay: 500
+                    y: -height - 22
+                    x: (item.width - width) / 2
                 }
             }
         }

@@ -26,9 +26,7 @@ Item {
             selectByMouse: true
             Keys.onReturnPressed: Calc.commit()
             Keys.onEnterPressed: Calc.commit()
-            Keys.onEscapePressed: (event) => {
-                if (text.length > 0) { Calc.input = ""; event.accepted = true } else { event.accepted = false }
-            }
+            // Escape is not taken here: it reaches the panel, which closes.
             Text {
                 visible: field.text.length === 0
                 text: Calc.previousAnswer !== "" ? "Try ans * 2, 20% of 150, 5 km in mi" : "Try 24*7, 20% of 150, 5 km in mi, 10 usd in eur"

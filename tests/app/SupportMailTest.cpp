@@ -1,0 +1,31 @@
+#include <gtest/gtest.h>
+
+#include "app/SupportMail.h"
+
+namespace vantrelle {
+namespace {
+
+const SupportContext kContext{"0.1.0", "xcb"};
+
+TEST(SupportMailTest, SubjectAndBodyAreEncodedSoAnyMailHandlerReadsThemWhole) {
+    const std::string link = supportMailto("Crash & burn?", "Line one\nLine two = ok", kContext);
+    EXPECT_EQ(link,
+              "mailto:support@vantrelle.app?subject=Crash%20%26%20burn%3F"
+              "&body=Line%20one%0D%0ALine%20two%20%3D%20ok%0D%0A%0D%0A--%0D%0AVantrelle%200.1.0%20on%20xcb");
+}
+
+TEST(SupportMailTest, AnEmptySubjectGetsADefaultAndUtf8IsEncodedByteByByte) {
+    const std::string link = supportMailto("", "Grüße\r\n", kContext);
+    EXPECT_NE(link.find("subject=Vantrelle%20feedback"), std::string::npos) << link;
+    EXPECT_NE(link.find("body=Gr%C3%BC%C3%9Fe%0D%0A%0D%0A"), std::string::npos)
+        << "CRLF stays one line break: " << link;
+}
+
+TEST(SupportMailTest, OnlyUnreservedCharactersStayAsTheyAre) {
+    EXPECT_EQ(percentEncoded("Az09-._~"), "Az09-._~");
+    EXPECT_EQ(percentEncoded("a/b?c#d%e+f"), "a%2Fb%3Fc%23d%25e%2Bf");
+    EXPECT_EQ(percentEncoded(std::string("\0x", 2)), "%00x");
+}
+
+}  // namespace
+}  // namespace vantrelle
