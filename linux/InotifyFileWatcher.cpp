@@ -34,9 +34,22 @@ InotifyFileWatcher::~InotifyFileWatcher() {
 
 std::unique_ptr<FileWatch> InotifyFileWatcher::watchFile(const std::filesystem::path& file,
                                                          std::function<void()> onChange) {
+    return add(file, IN_MODIFY | IN_CLOSE_WRITE | IN_MOVE_SELF | IN_DELETE_SELF, std::move(onChange));
+}
+
+std::unique_ptr<FileWatch> InotifyFileWatcher::watchFolder(const std::filesystem::path& folder,
+                                                           std::function<void()> onChange) {
+    // IN_ONLYDIR: a file given by mistake is refused rather than watched with the wrong meaning.
+    return add(folder,
+               IN_CREATE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_CLOSE_WRITE | IN_MODIFY |
+                   IN_MOVE_SELF | IN_DELETE_SELF | IN_ONLYDIR,
+               std::move(onChange));
+}
+
+std::unique_ptr<FileWatch> InotifyFileWatcher::add(const std::filesystem::path& path, std::uint32_t mask,
+                                                   std::function<void()> onChange) {
     if (m_fd < 0) return nullptr;
-    const int descriptor =
-        ::inotify_add_watch(m_fd, file.c_str(), IN_MODIFY | IN_CLOSE_WRITE | IN_MOVE_SELF | IN_DELETE_SELF);
+    const int descriptor = ::inotify_add_watch(m_fd, path.c_str(), mask);
     if (descriptor < 0) return nullptr;
     m_handlers[descriptor] = std::move(onChange);
     return std::make_unique<Watch>(*this, descriptor);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
 #include <functional>
 #include <map>
 
@@ -18,9 +19,13 @@ public:
 
     [[nodiscard]] std::unique_ptr<FileWatch> watchFile(const std::filesystem::path& file,
                                                        std::function<void()> onChange) override;
+    [[nodiscard]] std::unique_ptr<FileWatch> watchFolder(const std::filesystem::path& folder,
+                                                         std::function<void()> onChange) override;
 
 private:
     class Watch;
+    std::unique_ptr<FileWatch> add(const std::filesystem::path& path, std::uint32_t mask,
+                                   std::function<void()> onChange);
     void drain();
     void remove(int descriptor);
 

@@ -20,6 +20,13 @@ public:
     // renamed. Nothing when the file cannot be watched. After a delete or rename the watch is spent.
     [[nodiscard]] virtual std::unique_ptr<FileWatch> watchFile(const std::filesystem::path& file,
                                                                std::function<void()> onChange) = 0;
+    // Calls `onChange` on the main thread when an entry of the folder is created, written, renamed or
+    // deleted, or the folder itself goes. Nothing when the folder cannot be watched (or the watcher
+    // watches files only).
+    [[nodiscard]] virtual std::unique_ptr<FileWatch> watchFolder(const std::filesystem::path& /*folder*/,
+                                                                 std::function<void()> /*onChange*/) {
+        return nullptr;
+    }
 };
 
 }  // namespace vantrelle
