@@ -166,7 +166,8 @@ void CalendarService::announce(const CalendarEvent& event) {
 
 std::string CalendarService::key(const CalendarEvent& event) {
     char digits[64];
-    auto [end, error] = std::to_chars(digits, digits + sizeof digits, event.start.seconds);
+    auto [end, error] =
+        std::to_chars(digits, digits + sizeof digits, event.start.seconds, std::chars_format::fixed);
     return event.identifier + "|" + (error == std::errc() ? std::string(digits, end) : std::string("?"));
 }
 
