@@ -4,12 +4,16 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QUrl>
 
 #include "app/LaunchFiles.h"
 #include "overlay/DeclaredNotch.h"
+#include "schedule/CalendarDemo.h"
+#include "schedule/CalendarSettings.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
@@ -46,6 +50,15 @@ Application::Application(const Environment& environment)
       m_aiUsage(AIUsageModel::Dependencies{environment, m_paths.home, SystemClock::shared(), m_scheduler,
                                            m_queues, m_processes, m_settings, m_activities, &m_wrappedHistory,
                                            DemoMode::isOn()}),
+      m_calendarLibrary(CalendarSettings::folders(m_defaults, m_paths.dataHome),
+                        CalendarSettings::userAddresses(m_defaults)),
+      m_calendarSource(m_calendarLibrary, m_fileWatcher, m_scheduler),
+      m_calendar(CalendarService::Dependencies{
+          m_calendarSource, m_settings, m_activities, NotificationCenter::shared(), m_scheduler,
+          SystemClock::shared(), environment, DemoMode::isOn(),
+          DemoMode::isOn() ? CalendarDemo::events(SystemClock::shared().now())
+                           : std::vector<CalendarEvent>{}}),
+      m_reminders(m_calendarLibrary, SystemClock::shared(), DemoMode::isOn()),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -66,10 +79,32 @@ Application::Application(const Environment& environment)
     SharedInstance<RatesService>::install(&m_rates);
     SharedInstance<WrappedHistory>::install(&m_wrappedHistory);
     SharedInstance<AIUsageModel>::install(&m_aiUsage);
+    SharedInstance<CalendarService>::install(&m_calendar);
     // Background services in their start-up order; the others join as they are built.
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
+    m_services.addService("calendar", [this] { m_calendar.start(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
+    wireCalendarChooser();
+}
+
+// Asking for calendar access means pointing at a folder of .ics files; the folder is kept in the
+// settings beside the default ones.
+void Application::wireCalendarChooser() {
+    m_calendarSource.chooseFolder = [](std::function<void(std::filesystem::path)> answer) {
+        const QString folder = QFileDialog::getExistingDirectory(
+            nullptr, QStringLiteral("Choose a calendar folder"), QDir::homePath());
+        answer(folder.isEmpty() ? std::filesystem::path() : std::filesystem::path(folder.toStdString()));
+    };
+    m_calendarSource.onFoldersChanged = [this](const std::vector<std::filesystem::path>& folders) {
+        const auto defaults = defaultCalendarFolders(m_paths.dataHome);
+        std::vector<std::string> chosen;
+        for (const auto& folder : folders) {
+            if (std::find(defaults.begin(), defaults.end(), folder) == defaults.end())
+                chosen.push_back(folder.string());
+        }
+        m_defaults.set(CalendarSettings::kFoldersKey, chosen);
+    };
 }
 
 Application::~Application() {
@@ -81,6 +116,7 @@ Application::~Application() {
     SharedInstance<RatesService>::install(nullptr);
     SharedInstance<WrappedHistory>::install(nullptr);
     SharedInstance<AIUsageModel>::install(nullptr);
+    SharedInstance<CalendarService>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -118,8 +154,17 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerToolView(NotchTab::aiUsage, QStringLiteral("AIUsageView"));
     m_shell->registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
     m_shell->registerTileView(DashTile::aiUsage, QStringLiteral("AIUsageTile"));
-    // The QML singletons Shell, Calc and AIUsage; no view has loaded yet.
-    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get()};
+    m_todayView = std::make_unique<TodayViewModel>(
+        m_calendar, [](const QString& url) { return QDesktopServices::openUrl(QUrl(url)); },
+        [this] { m_wrappedHistory.recordMeetingJoined(); });
+    m_shell->registerToolView(NotchTab::today, QStringLiteral("TodayView"));
+    m_shell->registerTileView(DashTile::today, QStringLiteral("TodayTile"));
+    m_remindersView = std::make_unique<RemindersViewModel>(m_reminders);
+    m_shell->registerToolView(NotchTab::reminders, QStringLiteral("RemindersView"));
+    m_shell->registerTileView(DashTile::reminders, QStringLiteral("RemindersTile"));
+    // The QML singletons Shell, Calc, AIUsage, Today and Reminders; no view has loaded yet.
+    m_engine.viewModels = {m_shell.get(), m_calcView.get(), m_aiUsageView.get(), m_todayView.get(),
+                           m_remindersView.get()};
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {

@@ -14,9 +14,11 @@
 #include "QtMainScheduler.h"
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
+#include "RemindersViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "ThreadQueue.h"
+#include "TodayViewModel.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
 #include "agents/AIUsageModel.h"
@@ -26,6 +28,10 @@
 #include "app/AppDelegate.h"
 #include "calc/CalcModel.h"
 #include "calc/RatesService.h"
+#include "schedule/CalendarLibrary.h"
+#include "schedule/CalendarService.h"
+#include "schedule/FolderCalendarSource.h"
+#include "schedule/ReminderList.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -47,6 +53,7 @@ public:
 private:
     std::unique_ptr<NotchOverlayController> makeOverlay();
     void wirePlatform(NotchOverlayController& overlay);
+    void wireCalendarChooser();
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
 
     const Environment& m_environment;
@@ -78,11 +85,18 @@ private:
     ProcProcessTable m_processes;
     WrappedHistory m_wrappedHistory;
     AIUsageModel m_aiUsage;
+    // Calendars: the files, the source that watches them, today's events and reminders.
+    CalendarLibrary m_calendarLibrary;
+    FolderCalendarSource m_calendarSource;
+    CalendarService m_calendar;
+    ReminderList m_reminders;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
     std::unique_ptr<CalcViewModel> m_calcView;
     std::unique_ptr<AIUsageViewModel> m_aiUsageView;
+    std::unique_ptr<TodayViewModel> m_todayView;
+    std::unique_ptr<RemindersViewModel> m_remindersView;
     ShellEngine m_engine;
     QuickOverlayWindows m_windows;
     LaunchHooks m_hooks;

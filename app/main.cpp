@@ -4,6 +4,7 @@
 #include "Application.h"
 #include "DisplayPlatform.h"
 #include "HooksCommand.h"
+#include "TodayCommand.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "today") == 0) return runTodayCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);

@@ -8,6 +8,8 @@ namespace vantrelle {
 
 class AIUsageViewModel;
 class CalcViewModel;
+class RemindersViewModel;
+class TodayViewModel;
 class ShellModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
@@ -23,6 +25,8 @@ public:
         ShellModel* shell = nullptr;
         CalcViewModel* calc = nullptr;
         AIUsageViewModel* aiUsage = nullptr;
+        TodayViewModel* today = nullptr;
+        RemindersViewModel* reminders = nullptr;
     };
     ViewModels viewModels;
 

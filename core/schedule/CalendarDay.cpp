@@ -1,6 +1,9 @@
 #include "schedule/CalendarDay.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
 #include <tuple>
 
 namespace vantrelle::CalendarDay {
@@ -19,6 +22,20 @@ void sortForReading(std::vector<CalendarEvent>& events) {
         return std::tie(a.start.seconds, a.identifier, a.title, a.calendar) <
                std::tie(b.start.seconds, b.identifier, b.title, b.calendar);
     });
+}
+
+std::string clockTime(Date date) {
+    const auto seconds = static_cast<std::time_t>(std::floor(date.seconds));
+    std::tm parts{};
+    if (::localtime_r(&seconds, &parts) == nullptr) return "--:--";
+    char text[16];
+    std::snprintf(text, sizeof text, "%02d:%02d", parts.tm_hour, parts.tm_min);
+    return text;
+}
+
+std::string timeRange(const CalendarEvent& event) {
+    if (event.allDay) return "All day";
+    return clockTime(event.start) + "-" + clockTime(event.end);
 }
 
 }  // namespace vantrelle::CalendarDay

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "schedule/CalendarEvent.h"
@@ -14,5 +15,10 @@ namespace vantrelle::CalendarDay {
 // The order `arrange` uses, for input read from many files: sorts by start, then by identifier and
 // title, so the same files give the same list whatever order the folders were walked in.
 void sortForReading(std::vector<CalendarEvent>& events);
+
+// "09:05" in the process's time zone.
+[[nodiscard]] std::string clockTime(Date date);
+// "09:05-09:35", or "All day".
+[[nodiscard]] std::string timeRange(const CalendarEvent& event);
 
 }  // namespace vantrelle::CalendarDay
