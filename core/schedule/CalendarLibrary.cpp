@@ -1,5 +1,7 @@
 #include "schedule/CalendarLibrary.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cctype>
 #include <set>
@@ -86,15 +88,14 @@ bool CalendarLibrary::refresh() {
     const auto found = calendarFilesUnder(m_folders);
     bool changed = std::erase_if(m_files, [&](const auto& item) { return !found.contains(item.first); }) > 0;
     for (const auto& file : found) {
-        std::error_code error;
-        const auto modified = fs::last_write_time(file, error);
-        if (error) continue;
-        const auto size = fs::file_size(file, error);
-        if (error) continue;
+        struct stat info {};
+        if (::stat(file.c_str(), &info) != 0) continue;
+        const Stamp stamp{
+            static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec,
+            static_cast<std::int64_t>(info.st_size), static_cast<std::uint64_t>(info.st_ino)};
         auto [it, added] = m_files.try_emplace(file);
-        if (!added && it->second.modified == modified && it->second.size == size) continue;
-        it->second.modified = modified;
-        it->second.size = size;
+        if (!added && it->second.stamp == stamp) continue;
+        it->second.stamp = stamp;
         load(file, it->second);
         changed = true;
     }

@@ -42,9 +42,16 @@ public:
     [[nodiscard]] std::vector<CalendarTodo> todos(Date from, Date to) const;
 
 private:
+    // What a stat() says of a file: a change to any of these means the file must be read again. The
+    // inode catches a same-sized file renamed over the old one within one clock tick.
+    struct Stamp {
+        std::int64_t modifiedNs = 0;
+        std::int64_t size = 0;
+        std::uint64_t inode = 0;
+        bool operator==(const Stamp&) const = default;
+    };
     struct Entry {
-        std::filesystem::file_time_type modified;
-        std::uintmax_t size = 0;
+        Stamp stamp;
         std::string calendar;
         std::unique_ptr<IcsDocument> document;  // none for a file that couldn't be read
     };

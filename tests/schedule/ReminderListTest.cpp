@@ -39,13 +39,13 @@ TEST_F(ReminderListTest, ListsOpenOnesFirstAndTickingWritesTheFileAndRereadsIt) 
 
     EXPECT_TRUE(list.complete(0));
     EXPECT_EQ(list.items()[0].title, "Late one");
-    EXPECT_EQ(list.items()[1].title, "Early one");
-    EXPECT_TRUE(list.items()[1].completed);
+    EXPECT_EQ(list.items()[2].title, "Early one");
+    EXPECT_TRUE(list.items()[2].completed);
     EXPECT_NE(dir.read("calendars/tasks/a.ics")
                   .find("UID:early\r\nSUMMARY:Early one\r\nDUE:20261103T100000Z\r\n"
                         "STATUS:COMPLETED\r\n"),
               std::string::npos);
-    EXPECT_FALSE(list.complete(1)) << "already done";
+    EXPECT_FALSE(list.complete(2)) << "already done";
     EXPECT_FALSE(list.complete(7));
 }
 

@@ -18,7 +18,9 @@ TEST_P(TodayArgumentsTest, AcceptsOnlyWhatTheSynopsisSays) {
     std::string error;
     const auto options = parseTodayArguments(GetParam().arguments, error);
     EXPECT_EQ(options.has_value(), GetParam().valid) << GetParam().name << ": " << error;
-    if (!GetParam().valid) EXPECT_FALSE(error.empty());
+    if (!GetParam().valid) {
+        EXPECT_FALSE(error.empty());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Arguments, TodayArgumentsTest,

@@ -14,7 +14,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
 mkdir -p "$work/cals/main"
-ics() { printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//t//EN\r\n%sEND:VCALENDAR\r\n' "$(sed 's/$/\r/')"; }
+ics() { printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//t//EN\r\n%s\nEND:VCALENDAR\r\n' "$(sed 's/$/\r/')"; }
 ics >"$work/cals/main/series.ics" <<'ICS'
 BEGIN:VEVENT
 UID:weekly

@@ -12,7 +12,7 @@ export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
 
 cal=$work/cals/work
 mkdir -p "$cal"
-ics() { printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//t//EN\r\n%sEND:VCALENDAR\r\n' "$(sed 's/$/\r/')"; }
+ics() { printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//t//EN\r\n%s\nEND:VCALENDAR\r\n' "$(sed 's/$/\r/')"; }
 ics >"$cal/standup.ics" <<'ICS'
 BEGIN:VEVENT
 UID:standup
