@@ -21,6 +21,9 @@ public:
     void terminate() override {
         if (onTerminate) onTerminate();
     }
+    void refreshSchedule() override {
+        if (onRefreshSchedule) onRefreshSchedule();
+    }
 
     // Registered in start-up order.
     void addService(std::string name, std::function<void()> start) {
@@ -28,6 +31,8 @@ public:
     }
 
     std::function<void()> onTerminate;
+    // The panel opened: the calendar and reminders look again at once.
+    std::function<void()> onRefreshSchedule;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

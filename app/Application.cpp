@@ -84,6 +84,10 @@ Application::Application(const Environment& environment)
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     m_services.addService("calendar", [this] { m_calendar.start(); });
+    m_services.onRefreshSchedule = [this] {
+        m_calendar.refreshIfAuthorized();
+        m_reminders.refresh();
+    };
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     wireCalendarChooser();
 }

@@ -14,7 +14,7 @@ Column {
             required property int index
             required property string title
             required property bool done
-            visible: !done && index < 3
+            visible: !done && index < 2
             width: parent.width
             text: "• " + title
             elide: Text.ElideRight
