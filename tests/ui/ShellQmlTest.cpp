@@ -10,12 +10,16 @@
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
 #include "GuiApplication.h"
+#include "RemindersViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "TodayViewModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeCalendarSource.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/TempDir.h"
 #include "overlay/OverlayFixture.h"
+#include "schedule/CalendarDemo.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -40,7 +44,7 @@ protected:
         hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
-        engine.viewModels = {&shell, &calcView, &usageView};
+        engine.viewModels = {&shell, &calcView, &usageView, &todayView, &remindersView};
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -69,6 +73,14 @@ protected:
     RatesService rates{http, defaults, scheduler, environment};
     CalcModel calc{rates, false};
     CalcViewModel calcView{calc};
+    testing::FakeCalendarSource calendarSource;
+    CalendarService calendar{CalendarService::Dependencies{calendarSource, settings, activities,
+                                                           notifications, scheduler, scheduler, environment,
+                                                           true, CalendarDemo::events(scheduler.now())}};
+    TodayViewModel todayView{calendar, [](const QString&) { return true; }, [] {}};
+    CalendarLibrary calendarLibrary;
+    ReminderList reminders{calendarLibrary, scheduler, true};
+    RemindersViewModel remindersView{reminders};
     ShellModel shell{started(), settings, activities, scheduler};
     ShellEngine engine;
     std::vector<std::string> problems;
