@@ -23,8 +23,12 @@ public:
     }
     void addToShelf(const std::vector<std::string>& fileUrls) override {
         if (onAddToShelf) onAddToShelf(fileUrls);
+    }
     void stopCamera() override {
         if (onStopCamera) onStopCamera();
+    }
+    void refreshSchedule() override {
+        if (onRefreshSchedule) onRefreshSchedule();
     }
 
     // Registered in start-up order.
@@ -35,6 +39,8 @@ public:
     std::function<void()> onTerminate;
     std::function<void(const std::vector<std::string>&)> onAddToShelf;
     std::function<void()> onStopCamera;
+    // The panel opened: the calendar and reminders look again at once.
+    std::function<void()> onRefreshSchedule;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
@@ -16,6 +18,8 @@
 #include "files/UserDirs.h"
 #include "overlay/DeclaredNotch.h"
 #include "support/DebugLog.h"
+#include "schedule/CalendarDemo.h"
+#include "schedule/CalendarSettings.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
@@ -102,6 +106,15 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
       m_mediaProvider(MprisMediaProvider::Dependencies{QDBusConnection::sessionBus(), m_queues, m_scheduler,
                                                        m_http, m_imageDecoder}),
       m_media(MediaController::Dependencies{m_mediaProvider, m_scheduler, m_activities, DemoMode::isOn()}),
+      m_calendarLibrary(CalendarSettings::folders(m_defaults, m_paths.dataHome),
+                        CalendarSettings::userAddresses(m_defaults)),
+      m_calendarSource(m_calendarLibrary, m_fileWatcher, m_scheduler),
+      m_calendar(CalendarService::Dependencies{
+          m_calendarSource, m_settings, m_activities, NotificationCenter::shared(), m_scheduler,
+          SystemClock::shared(), environment, DemoMode::isOn(),
+          DemoMode::isOn() ? CalendarDemo::events(SystemClock::shared().now())
+                           : std::vector<CalendarEvent>{}}),
+      m_reminders(m_calendarLibrary, SystemClock::shared(), DemoMode::isOn()),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -159,6 +172,36 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
+    SharedInstance<CalendarService>::install(&m_calendar);
+    // Background services in their start-up order; the others join as they are built.
+    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
+    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
+    m_services.addService("calendar", [this] { m_calendar.start(); });
+    m_services.onRefreshSchedule = [this] {
+        m_calendar.refreshIfAuthorized();
+        m_reminders.refresh();
+    };
+    m_services.onTerminate = [] { QCoreApplication::quit(); };
+    wireCalendarChooser();
+}
+
+// Asking for calendar access means pointing at a folder of .ics files; the folder is kept in the
+// settings beside the default ones.
+void Application::wireCalendarChooser() {
+    m_calendarSource.chooseFolder = [](std::function<void(std::filesystem::path)> answer) {
+        const QString folder = QFileDialog::getExistingDirectory(
+            nullptr, QStringLiteral("Choose a calendar folder"), QDir::homePath());
+        answer(folder.isEmpty() ? std::filesystem::path() : std::filesystem::path(folder.toStdString()));
+    };
+    m_calendarSource.onFoldersChanged = [this](const std::vector<std::filesystem::path>& folders) {
+        const auto defaults = defaultCalendarFolders(m_paths.dataHome);
+        std::vector<std::string> chosen;
+        for (const auto& folder : folders) {
+            if (std::find(defaults.begin(), defaults.end(), folder) == defaults.end())
+                chosen.push_back(folder.string());
+        }
+        m_defaults.set(CalendarSettings::kFoldersKey, chosen);
+    };
 }
 
 Application::~Application() {
@@ -181,6 +224,7 @@ Application::~Application() {
     SharedInstance<NotesStore>::install(nullptr);
     SharedInstance<TaskStore>::install(nullptr);
     SharedInstance<MediaController>::install(nullptr);
+    SharedInstance<CalendarService>::install(nullptr);
 }
 
 std::optional<Rect> Application::declaredNotch() const {
@@ -257,6 +301,16 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         m_monitors->setMetresPerPixel(metres /
                                       screen->devicePixelRatio());  // pointer positions are device pixels
     }
+    m_todayView = std::make_unique<TodayViewModel>(
+        m_calendar, [](const QString& url) { return QDesktopServices::openUrl(QUrl(url)); },
+        [this] { m_wrappedHistory.recordMeetingJoined(); });
+    m_shell->registerToolView(NotchTab::today, QStringLiteral("TodayView"));
+    m_shell->registerTileView(DashTile::today, QStringLiteral("TodayTile"));
+    m_remindersView = std::make_unique<RemindersViewModel>(m_reminders);
+    m_shell->registerToolView(NotchTab::reminders, QStringLiteral("RemindersView"));
+    m_shell->registerTileView(DashTile::reminders, QStringLiteral("RemindersTile"));
+    m_engine.viewModels.today = m_todayView.get();
+    m_engine.viewModels.reminders = m_remindersView.get();
 
     m_pointer = std::make_unique<PointerMonitor>(
         m_x, [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {

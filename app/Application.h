@@ -24,6 +24,7 @@
 #include "QtScreenSource.h"
 #include "QuickOverlayWindows.h"
 #include "ShelfViewModel.h"
+#include "RemindersViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "TasksViewModel.h"
@@ -33,6 +34,7 @@
 #include "ShellModel.h"
 #include "SupportViewModel.h"
 #include "ThreadQueue.h"
+#include "TodayViewModel.h"
 #include "TrayMenu.h"
 #include "XdgAutostart.h"
 #include "agents/AIUsageModel.h"
@@ -58,6 +60,10 @@
 #include "instance/InstanceCommands.h"
 #include "instance/LocalInstanceChannel.h"
 #include "mirror/MirrorCamera.h"
+#include "schedule/CalendarLibrary.h"
+#include "schedule/CalendarService.h"
+#include "schedule/FolderCalendarSource.h"
+#include "schedule/ReminderList.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 #include "x11/DragPasteboard.h"
@@ -81,6 +87,7 @@ public:
 private:
     std::unique_ptr<NotchOverlayController> makeOverlay();
     void wirePlatform(NotchOverlayController& overlay);
+    void wireCalendarChooser();
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
     void wireFocus();
     [[nodiscard]] TimerReadings focusReadings() const;
@@ -137,6 +144,11 @@ private:
     MprisMediaProvider m_mediaProvider;
     MediaController m_media;
     DesktopPlayerApps m_playerApps;
+    // Calendars: the files, the source that watches them, today's events and reminders.
+    CalendarLibrary m_calendarLibrary;
+    FolderCalendarSource m_calendarSource;
+    CalendarService m_calendar;
+    ReminderList m_reminders;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;
@@ -150,6 +162,8 @@ private:
     std::unique_ptr<SettingsViewModel> m_settingsView;
     std::unique_ptr<SupportViewModel> m_supportView;
     std::unique_ptr<MirrorViewModel> m_mirrorView;
+    std::unique_ptr<TodayViewModel> m_todayView;
+    std::unique_ptr<RemindersViewModel> m_remindersView;
     ShellEngine m_engine;
     std::unique_ptr<SettingsWindow> m_settingsWindow;  // goes before the engine it draws with
     QuickOverlayWindows m_windows;

@@ -9,6 +9,7 @@
 #include "TerminationSignals.h"
 #include "MonitorCommands.h"
 #include "InstanceLaunch.h"
+#include "TodayCommand.h"
 #include "UsageCommand.h"
 #include "support/DebugLog.h"
 
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "screentime") == 0) return runScreenTimeCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "wrapped") == 0) return runWrappedCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "--quit") == 0) return runQuitCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "today") == 0) return runTodayCommand(argc, argv);
 
     DisplayPlatform::preferX11();
     QApplication application(argc, argv);

@@ -19,6 +19,8 @@ class WrappedViewModel;
 class MirrorViewModel;
 class SettingsViewModel;
 class SupportViewModel;
+class RemindersViewModel;
+class TodayViewModel;
 class ShellModel;
 class TasksViewModel;
 
@@ -49,6 +51,8 @@ public:
         SettingsViewModel* settings = nullptr;
         SupportViewModel* support = nullptr;
         MirrorViewModel* mirror = nullptr;
+        TodayViewModel* today = nullptr;
+        RemindersViewModel* reminders = nullptr;
     };
     ViewModels viewModels;
 

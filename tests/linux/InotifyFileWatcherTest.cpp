@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 
 #include "InotifyFileWatcher.h"
@@ -30,6 +31,29 @@ TEST_F(InotifyFileWatcherTest, WakesOnAppendsAndTruncationAndStopsWhenDropped) {
     spinUntil([] { return false; }, 50);
     EXPECT_EQ(wakes, seen);
     EXPECT_EQ(watcher.watchFile(dir / "missing", [] {}), nullptr);
+}
+
+TEST_F(InotifyFileWatcherTest, AFolderWatchWakesWhenAFileIsCreatedRenamedInOrDeleted) {
+    testing::TempDir dir;
+    std::filesystem::create_directories(dir / "calendar");
+    InotifyFileWatcher watcher;
+    int wakes = 0;
+    auto watch = watcher.watchFolder(dir / "calendar", [&] { ++wakes; });
+    ASSERT_NE(watch, nullptr);
+
+    dir.write("calendar/a.ics", "x");
+    ASSERT_TRUE(spinUntil([&] { return wakes >= 1; }));
+    int seen = wakes;
+    // The way sync tools write: a temporary file elsewhere, renamed in.
+    const auto outside = dir.write("b.tmp", "y");
+    std::filesystem::rename(outside, dir / "calendar/b.ics");
+    ASSERT_TRUE(spinUntil([&] { return wakes > seen; }));
+    seen = wakes;
+    std::filesystem::remove(dir / "calendar/a.ics");
+    ASSERT_TRUE(spinUntil([&] { return wakes > seen; }));
+
+    EXPECT_EQ(watcher.watchFolder(dir / "calendar/b.ics", [] {}), nullptr) << "a file is no folder";
+    EXPECT_EQ(watcher.watchFolder(dir / "missing", [] {}), nullptr);
 }
 
 }  // namespace

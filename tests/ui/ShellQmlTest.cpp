@@ -25,6 +25,12 @@
 #include "SupportViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeDesktopNotifications.h"
+#include "RemindersViewModel.h"
+#include "ShellEngine.h"
+#include "ShellModel.h"
+#include "TodayViewModel.h"
+#include "calc/RatesService.h"
+#include "fakes/FakeCalendarSource.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
@@ -42,6 +48,7 @@
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
+#include "schedule/CalendarDemo.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -93,6 +100,8 @@ protected:
         engine.viewModels.settings = &settingsView;
         engine.viewModels.support = &supportView;
         engine.viewModels.mirror = &mirrorView;
+        engine.viewModels.today = &todayView;
+        engine.viewModels.reminders = &remindersView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -146,6 +155,14 @@ protected:
     MediaController media{{mediaProvider, scheduler, activities, true}};
     NoPlayerApps playerApps;
     MediaViewModel mediaView{media, playerApps};
+    testing::FakeCalendarSource calendarSource;
+    CalendarService calendar{CalendarService::Dependencies{calendarSource, settings, activities,
+                                                           notifications, scheduler, scheduler, environment,
+                                                           true, CalendarDemo::events(scheduler.now())}};
+    TodayViewModel todayView{calendar, [](const QString&) { return true; }, [] {}};
+    CalendarLibrary calendarLibrary;
+    ReminderList reminders{calendarLibrary, scheduler, true};
+    RemindersViewModel remindersView{reminders};
     ShellModel shell{started(), settings, activities, scheduler};
     // The monitors on demo figures.
     class NoCounters final : public SystemCounterSource {
@@ -248,7 +265,7 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
     for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-                             "screenTime", "stats", "support", "mirror"}) {
+                             "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
