@@ -312,11 +312,6 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
 
-    m_pointer = std::make_unique<PointerMonitor>(
-        m_x, [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {
-            monitors->recordPointer(x, y);
-            overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
-        });
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
@@ -339,7 +334,8 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         DebugLog::write("overlay: raw pointer events off");
     } else {
         m_pointer = std::make_unique<PointerMonitor>(
-            m_x, [&overlay](NotchOverlayController::MouseEvent type, int x, int y) {
+            m_x, [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {
+                monitors->recordPointer(x, y);
                 overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
             });
     }
@@ -359,14 +355,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     StatusMenuCommands commands;
     commands.openNotch = [&overlay] { overlay.setExpanded(true, "unspecified"); };
     commands.toggleFocusTimer = [this] { m_pomodoro.toggle(); };
-    commands.emailSupport = [] {
-        QDesktopServices::openUrl(
-            QUrl(QStringLiteral("mailto:support@vantrelle.app?subject=Vantrelle%20feedback")));
-    };
     commands.showWrapped = [this] { m_monitors->showWrapped(); };
-    commands.quit = [] { QCoreApplication::quit(); };
-    m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));
-}
     // The Support tool holds the mail form.
     commands.emailSupport = [&overlay] {
         overlay.state().setTab(NotchTab::support);
@@ -379,6 +368,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     DebugLog::write(
         [&] { return std::string("launch: tray icon ") + (m_tray->isShown() ? "shown" : "not shown"); });
     addInstanceCommands(overlay);
+}
 
 void Application::wireFocus() {
     m_focusView = std::make_unique<FocusViewModel>(m_pomodoro, m_quickTimer, m_stopwatch, m_settings);

@@ -313,6 +313,8 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     EXPECT_EQ(role(items, 0, "url"), QString());  // gone: the view shows a generic icon
     view.clear();
     EXPECT_EQ(items.count(), 0);
+}
+
 TEST_F(ViewModels, SettingsWriteThroughAtOnceAndAnswerChangesFromElsewhere) {
     SettingsViewModel view(settings);
     int changes = 0;
