@@ -17,9 +17,9 @@
 #include "files/ScreenCapture.h"
 #include "files/UserDirs.h"
 #include "overlay/DeclaredNotch.h"
-#include "support/DebugLog.h"
 #include "schedule/CalendarDemo.h"
 #include "schedule/CalendarSettings.h"
+#include "support/DebugLog.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
 
@@ -266,6 +266,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shelfView = std::make_unique<ShelfViewModel>(m_shelf);
     m_shell->registerToolView(NotchTab::shelf, QStringLiteral("ShelfView"));
     m_shell->registerTileView(DashTile::shelf, QStringLiteral("ShelfTile"));
+    wireFocus();
     // The QML singletons, one per view model; no view has loaded yet.
     m_engine.viewModels.shell = m_shell.get();
     m_engine.viewModels.calc = m_calcView.get();
@@ -334,7 +335,8 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         DebugLog::write("overlay: raw pointer events off");
     } else {
         m_pointer = std::make_unique<PointerMonitor>(
-            m_x, [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {
+            m_x,
+            [&overlay, monitors = m_monitors.get()](NotchOverlayController::MouseEvent type, int x, int y) {
                 monitors->recordPointer(x, y);
                 overlay.handleMouse(type, DesktopCoordinates::current().toGlobal(QPoint(x, y)));
             });

@@ -6,7 +6,7 @@ set -euo pipefail
 app=${1:?usage: monitor_hooks_ui_test.sh <vantrelle binary>}
 work=$(mktemp -d)
 log=$work/v.log
-trap 'kill ${app_pid:-} ${xvfb_pid:-} ${server:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill ${app_pid:-} ${xvfb_pid:-} ${server:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
 
 Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &

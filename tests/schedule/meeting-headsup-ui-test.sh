@@ -7,7 +7,7 @@
 set -uo pipefail
 app=${1:?usage: meeting-headsup-ui-test.sh <vantrelle binary>}
 work=$(mktemp -d)
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$work"/*.log 2>/dev/null; exit 1; }
 
 Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &

@@ -10,40 +10,30 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "DevServersViewModel.h"
 #include "FocusViewModel.h"
 #include "GuiApplication.h"
-#include "ShelfViewModel.h"
-#include "NotesViewModel.h"
 #include "MediaViewModel.h"
-#include "ShellEngine.h"
-#include "ShellModel.h"
-#include "TasksViewModel.h"
 #include "MirrorViewModel.h"
+#include "NotesViewModel.h"
+#include "RemindersViewModel.h"
+#include "ScreenTimeViewModel.h"
 #include "SettingsViewModel.h"
+#include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "SupportViewModel.h"
-#include "calc/RatesService.h"
-#include "fakes/FakeDesktopNotifications.h"
-#include "RemindersViewModel.h"
-#include "ShellEngine.h"
-#include "ShellModel.h"
+#include "SystemStatsViewModel.h"
+#include "TasksViewModel.h"
 #include "TodayViewModel.h"
+#include "WrappedViewModel.h"
 #include "calc/RatesService.h"
 #include "fakes/FakeCalendarSource.h"
+#include "fakes/FakeDesktopNotifications.h"
+#include "fakes/FakeDevServerPlatform.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
-#include "DevServersViewModel.h"
-#include "GuiApplication.h"
-#include "ScreenTimeViewModel.h"
-#include "ShellEngine.h"
-#include "ShellModel.h"
-#include "SystemStatsViewModel.h"
-#include "WrappedViewModel.h"
-#include "calc/RatesService.h"
-#include "fakes/FakeDevServerPlatform.h"
-#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
@@ -264,8 +254,9 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     controller->setExpanded(true, "test");
     shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
-    for (const char* tool : {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-                             "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
+    for (const char* tool :
+         {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
+          "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

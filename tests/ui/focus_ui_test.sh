@@ -6,7 +6,7 @@ set -euo pipefail
 app=${1:?usage: focus_ui_test.sh <vantrelle binary>}
 work=$(mktemp -d)
 log=$work/v.log
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
 
@@ -18,7 +18,7 @@ export DISPLAY=:$(cat "$work/display")
 # A fresh home whose focus blocks last one minute.
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 mkdir -p "$XDG_CONFIG_HOME/Vantrelle"
-printf '{"focusMinutes": 1}\n' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
+printf '{"focusMinutes": 1, "notchOutline": false}\n' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
 export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
 "$app" >"$work/app.out" 2>&1 &
 app_pid=$!

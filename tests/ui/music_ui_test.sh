@@ -13,7 +13,7 @@ fi
 
 work=$(mktemp -d)
 log=$work/v.log
-trap 'kill ${mpv_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill ${mpv_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
 wait_for() {  # a log line containing $1 within $2 seconds
   for _ in $(seq $(($2 * 20))); do grep -qF "$1" "$log" 2>/dev/null && return 0; sleep 0.05; done

@@ -6,7 +6,7 @@ app=${1:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
 source_bin=${2:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
 work=$(mktemp -d)
 log=$work/v.log
-trap 'kill ${source_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill ${source_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 
 fail() {
   echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null
