@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "PrivateXServer.h"
 #include "TestApplication.h"
 #include "x11/DragPasteboard.h"
 #include "x11/PointerMonitor.h"
@@ -20,14 +21,7 @@
 namespace vantrelle {
 namespace {
 
-// Turns the event loop until `done`, for what another process does; a generous limit.
-template <typename Done>
-bool spinUntil(Done done, int limitMs = 5000) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return done();
-}
+using testing::spinUntil;
 
 // Sets DISPLAY for one test and puts the old value back.
 class DisplayVariable {
@@ -55,29 +49,15 @@ class X11Adapters : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         testing::testApplication();
-        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty()) return;
-        server = new QProcess;
-        // Xvfb writes the display number it took to the descriptor named.
-        server->start(QStringLiteral("Xvfb"),
-                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                       QStringLiteral("0"), QStringLiteral("800x600x24"), QStringLiteral("-nolisten"),
-                       QStringLiteral("tcp")});
-        if (server->waitForReadyRead(10000)) display = ":" + server->readLine().trimmed().toStdString();
+        server.start();
     }
-    static void TearDownTestSuite() {
-        if (!server) return;
-        server->terminate();
-        server->waitForFinished(5000);
-        delete server;
-        server = nullptr;
-    }
+    static void TearDownTestSuite() { server.stop(); }
     void SetUp() override {
-        if (display.empty()) GTEST_SKIP() << "no Xvfb";
-        variable.emplace(display);
+        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
+        variable.emplace(server.display());
     }
 
-    static inline QProcess* server = nullptr;
-    static inline std::string display;
+    static inline testing::PrivateXServer server;
     std::optional<DisplayVariable> variable;
 };
 

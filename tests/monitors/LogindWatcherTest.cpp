@@ -15,13 +15,7 @@
 namespace vantrelle {
 namespace {
 
-template <typename Done>
-bool spinUntil(Done done, int limitMs = 5000) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return done();
-}
+using testing::spinUntil;
 
 const QString kSessionPath = QStringLiteral("/org/freedesktop/login1/session/_37");
 

@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "fakes/TempDir.h"
+#include "linux/PrivateXServer.h"
 #include "linux/TestApplication.h"
 #include "monitors/ScreenTimeTracker.h"
 #include "monitors/X11ScreenActivity.h"
@@ -20,13 +21,7 @@
 namespace vantrelle {
 namespace {
 
-template <typename Done>
-bool spinUntil(Done done, int limitMs = 5000) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < limitMs) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return done();
-}
+using testing::spinUntil;
 
 // Two top-level windows of another client, and the window manager's part of naming the active one.
 class TwoWindows {
@@ -81,31 +76,18 @@ class X11ScreenActivityTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         testing::testApplication();
-        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty()) return;
-        server = new QProcess;
-        server->start(QStringLiteral("Xvfb"),
-                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                       QStringLiteral("0"), QStringLiteral("800x600x24"), QStringLiteral("-nolisten"),
-                       QStringLiteral("tcp")});
-        if (server->waitForReadyRead(10000)) display = ":" + server->readLine().trimmed().toStdString();
+        server.start();
     }
-    static void TearDownTestSuite() {
-        if (!server) return;
-        server->terminate();
-        server->waitForFinished(5000);
-        delete server;
-        server = nullptr;
-    }
+    static void TearDownTestSuite() { server.stop(); }
     void SetUp() override {
-        if (display.empty()) GTEST_SKIP() << "no Xvfb";
-        ::setenv("DISPLAY", display.c_str(), 1);
+        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
+        ::setenv("DISPLAY", server.display().c_str(), 1);
         apps.write("org.example.FakeEditor.desktop",
                    "[Desktop Entry]\nType=Application\nName=Fake Editor\nExec=fake-editor %F\n"
                    "StartupWMClass=FakeEditor\n");
     }
 
-    static inline QProcess* server = nullptr;
-    static inline std::string display;
+    static inline testing::PrivateXServer server;
     testing::TempDir apps;
 };
 
