@@ -9,10 +9,8 @@ log=$work/v.log
 trap 'kill ${app_pid:-} ${xvfb_pid:-} ${server:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
 
-Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
-export DISPLAY=:$(cat "$work/display")
+source "$(dirname "$0")/../../scripts/virtual-display.sh"
+start_virtual_display "$work"
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 export VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software
 mkdir -p "$HOME/shop" "$work/cards"

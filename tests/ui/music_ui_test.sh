@@ -20,10 +20,8 @@ wait_for() {  # a log line containing $1 within $2 seconds
   fail "no '$1' within $2 s"
 }
 
-Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
-export DISPLAY=:$(cat "$work/display")
+source "$(dirname "$0")/../../scripts/virtual-display.sh"
+start_virtual_display "$work"
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 export XDG_CACHE_HOME=$work/home/.cache
 export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software

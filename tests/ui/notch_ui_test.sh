@@ -13,10 +13,8 @@ trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || t
 fail() { { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; } >&2; exit 1; }
 
 # A private display on the first free number.
-Xvfb -displayfd 3 -screen 0 1512x982x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 100); do [[ -s "$work/display" ]] && break; sleep 0.05; done
-export DISPLAY=:$(cat "$work/display")
+source "$(dirname "$0")/../../scripts/virtual-display.sh"
+start_virtual_display "$work"
 
 # A fresh home, so no setting of the machine's user reaches the test, and a runtime folder of its own,
 # so the single-instance lock is this test's alone.
