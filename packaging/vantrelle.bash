@@ -4,7 +4,7 @@ _vantrelle() {
     cur=${COMP_WORDS[COMP_CWORD]}
     prev=${COMP_WORDS[COMP_CWORD-1]}
     if [[ $COMP_CWORD -eq 1 ]]; then
-        COMPREPLY=($(compgen -W "usage hooks calc --version" -- "$cur"))
+        COMPREPLY=($(compgen -W "usage hooks calc today servers screentime wrapped --version --quit" -- "$cur"))
         return
     fi
     case ${COMP_WORDS[1]} in
