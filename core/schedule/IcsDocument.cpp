@@ -12,8 +12,8 @@ namespace vantrelle {
 
 namespace {
 
-// libical's default is to abort() on some internal errors in debug builds; a user's file must never
-// take the program down.
+// libical can treat some of its internal errors as fatal in debug builds; a user's file is read as far
+// as it goes and its errors are counted and logged instead.
 void makeErrorsNonFatal() {
     static std::once_flag once;
     std::call_once(once, [] { icalerror_set_errors_are_fatal(0); });
