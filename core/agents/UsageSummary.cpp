@@ -5,7 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "agents/AIPricing.h"
+#include "agents/AIPriceCache.h"
 #include "support/LocalCalendar.h"
 #include "support/Saturating.h"
 
@@ -17,20 +17,6 @@ constexpr double kMaxGap = 600;  // pauses count at most 10 minutes of active ti
 constexpr double kRunning = 30;
 constexpr double kWaiting = 1'800;
 constexpr double kRecentlyActive = 120;  // a session from before today still listed this long
-
-// PERF NOTE: a price lookup lowercases the name and walks 25 rows; a summary meets few distinct
-// models, so each is looked up once.
-class CostCache {
-public:
-    double cost(const AIUsageEvent& event) {
-        auto it = m_rates.find(event.model);
-        if (it == m_rates.end()) it = m_rates.emplace(event.model, AIPricing::rates(event.model)).first;
-        return it->second.costOf(event);
-    }
-
-private:
-    std::unordered_map<std::string, AIPricing> m_rates;
-};
 
 // One session's events, summed.
 struct SessionSums {
@@ -73,7 +59,7 @@ DaySums sumDays(const std::vector<const AIUsageEvent*>& sorted, Date now) {
     DaySums sums;
     for (std::size_t i = 0; i < 7; ++i) sums.last7Days.push_back({boundaries[i], 0, 0});
     std::set<std::string_view> todaySessions;
-    CostCache costs;
+    AIPriceCache costs;
     for (const AIUsageEvent* event : sorted) {
         const double cost = costs.cost(*event);
         const std::int64_t tokens = event->totalTokens();
@@ -180,7 +166,7 @@ std::vector<const AIUsageEvent*> sortedByTime(const AILogSnapshot::Events& event
 std::vector<AIBlockUsage> usageBlocks(const std::vector<const AIUsageEvent*>& sorted) {
     std::vector<AIBlockUsage> result;
     std::optional<AIBlockUsage> current;
-    CostCache costs;
+    AIPriceCache costs;
     for (const AIUsageEvent* event : sorted) {
         const Date at = event->timestamp;
         if (current && at < current->start + kBlockSeconds && at - current->lastActivity < kBlockSeconds) {
@@ -235,7 +221,7 @@ UsageSummary summarizeUsage(const UsageInputs& inputs) {
 
 std::map<std::string, UsageDay> usageByDay(const AILogSnapshot::Events& events) {
     std::map<std::string, UsageDay> days;
-    CostCache costs;
+    AIPriceCache costs;
     for (const auto& event : events) {
         UsageDay& day = days[LocalCalendar::dayKey(event.timestamp)];
         day.input = saturatingAdd(day.input, event.input);

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <unordered_map>
 
-#include "agents/AIPricing.h"
+#include "agents/AIPriceCache.h"
 #include "agents/IsoDate.h"
 #include "agents/UsageSummary.h"
 #include "support/LocalCalendar.h"
@@ -14,19 +14,6 @@ namespace vantrelle {
 
 namespace {
 
-// PERF NOTE: prices are looked up once per model name, not once per event.
-class Prices {
-public:
-    double cost(const AIUsageEvent& event) {
-        auto it = m_rates.find(event.model);
-        if (it == m_rates.end()) it = m_rates.emplace(event.model, AIPricing::rates(event.model)).first;
-        return it->second.costOf(event);
-    }
-
-private:
-    std::unordered_map<std::string, AIPricing> m_rates;
-};
-
 void addTo(UsageRow& row, const AIUsageEvent& event, double cost) {
     row.totals.add(event, cost);
     row.models[event.model].add(event, cost);
@@ -34,7 +21,7 @@ void addTo(UsageRow& row, const AIUsageEvent& event, double cost) {
 
 std::vector<UsageRow> byKey(const AILogSnapshot::Events& events, const UsageRange& range, bool months) {
     std::map<std::string, UsageRow> rows;
-    Prices prices;
+    AIPriceCache prices;
     for (const auto& event : events) {
         std::string day = LocalCalendar::dayKey(event.timestamp);
         if (!range.contains(day)) continue;
@@ -60,7 +47,7 @@ std::vector<UsageRow> bySession(const AILogSnapshot::Events& events, const AILog
                                 const UsageRange& range) {
     std::unordered_map<std::string, UsageRow> rows;
     std::unordered_map<std::string, Date> last;
-    Prices prices;
+    AIPriceCache prices;
     for (const auto& event : events) {
         if (!range.contains(LocalCalendar::dayKey(event.timestamp))) continue;
         UsageRow& row = rows[event.sessionId];
@@ -90,7 +77,7 @@ std::vector<UsageRow> byWindow(const AILogSnapshot::Events& events, const UsageR
     const auto blocks = usageBlocks(windowed);
     const auto open = openBlock(windowed, now, 0);
     std::vector<UsageRow> rows;
-    Prices prices;
+    AIPriceCache prices;
     std::size_t next = 0;  // the next event to place; windows take the events in time order
     for (const auto& block : blocks) {
         UsageRow row;
