@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Times `vantrelle usage daily --json` against ccusage 20.0.24 (`daily --json --offline`) and `cat` on one
-# generated home folder, and checks that both tools find the same per-day input, output, cache-write
-# and cache-read tokens. The generated logs hold streamed replies (one message id and request id on
-# several lines with growing output) and resumed sessions that copy earlier replies, so the figures
-# agree only if each reply counts once, at its final size. Exits non-zero if any day differs.
+# Times every report of `vantrelle usage` (daily, monthly, session, blocks; --json) against ccusage
+# 20.0.24's same report (`--json --offline`) and `cat` on one generated home folder, and checks that
+# both tools find the same per-day input, output, cache-write and cache-read tokens. The generated logs
+# hold streamed replies (one message id and request id on several lines with growing output) and
+# resumed sessions that copy earlier replies, so the figures agree only if each reply counts once, at
+# its final size. Exits non-zero if any day differs or a report of ours is slower than ccusage's.
 #
-#   bench/compare-ccusage.sh [SIZE_MB=1024] [RUNS=5]
+#   bench/compare-ccusage.sh [SIZE_MB=1024] [RUNS=5] [REPORTS="daily monthly session blocks"]
 #
 # BUILD (default build-core) is the build folder; the report comes from $BUILD/app/vantrelle usage if
 # it was built with Qt, else from $BUILD/bench/agents/vantrelle-usage.
@@ -14,15 +15,16 @@ cd "$(dirname "$0")/.."
 
 SIZE_MB=${1:-1024}
 RUNS=${2:-5}
+read -r -a REPORTS <<<"${3:-daily monthly session blocks}"
 BUILD=${BUILD:-build-core}
 CACHE=build/bench-cache
 HOME_DIR=$CACHE/home-${SIZE_MB}mb-v2  # v2: with resumed sessions
 export TZ=UTC
 
 if [[ -x $BUILD/app/vantrelle ]]; then
-  OURS=("$BUILD/app/vantrelle" usage daily)
+  OURS=("$BUILD/app/vantrelle" usage)
 else
-  OURS=("$BUILD/bench/agents/vantrelle-usage" daily)
+  OURS=("$BUILD/bench/agents/vantrelle-usage")
 fi
 [[ -x ${OURS[0]} ]] || { echo "build $BUILD first (cmake -DVANTRELLE_BENCH=ON)"; exit 1; }
 
@@ -43,8 +45,9 @@ FILES=$(find "$HOME_ABS/.claude" -type f -name '*.jsonl' | wc -l)
 BYTES=$(find "$HOME_ABS/.claude" -type f -name '*.jsonl' -printf '%s\n' | awk '{s+=$1} END {print s}')
 echo "data: $FILES files, $((BYTES / 1048576)) MB under $HOME_ABS"
 
-run_ours()    { "${OURS[@]}" --json --home "$HOME_ABS"; }
-run_ccusage() { HOME=$HOME_ABS CLAUDE_CONFIG_DIR=$HOME_ABS/.claude CODEX_HOME=$HOME_ABS/.codex "$CCUSAGE" daily --json --offline; }
+REPORT=daily
+run_ours()    { "${OURS[@]}" "$REPORT" --json --home "$HOME_ABS"; }
+run_ccusage() { HOME=$HOME_ABS CLAUDE_CONFIG_DIR=$HOME_ABS/.claude CODEX_HOME=$HOME_ABS/.codex "$CCUSAGE" "$REPORT" --json --offline; }
 run_cat()     { find "$HOME_ABS/.claude" -type f -name '*.jsonl' -exec cat {} +; }
 
 # Every generated line is dated inside the last 30 days and never after now.
@@ -54,7 +57,7 @@ run_cat >/dev/null
 measure() {  # name, function -> lines "seconds rss_kb"
   local name=$1 fn=$2 out
   for _ in $(seq "$RUNS"); do
-    out=$( { /usr/bin/time -v bash -c "$(declare -f "$fn"); $(declare -p OURS HOME_ABS CCUSAGE); $fn" >/dev/null; } 2>&1 )
+    out=$( { /usr/bin/time -v bash -c "$(declare -f "$fn"); $(declare -p OURS HOME_ABS CCUSAGE REPORT); $fn" >/dev/null; } 2>&1 )
     local wall rss
     wall=$(grep 'Elapsed (wall clock)' <<<"$out" | awk '{print $NF}' | awk -F: '{ if (NF==3) print $1*3600+$2*60+$3; else print $1*60+$2 }')
     rss=$(grep 'Maximum resident set size' <<<"$out" | awk '{print $NF}')
@@ -62,12 +65,15 @@ measure() {  # name, function -> lines "seconds rss_kb"
   done
 }
 
+slower=0
+for REPORT in "${REPORTS[@]}"; do
 RESULTS=$(mktemp)
 measure vantrelle run_ours >>"$RESULTS"
 measure ccusage run_ccusage >>"$RESULTS"
 measure cat run_cat >>"$RESULTS"
 
-python3 - "$RESULTS" "$BYTES" <<'PY'
+echo "== $REPORT"
+python3 - "$RESULTS" "$BYTES" <<'PY' || slower=1
 import statistics, sys
 rows = [l.split() for l in open(sys.argv[1]) if l.strip()]
 size = int(sys.argv[2])
@@ -82,7 +88,10 @@ for name in ("vantrelle", "ccusage", "cat"):
 v, c, k = med["vantrelle"], med["ccusage"], med["cat"]
 print("ccusage / vantrelle time: %.2fx   vantrelle / cat time: %.2fx   vantrelle / ccusage RSS: %.2f" % (
     c[0] / v[0], v[0] / max(k[0], 1e-9), v[1] / c[1]))
+sys.exit(0 if v[0] < c[0] else 1)
 PY
+done
+REPORT=daily
 
 # Agreement of the per-day token figures.
 OURS_JSON=$(mktemp); PEER_JSON=$(mktemp)
@@ -105,3 +114,4 @@ print("per-day input / output / cache-write / cache-read: %s over %d days" % (
     "agree" if not bad else "%d days differ" % bad, len(ours)))
 sys.exit(1 if bad else 0)
 PY
+[[ $slower == 0 ]] || { echo "a report was slower than ccusage's"; exit 1; }
