@@ -60,7 +60,7 @@ protected:
     }
 
     template <typename Done>
-    bool waitUntil(Done done, int limitMs = 15000) {
+    bool waitUntil(Done done, int limitMs = 30000) {
         return testing::spinUntil(
             [&] {
                 scheduler.advance(0.05);
