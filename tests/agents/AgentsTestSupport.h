@@ -11,6 +11,7 @@
 #include "agents/AIUsageEvent.h"
 #include "agents/IsoDate.h"
 #include "platform/Date.h"
+#include "support/AppPaths.h"
 
 namespace vantrelle {
 
@@ -28,6 +29,14 @@ namespace vantrelle::testing {
 inline void appendTo(const std::filesystem::path& file, std::string_view text) {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary | std::ios::app) << text;
+}
+
+// Paths of a home in `folder`, data under its .local/share.
+inline AppPaths homeIn(const std::filesystem::path& folder) {
+    AppPaths result;
+    result.home = folder;
+    result.dataHome = folder / ".local/share";
+    return result;
 }
 
 inline Date iso(std::string_view text) {

@@ -31,6 +31,10 @@ protected:
                                                 [this](const std::string& m) { posted.push_back(m); });
         return *center;
     }
+    ClaudeAlertCenter& started() {
+        make().start();
+        return *center;
+    }
 
     void append(std::string_view text) {
         std::ofstream(events, std::ios::binary | std::ios::app) << text;
@@ -72,8 +76,7 @@ protected:
 
 TEST_F(ClaudeAlertCenterTest, EventsFromBeforeTheLaunchAreNeverReplayed) {
     dir.write("data/Vantrelle/claude-events.jsonl", notification("old", "permission_prompt"));
-    auto& c = make();
-    c.start();
+    auto& c = started();
     c.readNew();
     EXPECT_TRUE(c.alerts().empty());
     append(notification("s1", "permission_prompt"));
@@ -81,8 +84,7 @@ TEST_F(ClaudeAlertCenterTest, EventsFromBeforeTheLaunchAreNeverReplayed) {
 }
 
 TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedButWaitingIsUpgraded) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("a", "permission_prompt"));
     append(notification("a", "idle_prompt"));
     EXPECT_EQ(c.alerts().at("a").kind, AgentAlertKind::approval);
@@ -96,8 +98,7 @@ TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedButWaitingIsUpgraded) {
 }
 
 TEST_F(ClaudeAlertCenterTest, ApprovalIsShownBeforeAnOlderWaitingAndOlderFirstAmongEquals) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("w", "idle_prompt", "/work/web"));
     scheduler.advance(120);
     append(notification("a", "permission_prompt", "/work/api/"));
@@ -108,8 +109,7 @@ TEST_F(ClaudeAlertCenterTest, ApprovalIsShownBeforeAnOlderWaitingAndOlderFirstAm
 }
 
 TEST_F(ClaudeAlertCenterTest, ALineSplitOverTwoWritesIsHandledOnceAfterTheSecond) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     const std::string line = notification("s", "permission_prompt");
     append(line.substr(0, 25));
     EXPECT_TRUE(c.alerts().empty());
@@ -121,8 +121,7 @@ TEST_F(ClaudeAlertCenterTest, ALineSplitOverTwoWritesIsHandledOnceAfterTheSecond
 }
 
 TEST_F(ClaudeAlertCenterTest, MalformedLinesAreDroppedAndTheRestHandled) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append("not json\n[1,2]\n{\"cwd\":\"/x\"}\n\n" + notification("s", "permission_prompt"));
     EXPECT_EQ(c.alerts().size(), 1u);
     EXPECT_EQ(c.alerts().at("s").project, "api");
@@ -130,8 +129,7 @@ TEST_F(ClaudeAlertCenterTest, MalformedLinesAreDroppedAndTheRestHandled) {
 
 TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
     settings.setPlaySounds(false);
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("s", "permission_prompt"));
     EXPECT_TRUE(c.isSweeping());
     append(stop("s", true));
@@ -152,8 +150,7 @@ TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
 }
 
 TEST_F(ClaudeAlertCenterTest, PromptSubmitClearsTheSession) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("s", "idle_prompt"));
     append(R"({"session_id":"s","hook_event_name":"UserPromptSubmit"})"
            "\n");
@@ -161,8 +158,7 @@ TEST_F(ClaudeAlertCenterTest, PromptSubmitClearsTheSession) {
 }
 
 TEST_F(ClaudeAlertCenterTest, SweepDropsAnsweredAndStaleAlerts) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("answered", "permission_prompt"));
     append(notification("fresh", "permission_prompt"));
     append(notification("unknown", "idle_prompt"));
@@ -179,8 +175,7 @@ TEST_F(ClaudeAlertCenterTest, SweepDropsAnsweredAndStaleAlerts) {
 }
 
 TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAreTrimmed) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     append(notification("a", "permission_prompt"));
     std::ofstream(events, std::ios::trunc).flush();
     watcher.wake();  // truncation wakes the watch like any write
@@ -198,8 +193,7 @@ TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAr
 }
 
 TEST_F(ClaudeAlertCenterTest, AFileOfExactly32768BytesIsKept) {
-    auto& c = make();
-    c.start();
+    auto& c = started();
     std::string filler = R"({"session_id":"x","hook_event_name":"Other","pad":")";
     const std::string tail = "\"}\n";
     filler += std::string(32'768 - filler.size() - tail.size(), 'p') + tail;
@@ -216,8 +210,7 @@ TEST_F(ClaudeAlertCenterTest, DemoModeAndAnUnwatchableFileStayQuiet) {
     EXPECT_FALSE(std::filesystem::exists(events)) << "demo mode touches nothing";
 
     watcher.refuse = true;
-    auto& c = make();
-    c.start();
+    started();
     EXPECT_TRUE(std::filesystem::exists(events)) << "the events file is made for the hook to append to";
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "AgentsTestSupport.h"
 #include "agents/ClaudeHookSwitch.h"
 #include "fakes/ManualQueue.h"
 #include "fakes/TempDir.h"
@@ -16,15 +17,8 @@ class ClaudeHookSwitchTest : public ::testing::Test {
 protected:
     fs::path settings() const { return dir / ".claude/settings.json"; }
 
-    static AppPaths homeIn(const TempDir& folder) {
-        AppPaths result;
-        result.home = folder.path();
-        result.dataHome = folder / ".local/share";
-        return result;
-    }
-
     TempDir dir;
-    AppPaths paths = homeIn(dir);
+    AppPaths paths = testing::homeIn(dir.path());
     MapEnvironment environment;
     ClaudeHooks hooks{paths, environment};
     ManualQueueFactory queues;
@@ -87,10 +81,7 @@ TEST_F(ClaudeHookSwitchTest, AnswersAreAskedForOffTheMainQueueAndGivenOnIt) {
 
 TEST(ClaudeHookSwitchLifetime, AnAnswerThatArrivesAfterTheSwitchIsGoneIsDropped) {
     TempDir dir;
-    AppPaths paths;
-    paths.home = dir.path();
-    paths.dataHome = dir / "data";
-    ClaudeHooks hooks(paths, MapEnvironment{});
+    ClaudeHooks hooks(testing::homeIn(dir.path()), MapEnvironment{});
     ManualQueueFactory queues;
     VirtualScheduler scheduler;
     int signals = 0;

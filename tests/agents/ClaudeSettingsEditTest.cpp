@@ -178,20 +178,25 @@ TEST_P(Refused, InstallSaysWhatItFoundAndUninstallLeavesItAlone) {
 INSTANTIATE_TEST_SUITE_P(Shapes, Refused, ::testing::ValuesIn(kRefusals),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(ClaudeSettingsEdit, UninstallTakesOursOutNextToAnEventThatIsNotAnArray) {
-    const std::string text =
-        R"({"hooks": {"Stop": "user's", "Notification": [{"hooks": [{"command": "x >> Vantrelle/claude-events.jsonl"}]}]}})";
-    ASSERT_TRUE(claudeHooksInstalled(text));
-    EXPECT_EQ(uninstallClaudeHooks(text).text, R"({"hooks": {"Stop": "user's"}})");
-}
-
-TEST(ClaudeSettingsEdit, OursIsTakenOutOfAnArrayWhateverElseItHolds) {
-    const std::string text =
-        R"({"hooks": {"Stop": [1, {"hooks": [{"command": "x >> Vantrelle/claude-events.jsonl"}]}, "two"]}})";
-    ASSERT_TRUE(claudeHooksInstalled(text));
-    const auto removed = uninstallClaudeHooks(text);
-    EXPECT_EQ(removed.text, R"({"hooks": {"Stop": [1, "two"]}})");
-    EXPECT_FALSE(claudeHooksInstalled(removed.text));
+TEST(ClaudeSettingsEdit, OursIsTakenOutWhateverElseTheHooksHold) {
+    const std::string ours = R"({"hooks": [{"command": "x >> Vantrelle/claude-events.jsonl"}]})";
+    const struct {
+        const char* name;
+        std::string text, removed;
+    } rows[] = {
+        {"beside an event that is not an array",
+         R"({"hooks": {"Stop": "user's", "Notification": [)" + ours + "]}}",
+         R"({"hooks": {"Stop": "user's"}})"},
+        {"amid odd elements of its array", R"({"hooks": {"Stop": [1, )" + ours + R"(, "two"]}})",
+         R"({"hooks": {"Stop": [1, "two"]}})"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ASSERT_TRUE(claudeHooksInstalled(row.text));
+        const auto removed = uninstallClaudeHooks(row.text);
+        EXPECT_EQ(removed.text, row.removed);
+        EXPECT_FALSE(claudeHooksInstalled(removed.text));
+    }
 }
 
 struct Problem {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "AgentsTestSupport.h"
 #include "agents/ClaudeHookSwitch.h"
 #include "agents/HooksCommand.h"
 #include "fakes/TempDir.h"
@@ -17,15 +18,8 @@ protected:
     CommandResult run(std::vector<std::string> arguments) const { return runHooksCommand(arguments, hooks); }
     std::string file() const { return (dir / ".claude/settings.json").string(); }
 
-    static AppPaths homeIn(const TempDir& folder) {
-        AppPaths result;
-        result.home = folder.path();
-        result.dataHome = folder / ".local/share";
-        return result;
-    }
-
     TempDir dir;
-    AppPaths paths = homeIn(dir);
+    AppPaths paths = testing::homeIn(dir.path());
     MapEnvironment environment;
     ClaudeHooks hooks{paths, environment};
 };
@@ -77,15 +71,6 @@ TEST_F(HooksCommandTest, ARefusalExitsOneWithTheSwitchsOwnMessage) {
                                            ": it holds an array, not an object."))
             << result.err;
     }
-}
-
-TEST_F(HooksCommandTest, ANamedPipeIsReportedWithoutWaitingForAWriter) {
-    fs::create_directories(dir / ".claude");
-    ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
-    const auto result = run({"status"});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, "Couldn't read your Claude Code settings in " + file() +
-                              ": it is a named pipe, not a regular file.\n");
 }
 
 TEST_F(HooksCommandTest, HelpAndUnknownArguments) {

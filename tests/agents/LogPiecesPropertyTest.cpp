@@ -89,6 +89,15 @@ std::vector<AIUsageEvent> sorted(std::vector<AIUsageEvent> events) {
     return events;
 }
 
+struct Tool {
+    const char* name;
+    const char* file;
+    std::string (*make)(std::mt19937&);
+};
+const Tool kTools[] = {{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
+                       {"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
+                       {"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}};
+
 class LogPiecesPropertyTest : public ::testing::Test {
 protected:
     VirtualScheduler clock{iso("2030-01-01T12:00:00Z")};
@@ -143,15 +152,7 @@ protected:
 };
 
 TEST_F(LogPiecesPropertyTest, EachToolsLogReadInPiecesGivesWhatOneReadGives) {
-    struct Tool {
-        const char* name;
-        const char* file;
-        std::string (*make)(std::mt19937&);
-    };
-    const Tool tools[] = {{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
-                          {"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
-                          {"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}};
-    for (const Tool& tool : tools) {
+    for (const Tool& tool : kTools) {
         for (std::uint32_t seed = 1; seed <= 25; ++seed) {
             SCOPED_TRACE(std::string(tool.name) + ", seed " + std::to_string(seed));
             std::mt19937 random(seed);
@@ -177,14 +178,7 @@ TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneRea
 }
 
 TEST_F(LogPiecesPropertyTest, AnUnchangedLogWithAnUnfinishedTailScannedAHundredTimesStaysAsItIs) {
-    struct Tool {
-        const char* name;
-        const char* file;
-        std::string (*make)(std::mt19937&);
-    };
-    for (const Tool& tool : {Tool{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
-                             Tool{"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
-                             Tool{"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}}) {
+    for (const Tool& tool : kTools) {
         SCOPED_TRACE(tool.name);
         std::mt19937 random(7);
         const std::string text = tool.make(random);

@@ -11,22 +11,41 @@
 namespace vantrelle {
 namespace {
 
-TEST(UsageReportTest, JsonHasEveryFigure) {
-    testing::useTimeZone("UTC");
+using testing::claudeAssistant;
+
+class UsageReportTest : public ::testing::Test {
+protected:
+    UsageReportTest() { testing::useTimeZone("UTC"); }
+
+    // A log under the home, modified at `modified`.
+    void log(const std::string& relative, const std::string& text, std::string_view modified) const {
+        testing::setModified(home.write(relative, text), testing::iso(modified));
+    }
+    // The JSON report of the home as `vantrelle usage --json` gives it at `now`.
+    nlohmann::json report(std::string_view now) const {
+        std::string error;
+        const auto options =
+            parseUsageArguments({"--json", "--now", std::string(now), "--home", home.path().string()}, error);
+        if (!options) {
+            ADD_FAILURE() << error;
+            return {};
+        }
+        return nlohmann::json::parse(usageReport(*options, environment));
+    }
+
     testing::TempDir home;
-    const auto file = home.write(".claude/projects/p/s1.jsonl",
-                                 R"({"type":"user","cwd":"/home/dev/shop","message":{"content":"hello"}})"
-                                 "\n" +
-                                     testing::claudeAssistant("m1", "r1", 10, 5, "2030-01-01T10:00:00Z") +
-                                     testing::claudeAssistant("m2", "r2", 20, 5, "2029-12-30T10:00:00Z"));
-    testing::setModified(file, testing::iso("2030-01-01T10:00:00Z"));
-    std::string error;
-    auto options = parseUsageArguments(
-        {"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
-    ASSERT_TRUE(options) << error;
     testing::TempDir config;
-    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
-    const auto json = nlohmann::json::parse(usageReport(*options, environment));
+    MapEnvironment environment{{{"XDG_CONFIG_HOME", config.path().string()}}};
+};
+
+TEST_F(UsageReportTest, JsonHasEveryFigure) {
+    log(".claude/projects/p/s1.jsonl",
+        R"({"type":"user","cwd":"/home/dev/shop","message":{"content":"hello"}})"
+        "\n" +
+            claudeAssistant("m1", "r1", 10, 5, "2030-01-01T10:00:00Z") +
+            claudeAssistant("m2", "r2", 20, 5, "2029-12-30T10:00:00Z"),
+        "2030-01-01T10:00:00Z");
+    const auto json = report("2030-01-01T12:00:00Z");
     EXPECT_EQ(json["today"]["input"], 10);
     EXPECT_EQ(json["today"]["output"], 5);
     EXPECT_EQ(json["today"]["cacheRead"], 3);
@@ -50,15 +69,11 @@ TEST(UsageReportTest, JsonHasEveryFigure) {
     // The user's budget setting holds in the report too; the settings file is only read.
     const std::string stored = R"({"aiBlockTokenBudget": 5000})";
     config.write("Vantrelle/defaults.json", stored);
-    const auto withBudget = nlohmann::json::parse(usageReport(*options, environment));
-    EXPECT_EQ(withBudget["block"]["budget"], 5000);
+    EXPECT_EQ(report("2030-01-01T12:00:00Z")["block"]["budget"], 5000);
     EXPECT_EQ(config.read("Vantrelle/defaults.json"), stored);
-
-    EXPECT_FALSE(parseUsageArguments({"--now", "yesterday"}, error));
-    EXPECT_FALSE(parseUsageArguments({"--bogus"}, error));
 }
 
-TEST(UsageReportTest, HelpAndAMissingHomeAreAnsweredBeforeAnyScan) {
+TEST_F(UsageReportTest, HelpAndBadArgumentsAreAnsweredBeforeAnyScan) {
     std::string error;
     for (const char* flag : {"--help", "-h"}) {
         SCOPED_TRACE(flag);
@@ -67,8 +82,9 @@ TEST(UsageReportTest, HelpAndAMissingHomeAreAnsweredBeforeAnyScan) {
         EXPECT_TRUE(options->help);
     }
     EXPECT_NE(std::string_view(usageSynopsis()).find("--home <dir>"), std::string_view::npos);
+    EXPECT_FALSE(parseUsageArguments({"--now", "yesterday"}, error));
+    EXPECT_FALSE(parseUsageArguments({"--bogus"}, error));
 
-    testing::TempDir home;
     EXPECT_FALSE(parseUsageArguments({"--home", (home / "missing").string()}, error));
     EXPECT_EQ(error, "--home " + (home / "missing").string() + ": no such folder");
     const auto file = home.write("plain-file", "x");
@@ -76,20 +92,10 @@ TEST(UsageReportTest, HelpAndAMissingHomeAreAnsweredBeforeAnyScan) {
     EXPECT_TRUE(parseUsageArguments({"--home", home.path().string()}, error));
 }
 
-TEST(UsageReportTest, NamesThatAreNotUtf8AreWrittenLossily) {
-    testing::useTimeZone("UTC");
-    testing::TempDir home;
-    const std::string folder = ".claude/projects/caf\xe9";
-    const auto file = home.write(folder + "/s\xff.jsonl",
-                                 testing::claudeAssistant("m1", "r1", 10, 5, "2030-01-01T11:59:00Z"));
-    testing::setModified(file, testing::iso("2030-01-01T11:59:00Z"));
-    std::string error;
-    const auto options = parseUsageArguments(
-        {"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
-    ASSERT_TRUE(options) << error;
-    testing::TempDir config;
-    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
-    const auto json = nlohmann::json::parse(usageReport(*options, environment));
+TEST_F(UsageReportTest, NamesThatAreNotUtf8AreWrittenLossily) {
+    log(".claude/projects/caf\xe9/s\xff.jsonl", claudeAssistant("m1", "r1", 10, 5, "2030-01-01T11:59:00Z"),
+        "2030-01-01T11:59:00Z");
+    const auto json = report("2030-01-01T12:00:00Z");
     ASSERT_EQ(json["sessions"].size(), 1u);
     EXPECT_EQ(json["sessions"][0]["id"], "s\xef\xbf\xbd");
     const std::string url = json["sessions"][0]["logURL"];
@@ -97,31 +103,22 @@ TEST(UsageReportTest, NamesThatAreNotUtf8AreWrittenLossily) {
     EXPECT_EQ(json["today"]["output"], 5);
 }
 
-TEST(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative) {
-    testing::useTimeZone("UTC");
-    testing::TempDir home;
+TEST_F(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative) {
     const std::string max = "9223372036854775807";
-    const auto claude = home.write(
-        ".claude/projects/p/s1.jsonl",
-        testing::claudeAssistant("m1", "r1", 1, 1, "2030-01-01T11:00:00Z") +
+    log(".claude/projects/p/s1.jsonl",
+        claudeAssistant("m1", "r1", 1, 1, "2030-01-01T11:00:00Z") +
             R"({"type":"assistant","requestId":"r2","timestamp":"2030-01-01T11:30:00Z","message":{"id":"m2","usage":{"input_tokens":)" +
             max + R"(,"output_tokens":)" + max + "}}}\n" +
             R"({"type":"assistant","requestId":"r3","timestamp":"9999-01-01T00:00:00Z","message":{"id":"m3","usage":{"output_tokens":1}}})" +
-            "\n");
-    const auto codex = home.write(
-        ".codex/sessions/2030/rollout-1.jsonl",
+            "\n",
+        "2030-01-01T11:50:00Z");
+    log(".codex/sessions/2030/rollout-1.jsonl",
         R"({"timestamp":"2030-01-01T11:40:00Z","type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":{"input_tokens":-9223372036854775808,"output_tokens":0}}}})"
         "\n"
         R"({"timestamp":"2030-01-01T11:50:00Z","type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":{"input_tokens":)" +
-            max + "}}}}\n");
-    for (const auto& file : {claude, codex}) testing::setModified(file, testing::iso("2030-01-01T11:50:00Z"));
-    std::string error;
-    const auto options = parseUsageArguments(
-        {"--json", "--now", "2030-01-01T12:00:00Z", "--home", home.path().string()}, error);
-    ASSERT_TRUE(options) << error;
-    testing::TempDir config;
-    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
-    const auto json = nlohmann::json::parse(usageReport(*options, environment));
+            max + "}}}}\n",
+        "2030-01-01T11:50:00Z");
+    const auto json = report("2030-01-01T12:00:00Z");
     constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
     EXPECT_EQ(json["today"]["input"], kMax);
     EXPECT_EQ(json["today"]["output"], kMax);
@@ -135,31 +132,21 @@ TEST(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative) {
     for (const auto& session : json["sessions"]) EXPECT_GE(session["tokens"].get<std::int64_t>(), 0);
 }
 
-TEST(UsageReportTest, AStreamedReplyCopiedIntoAResumedSessionCountsOnceEverywhere) {
-    testing::useTimeZone("UTC");
-    testing::TempDir home;
+TEST_F(UsageReportTest, AStreamedReplyCopiedIntoAResumedSessionCountsOnceEverywhere) {
     const auto prompt = [](std::string_view date, std::string_view text) {
         return R"({"type":"user","timestamp":")" + std::string(date) + R"(","message":{"content":")" +
                std::string(text) + "\"}}\n";
     };
-    const std::string reply = testing::claudeAssistant("m1", "r1", 10, 3, "2030-01-01T10:00:00Z") +
-                              testing::claudeAssistant("m1", "r1", 10, 9, "2030-01-01T10:00:00Z") +
-                              testing::claudeAssistant("m1", "r1", 10, 159, "2030-01-01T10:00:00Z");
-    const auto older =
-        home.write(".claude/projects/p/older.jsonl", prompt("2030-01-01T09:59:00Z", "first") + reply);
-    const auto resumed =
-        home.write(".claude/projects/p/resumed.jsonl",
-                   prompt("2030-01-01T09:59:00Z", "first") + reply + prompt("2030-01-01T11:00:00Z", "again") +
-                       testing::claudeAssistant("m2", "r2", 1, 1, "2030-01-01T11:00:01Z"));
-    for (const auto& file : {older, resumed})
-        testing::setModified(file, testing::iso("2030-01-01T11:00:01Z"));
-    std::string error;
-    const auto options = parseUsageArguments(
-        {"--json", "--now", "2030-01-01T11:01:00Z", "--home", home.path().string()}, error);
-    ASSERT_TRUE(options) << error;
-    testing::TempDir config;
-    const MapEnvironment environment({{"XDG_CONFIG_HOME", config.path().string()}});
-    const auto json = nlohmann::json::parse(usageReport(*options, environment));
+    const std::string reply = prompt("2030-01-01T09:59:00Z", "first") +
+                              claudeAssistant("m1", "r1", 10, 3, "2030-01-01T10:00:00Z") +
+                              claudeAssistant("m1", "r1", 10, 9, "2030-01-01T10:00:00Z") +
+                              claudeAssistant("m1", "r1", 10, 159, "2030-01-01T10:00:00Z");
+    log(".claude/projects/p/older.jsonl", reply, "2030-01-01T11:00:01Z");
+    log(".claude/projects/p/resumed.jsonl",
+        reply + prompt("2030-01-01T11:00:00Z", "again") +
+            claudeAssistant("m2", "r2", 1, 1, "2030-01-01T11:00:01Z"),
+        "2030-01-01T11:00:01Z");
+    const auto json = report("2030-01-01T11:01:00Z");
     EXPECT_EQ(json["today"]["output"], 160);
     EXPECT_EQ(json["today"]["messages"], 2);
     EXPECT_EQ(json["last7Days"][6]["tokens"], (10 + 159 + 3 + 4) + (1 + 1 + 3 + 4));

@@ -129,12 +129,5 @@ TEST(CalcErrors, NestingTooDeepIsAGenericFailureNotACrash) {
     EXPECT_EQ(eval(fine).value, 1.0);
 }
 
-TEST(CalcResultKind, RawNamesInOrder) {
-    EXPECT_EQ(enumToRaw(CalcResult::kindRawNames, CalcResult::Kind::number), "number");
-    EXPECT_EQ(enumToRaw(CalcResult::kindRawNames, CalcResult::Kind::error), "error");
-    EXPECT_EQ(enumFromRaw<CalcResult::Kind>(CalcResult::kindRawNames, "currency"),
-              CalcResult::Kind::currency);
-}
-
 }  // namespace
 }  // namespace vantrelle

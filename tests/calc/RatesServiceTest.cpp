@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "calc/RatesService.h"
 #include "fakes/FakeHttpClient.h"
 #include "platform/VirtualScheduler.h"
@@ -32,6 +34,21 @@ protected:
         service().rate(from, to, [answer](std::optional<RateQuote> quote) { *answer = quote; });
         scheduler.runUntilIdle();
         return *answer;
+    }
+
+    // Asks, and answers the fetch that starts with `body`.
+    void fetch(const char* body = kResponse, std::string_view to = "EUR") {
+        (void)ask("USD", to);
+        http.reply(200, body);
+        scheduler.runUntilIdle();
+    }
+    // Asks for dollars in euros and gives what came back once `answerFetch` has answered the request.
+    std::optional<std::optional<RateQuote>> askAnswered(const std::function<void()>& answerFetch) {
+        std::optional<std::optional<RateQuote>> answer;
+        service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
+        answerFetch();
+        scheduler.runUntilIdle();
+        return answer;
     }
 
     void storeInDefaults(const std::string& json, Date fetchedAt) {
@@ -95,9 +112,7 @@ TEST_F(RatesServiceTest, CallsDuringAFetchShareIt) {
 }
 
 TEST_F(RatesServiceTest, MemoryAnswersForTwelveHoursThenItFetchesAgain) {
-    (void)ask("USD", "EUR");
-    http.reply(200, kResponse);
-    scheduler.runUntilIdle();
+    fetch();
 
     scheduler.advance(RatesService::ttl - 1);
     auto cached = ask("GBP", "EUR");
@@ -120,9 +135,7 @@ TEST_F(RatesServiceTest, FreshDefaultsServeANewProcessWithoutARequest) {
 }
 
 TEST_F(RatesServiceTest, PersistsAcrossRestarts) {
-    (void)ask("USD", "EUR");
-    http.reply(200, kResponse);
-    scheduler.runUntilIdle();
+    fetch();
     scheduler.advance(600);
 
     restart();
@@ -148,27 +161,19 @@ TEST_F(RatesServiceTest, OldRatesStillAnswerWhenTheFetchFails) {
 }
 
 TEST_F(RatesServiceTest, AfterTwelveHoursOfflineTheMemoStillAnswers) {
-    (void)ask("USD", "EUR");
-    http.reply(200, kResponse);
-    scheduler.runUntilIdle();
+    fetch();
     defaults.remove(RatesService::cacheKey);  // even with nothing in the defaults
 
     scheduler.advance(RatesService::ttl + 60);
-    std::optional<RateQuote> answer;
-    service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
-    http.reply(503, "busy");
-    scheduler.runUntilIdle();
-    ASSERT_TRUE(answer);
-    EXPECT_DOUBLE_EQ(answer->rate, 0.9);
+    const auto answer = askAnswered([&] { http.reply(503, "busy"); });
+    ASSERT_TRUE(answer && *answer);
+    EXPECT_DOUBLE_EQ((*answer)->rate, 0.9);
 }
 
 TEST_F(RatesServiceTest, ResponsesThatDontParseAreNotStored) {
     for (const char* body : {"not json", "[]", R"({"rates":{"EUR":1}})",
                              R"({"date":"2025-01-03","rates":[]})", R"({"date":5,"rates":{}})"}) {
-        std::optional<std::optional<RateQuote>> answer;
-        service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
-        http.reply(200, body);
-        scheduler.runUntilIdle();
+        const auto answer = askAnswered([&] { http.reply(200, body); });
         ASSERT_TRUE(answer) << body;
         EXPECT_FALSE(*answer) << body;
         EXPECT_FALSE(defaults.string(RatesService::cacheKey)) << body;
@@ -189,18 +194,13 @@ TEST_F(RatesServiceTest, UnparsableStoredValueCountsAsMissing) {
 }
 
 TEST_F(RatesServiceTest, NothingAnywhereGivesNoRate) {
-    std::optional<std::optional<RateQuote>> answer;
-    service().rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
-    http.fail("no route to host");
-    scheduler.runUntilIdle();
+    const auto answer = askAnswered([&] { http.fail("no route to host"); });
     ASSERT_TRUE(answer);
     EXPECT_FALSE(*answer);
 }
 
 TEST_F(RatesServiceTest, DollarToDollarIsOneWithoutATableEntry) {
-    (void)ask("USD", "USD");
-    http.reply(200, R"({"date":"2025-01-03","rates":{}})");
-    scheduler.runUntilIdle();
+    fetch(R"({"date":"2025-01-03","rates":{}})", "USD");
     auto answer = ask("USD", "USD");
     ASSERT_TRUE(answer && *answer);
     EXPECT_DOUBLE_EQ((*answer)->rate, 1);
@@ -222,9 +222,7 @@ TEST_F(RatesServiceTest, RateNeedsBothCodesAndAPositiveSource) {
 TEST_F(RatesServiceTest, ChangedFiresWhenTheTableChanges) {
     int changes = 0;
     auto connection = service().changed.connect([&] { ++changes; });
-    (void)ask("USD", "EUR");
-    http.reply(200, kResponse);
-    scheduler.runUntilIdle();
+    fetch();
     EXPECT_EQ(changes, 1);
     (void)ask("USD", "EUR");
     EXPECT_EQ(changes, 1);

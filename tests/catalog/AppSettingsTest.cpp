@@ -46,6 +46,9 @@ TEST_F(AppSettingsTest, EmptyStoreGivesEveryDefault) {
     EXPECT_EQ(s.visibleToggles(), defaultVisibleToggles());
     EXPECT_EQ(s.enabledTabs().size(), kNotchTabCount);
     EXPECT_EQ(s.settingsTab(), SettingsTab::general);
+    // Everything is on without touching the stored list or the introductions.
+    EXPECT_FALSE(defaults.object("introduced.game").has_value());
+    EXPECT_FALSE(defaults.object("enabledTabs").has_value());
 }
 
 TEST_F(AppSettingsTest, TheNotchOutlineIsOnUntilTurnedOffAndStaysOffAfterARestart) {
@@ -133,13 +136,6 @@ TEST_F(AppSettingsTest, LaterToolsAreIntroducedOnceAndStayOffWhenTurnedOff) {
     }
     auto& reloaded = load();
     EXPECT_FALSE(reloaded.isEnabled(NotchTab::game));
-}
-
-TEST_F(AppSettingsTest, AbsentListEnablesEverythingWithoutTouchingTheIntroductions) {
-    auto& s = load();
-    EXPECT_EQ(s.enabledTabs().size(), kNotchTabCount);
-    EXPECT_FALSE(defaults.object("introduced.game").has_value());
-    EXPECT_FALSE(defaults.object("enabledTabs").has_value());
 }
 
 TEST_F(AppSettingsTest, DashboardAndTheLastToolCannotBeTurnedOff) {

@@ -28,18 +28,14 @@ protected:
 
 // MARK: running a block
 
-TEST_F(PomodoroModelTest, StartsIdleWithTheDefaultLengthLoaded) {
+TEST_F(PomodoroModelTest, StartsIdleAndAnIdleTimerFollowsTheLengthSettings) {
     auto& m = makeModel();
     EXPECT_EQ(m.status(), PomodoroStatus::idle);
     EXPECT_EQ(m.remaining(), 1500);
     EXPECT_EQ(m.timeString(), "25:00");
     EXPECT_EQ(m.statusText(), "Ready to focus");
     EXPECT_FALSE(activities.current().has_value());
-}
-
-TEST_F(PomodoroModelTest, AnIdleTimerFollowsTheLengthSettings) {
     settings.setFocusMinutes(50);
-    auto& m = makeModel();
     EXPECT_EQ(m.timeString(), "50:00");
     settings.setFocusMinutes(1);
     EXPECT_EQ(m.total(), 60);

@@ -38,13 +38,6 @@ TEST_F(QuietMonitorTest, CallsBackOnlyOnChangeAndPollsEveryTwoSeconds) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(QuietMonitorTest, NoScreenMeansNoFullScreen) {
-    auto monitor = make();
-    fullScreen = true;
-    monitor.refresh();
-    EXPECT_FALSE(monitor.fullScreen());
-}
-
 TEST_F(QuietMonitorTest, ClosingTheMirrorIsNotACallForFourSeconds) {
     auto monitor = make();
     camera.sessionRunning = true;
@@ -68,7 +61,12 @@ TEST_F(QuietMonitorTest, PretendCallForcesBusyWithoutAnyCamera) {
     EXPECT_TRUE(monitor.cameraBusyElsewhere());
 }
 
-TEST_F(QuietMonitorTest, MissingProbesReadAsQuietNothing) {
+TEST_F(QuietMonitorTest, NoScreenOrMissingProbesReadAsQuietNothing) {
+    auto withoutScreen = make();
+    fullScreen = true;
+    withoutScreen.refresh();
+    EXPECT_FALSE(withoutScreen.fullScreen());
+
     QuietMonitor monitor(scheduler, scheduler, {}, camera, false);
     monitor.refresh();
     EXPECT_FALSE(monitor.fullScreen());
