@@ -4,9 +4,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
-#include <QStandardPaths>
+#include <utility>
 
+#include "linux/PrivateSessionBus.h"
 #include "linux/TestApplication.h"
 #include "monitors/BatteryMonitor.h"
 #include "monitors/UPowerPowerSource.h"
@@ -64,25 +64,15 @@ private:
     PowerSource& m_inner;
 };
 
-class BatteryMonitorTest : public ::testing::Test {
+class BatteryMonitorTest : public testing::EventLoopTest {
 protected:
     static void SetUpTestSuite() {
         testing::testApplication();
-        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty()) return;
-        daemon = new QProcess;
-        daemon->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                                      QStringLiteral("--print-address=1")});
-        if (daemon->waitForReadyRead(10000)) address = QString::fromUtf8(daemon->readLine().trimmed());
+        bus = new testing::PrivateSessionBus;
     }
-    static void TearDownTestSuite() {
-        if (!daemon) return;
-        daemon->terminate();
-        daemon->waitForFinished(5000);
-        delete daemon;
-        daemon = nullptr;
-    }
+    static void TearDownTestSuite() { delete std::exchange(bus, nullptr); }
     void SetUp() override {
-        if (address.isEmpty()) GTEST_SKIP() << "no dbus-daemon";
+        if (bus->address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
     }
     void TearDown() override {
         upower.unregisterObject(kPath);
@@ -98,10 +88,9 @@ protected:
         return *current->as<LiveActivity::Battery>();
     }
 
-    static inline QProcess* daemon = nullptr;
-    static inline QString address;
-    QDBusConnection upower = QDBusConnection::connectToBus(address, QStringLiteral("upower"));
-    QDBusConnection ours = QDBusConnection::connectToBus(address, QStringLiteral("ours"));
+    static inline testing::PrivateSessionBus* bus = nullptr;
+    QDBusConnection upower = QDBusConnection::connectToBus(bus->address(), QStringLiteral("upower"));
+    QDBusConnection ours = QDBusConnection::connectToBus(bus->address(), QStringLiteral("ours"));
     FakeDisplayDevice device;
     VirtualScheduler scheduler;
     LiveActivityCenter activities{scheduler};
