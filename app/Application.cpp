@@ -165,9 +165,16 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     m_services.addService("media", [this] { m_media.start(); });
+    m_notices = std::make_unique<NoticesComposition>(
+        NoticesComposition::Deps{m_environment, m_scheduler, m_http, m_defaults, m_settings, m_activities,
+                                 &m_desktopNotifications, DemoMode::isOn()});
+    m_services.addService("battery", [this] { m_notices->battery.start(); });
     m_monitors = std::make_unique<MonitorsComposition>(
         MonitorsComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_x, m_wrappedHistory,
-                                  m_aiUsage, m_engine, DemoMode::isOn()});
+                                  m_aiUsage, m_engine, DemoMode::isOn(), &m_notices->battery});
+    m_pomodoroNotifier.onWrappedReply = [this](const std::string& period) {
+        NoticesComposition::showWrapped(period, *m_monitors);
+    };
     m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
@@ -177,6 +184,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
     m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     m_services.addService("calendar", [this] { m_calendar.start(); });
+    m_services.addService("wrapped reminders", [this] { m_notices->reminders.start(); });
+    if (m_notices->updates.isAdHocSigned())
+        m_services.addService("updates", [this] { m_notices->updates.start(); });
     m_services.onRefreshSchedule = [this] {
         m_calendar.refreshIfAuthorized();
         m_reminders.refresh();
@@ -363,6 +373,9 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
         overlay.state().setTab(NotchTab::support);
         overlay.setExpanded(true, "email support");
     };
+    commands.checkForUpdates = [this] { m_notices->checkForUpdates(); };
+    commands.canCheckForUpdates = m_notices->updates.isAdHocSigned();
+    if (commands.canCheckForUpdates) commands.updatesNote = m_notices->updatesNote();
     commands.showSettings = [this] { showSettings(); };
     commands.quit = [] { QCoreApplication::quit(); };
     m_tray = std::make_unique<TrayMenu>(statusMenuRows(commands));

@@ -14,6 +14,7 @@
 #include "MirrorViewModel.h"
 #include "MonitorsComposition.h"
 #include "NotesViewModel.h"
+#include "NoticesComposition.h"
 #include "ProcProcessTable.h"
 #include "QtHttpClient.h"
 #include "QtImageCodec.h"
@@ -168,6 +169,7 @@ private:
     std::unique_ptr<PointerMonitor> m_pointer;
     std::unique_ptr<TrayMenu> m_tray;
     // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
+    std::unique_ptr<NoticesComposition> m_notices;
     std::unique_ptr<MonitorsComposition> m_monitors;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;

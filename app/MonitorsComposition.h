@@ -11,6 +11,7 @@
 #include "WrappedViewModel.h"
 #include "agents/AIUsageModel.h"
 #include "app/LaunchHooks.h"
+#include "monitors/BatteryMonitor.h"
 #include "monitors/DesktopEntryIndex.h"
 #include "monitors/DevServerMonitor.h"
 #include "monitors/LogindWatcher.h"
@@ -41,6 +42,7 @@ public:
         AIUsageModel& aiUsage;
         ShellEngine& engine;
         bool demoMode = false;
+        const BatteryMonitor* battery = nullptr;  // the power daemon's battery, where there is one
     };
 
     explicit MonitorsComposition(Deps deps);
@@ -77,6 +79,7 @@ private:
     LogindWatcher m_logind;
     CursorMileage m_mileage;
     ProcSystemCounters m_counters;
+    BatteryCounters m_batteryCounters;
     SystemStats m_stats;
     RepeatingTimer m_mileageFlush;
     std::unique_ptr<QQuickView> m_wrappedWindow;

@@ -23,7 +23,8 @@ std::vector<StatusMenuRow> statusMenuRows(const StatusMenuCommands& c) {
         command("Your Wrapped…", c.showWrapped),
         command("Email Support…", c.emailSupport),
         divider(),
-        command("Check for Updates…", c.checkForUpdates, {}, c.canCheckForUpdates),
+        c.updatesNote.empty() ? command("Check for Updates…", c.checkForUpdates, {}, c.canCheckForUpdates)
+                              : command(c.updatesNote, {}),
         command("Settings…", c.showSettings, "Ctrl+,"),
         divider(),
         command("Quit Vantrelle", c.quit, "Ctrl+Q"),

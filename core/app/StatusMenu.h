@@ -26,6 +26,8 @@ struct StatusMenuCommands {
     std::function<void()> quit;
     // Updates can be looked for only where an updater exists or the build can tell its own version.
     bool canCheckForUpdates = false;
+    // When set, the updates row says this instead and is disabled: another program brings updates.
+    std::string updatesNote;
 };
 
 inline constexpr const char* kStatusItemTitle = "Vantrelle";

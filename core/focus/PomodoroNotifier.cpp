@@ -85,6 +85,8 @@ void PomodoroNotifier::handleReply(const DesktopNotificationReply& reply) {
         if (onWrappedReply) onWrappedReply(wrapped->second);
         return;
     }
+    // Other notices of the app share the service; their replies are not the timer's business.
+    if (reply.tag != kWorkDoneId && reply.tag != kBreakDoneId) return;
     if (reply.action == DesktopNotifications::kDefaultAction) {
         // The banner itself: open the Focus tool, the choice stays.
         m_notifications.post(Notifications::pomodoroRevealRequested);

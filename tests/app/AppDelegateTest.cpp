@@ -114,6 +114,12 @@ TEST(StatusMenu, RowsKeepTheirOrderAndMissingCommandsAreDisabled) {
     EXPECT_EQ(rows[6].shortcut, "Ctrl+,");
     EXPECT_EQ(rows[8].text, "Quit Vantrelle");
     EXPECT_EQ(rows[8].shortcut, "Ctrl+Q");
+
+    commands.canCheckForUpdates = true;
+    EXPECT_TRUE(statusMenuRows(commands)[5].enabled);
+    commands.updatesNote = "Updates come from your package manager.";
+    EXPECT_EQ(statusMenuRows(commands)[5].text, commands.updatesNote);
+    EXPECT_FALSE(statusMenuRows(commands)[5].enabled);
 }
 
 }  // namespace

@@ -99,6 +99,8 @@ TEST_F(PomodoroNotifierTest, ARecapReplyIsNotAFocusReply) {
     service.reply({"wrapped.weekly", "pomodoro.keep-working", {{"wrapped", "week"}}});
     EXPECT_EQ(period, "week");
     EXPECT_TRUE(m.awaitingChoice());
+    service.reply({"updates", "dismissed", {}});
+    EXPECT_TRUE(m.awaitingChoice()) << "another notice's reply leaves the choice alone";
     EXPECT_EQ(m.status(), PomodoroStatus::paused);
 }
 

@@ -1,0 +1,150 @@
+// The update check through the real HTTP client against a feed that the test serves on loopback.
+#include <gtest/gtest.h>
+
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include "DebianPackage.h"
+#include "QtHttpClient.h"
+#include "TestApplication.h"
+#include "fakes/LogCapture.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+#include "updates/UpdateNotice.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::spinUntil;
+
+// Serves `body` as the feed to every request.
+class FeedServer {
+public:
+    FeedServer() {
+        EXPECT_TRUE(m_server.listen(QHostAddress::LocalHost, 0));
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            while (QTcpSocket* socket = m_server.nextPendingConnection()) {
+                socket->setParent(&m_server);
+                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+                    if (!socket->readAll().contains("\r\n\r\n")) return;
+                    ++requests;
+                    socket->write(
+                        "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n"
+                        "Content-Length: " +
+                        QByteArray::number(body.size()) + "\r\n\r\n" + body);
+                    socket->disconnectFromHost();
+                });
+            }
+        });
+    }
+    [[nodiscard]] std::string url() const {
+        return "http://127.0.0.1:" + std::to_string(m_server.serverPort()) + "/feed.json";
+    }
+
+    QByteArray body;
+    int requests = 0;
+
+private:
+    QTcpServer m_server;
+};
+
+class UpdateFeedTest : public testing::EventLoopTest {
+protected:
+    std::unique_ptr<UpdateNotice> notice(std::string feed, std::string installed = "1.9.0") {
+        return std::make_unique<UpdateNotice>(UpdateNotice::Dependencies{
+            http, scheduler, activities, std::move(installed), std::move(feed), true});
+    }
+    // Checks and waits for the answer.
+    void check(UpdateNotice& n, bool userInitiated) {
+        const int before = server.requests;
+        n.check(userInitiated);
+        ASSERT_TRUE(spinUntil([&] { return server.requests > before && !n.isChecking(); }));
+    }
+    [[nodiscard]] std::optional<std::string> flashed() const {
+        const auto& current = activities.current();
+        if (!current || !current->is<LiveActivity::Update>()) return std::nullopt;
+        return current->as<LiveActivity::Update>()->version;
+    }
+
+    QtHttpClient http;
+    VirtualScheduler scheduler;
+    LiveActivityCenter activities{scheduler};
+    FeedServer server;
+};
+
+TEST_F(UpdateFeedTest, ANewerReleaseFlashesOnceAndAnOlderOneIsNoNews) {
+    struct Row {
+        const char* installed;
+        const char* feed;
+        std::optional<std::string> flash;
+        const char* status;
+    };
+    const Row rows[] = {
+        {"1.9.0", R"({"version":"1.10.0","notes":"https://vantrelle.app/1.10"})", "1.10.0",
+         "Vantrelle 1.10.0 is available."},
+        {"1.10.0", R"({"version":"1.9.5"})", std::nullopt, "Vantrelle 1.10.0 is up to date."},
+        {"1.2.0-beta.2", R"({"version":"1.2.0"})", "1.2.0", "Vantrelle 1.2.0 is available."},
+        {"1.2.0", R"({"version":"1.2.0-rc.1"})", std::nullopt, "Vantrelle 1.2.0 is up to date."},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.feed);
+        auto n = notice(server.url(), row.installed);
+        server.body = row.feed;
+        check(*n, false);
+        EXPECT_EQ(flashed(), row.flash);
+        EXPECT_EQ(n->statusText(), row.status);
+        scheduler.advance(UpdateNotice::kFlashSeconds);
+        EXPECT_FALSE(activities.current()) << "the flash ends after its time";
+    }
+    auto n = notice(server.url());
+    server.body = R"({"version":"2.0"})";
+    check(*n, false);
+    scheduler.advance(UpdateNotice::kFlashSeconds);
+    check(*n, false);
+    EXPECT_FALSE(flashed()) << "once per version";
+    check(*n, true);
+    EXPECT_EQ(flashed(), "2.0") << "unless the user asked";
+    EXPECT_EQ(n->available()->version, "2.0");
+}
+
+TEST_F(UpdateFeedTest, AMalformedFeedIsLoggedAndIgnored) {
+    testing::LogCapture log;
+    auto n = notice(server.url());
+    server.body = R"({"version":"1.10.0"})";
+    check(*n, false);
+    scheduler.advance(UpdateNotice::kFlashSeconds);
+    for (const char* bad : {"<html>", R"({"version":"soon"})", "{\"version\":"}) {
+        server.body = bad;
+        check(*n, true);
+        EXPECT_EQ(n->available()->version, "1.10.0") << bad << ": the state stays as it was";
+        EXPECT_FALSE(activities.current());
+    }
+    EXPECT_NE(log.text().find("updates: ignored a malformed feed"), std::string::npos);
+}
+
+TEST_F(UpdateFeedTest, WithoutAFeedThePackageManagerBringsUpdates) {
+    auto n = notice("");
+    EXPECT_EQ(n->statusText(), UpdateNotice::kPackageManagerText);
+    n->start();
+    n->check(true);
+    EXPECT_EQ(server.requests, 0);
+    EXPECT_FALSE(n->isChecking());
+    EXPECT_EQ(n->statusText(), UpdateNotice::kPackageManagerText);
+    EXPECT_FALSE(activities.current());
+}
+
+TEST(DebianPackageTest, OnlyFilesOurPackageListsCount) {
+    testing::TempDir dir;
+    const auto ours = dir.write("usr/bin/vantrelle", "");
+    const auto other = dir.write("usr/bin/other", "");
+    std::filesystem::create_directory_symlink(dir / "usr/bin", dir / "bin");
+    dir.write("info/vantrelle.list", "/.\n/usr\n" + (dir / "bin/vantrelle").string() + "\n");
+    EXPECT_TRUE(installedByPackage("vantrelle", ours, dir / "info")) << "listed through a linked folder";
+    EXPECT_FALSE(installedByPackage("vantrelle", other, dir / "info"));
+    EXPECT_FALSE(installedByPackage("vantrelle", ours, dir / "nowhere"));
+    EXPECT_FALSE(installedByPackage("vantrelle", dir / "usr/bin/missing", dir / "info"));
+}
+
+}  // namespace
+}  // namespace vantrelle
