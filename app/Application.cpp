@@ -146,53 +146,50 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     // The end of the event loop is the program's termination: stores flush their pending saves.
     QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &m_windows,
                      [] { NotificationCenter::shared().post(Notifications::applicationWillTerminate); });
-    // Background services in their start-up order; the others join as they are built.
-    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
-    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
     // Files: dropped files join the shelf; the folder watchers feed it (downloads not in demo mode).
     m_services.onAddToShelf = [this](const std::vector<std::string>& urls) {
         DebugLog::write(
             [&] { return "shelf: dropped " + std::to_string(urls.size()) + " file URLs on the notch"; });
         m_shelf.addUrls(urls);
     };
-    m_services.addService("downloads", [this] {
-        if (!DemoMode::isOn()) m_downloads.start();
-    });
-    m_services.addService("screenshots", [this] { m_screenshots.apply(); });
     m_settings.onScreenshotsToShelfChanged = [this] { m_screenshots.apply(); };
     SharedInstance<MediaController>::install(&m_media);
-    // Background services in their start-up order; the others join as they are built.
-    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
-    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
-    m_services.addService("media", [this] { m_media.start(); });
     m_notices = std::make_unique<NoticesComposition>(
         NoticesComposition::Deps{m_environment, m_scheduler, m_http, m_defaults, m_settings, m_activities,
                                  &m_desktopNotifications, DemoMode::isOn()});
-    m_services.addService("battery", [this] { m_notices->battery.start(); });
     m_monitors = std::make_unique<MonitorsComposition>(
         MonitorsComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_x, m_wrappedHistory,
                                   m_aiUsage, m_engine, DemoMode::isOn(), &m_notices->battery});
     m_pomodoroNotifier.onWrappedReply = [this](const std::string& period) {
         NoticesComposition::showWrapped(period, *m_monitors);
     };
-    m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
-    m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
-    // Background services in their start-up order; the others join as they are built.
-    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
-    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
-    m_services.addService("calendar", [this] { m_calendar.start(); });
-    m_services.addService("wrapped reminders", [this] { m_notices->reminders.start(); });
-    if (m_notices->updates.isAdHocSigned())
-        m_services.addService("updates", [this] { m_notices->updates.start(); });
     m_services.onRefreshSchedule = [this] {
         m_calendar.refreshIfAuthorized();
         m_reminders.refresh();
     };
     m_services.onTerminate = [] { QCoreApplication::quit(); };
+    registerServices();
     wireCalendarChooser();
+}
+
+// The background services, started by the overlay in this order.
+void Application::registerServices() {
+    m_services.addService("calendar", [this] { m_calendar.start(); });
+    m_services.addService("media", [this] { m_media.start(); });
+    m_services.addService("battery", [this] { m_notices->battery.start(); });
+    m_services.addService("screen time", [this] { m_monitors->start(); });
+    m_services.addService("downloads", [this] {
+        if (!DemoMode::isOn()) m_downloads.start();
+    });
+    m_services.addService("screenshots", [this] { m_screenshots.apply(); });
+    m_services.addService("claude alerts", [this] { m_claudeAlerts.start(); });
+    m_services.addService("wrapped reminders", [this] { m_notices->reminders.start(); });
+    if (m_notices->updates.isAdHocSigned())
+        m_services.addService("updates", [this] { m_notices->updates.start(); });
+    m_services.addService("ai usage", [this] { m_aiUsage.start(); });
 }
 
 // Asking for calendar access means pointing at a folder of .ics files; the folder is kept in the

@@ -84,6 +84,7 @@ public:
 private:
     std::unique_ptr<NotchOverlayController> makeOverlay();
     void wirePlatform(NotchOverlayController& overlay);
+    void registerServices();
     void wireCalendarChooser();
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
     void wireFocus();
