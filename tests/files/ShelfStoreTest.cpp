@@ -71,14 +71,9 @@ TEST_F(ShelfStoreTest, TheSameFileKeepsOneItemHoweverItIsSpelled) {
 TEST_F(ShelfStoreTest, MissingRelativeAndNonFileEntriesFallAwayOneByOne) {
     auto store = makeStore();
     store->add({dir / "files/nothing-here", "relative.txt"});
+    EXPECT_FALSE(fs::exists(dir / "data/shelf.json")) << "an add that adds nothing writes nothing";
     store->addUrls({"https://example.org/a.txt", "not a url", fileUrlFromPath(file("b c%.txt"))});
     EXPECT_EQ(names(*store), (std::vector<std::string>{"b c%.txt"}));
-}
-
-TEST_F(ShelfStoreTest, AnAddThatAddsNothingWritesNothing) {
-    auto store = makeStore();
-    store->add({dir / "files/nothing-here"});
-    EXPECT_FALSE(fs::exists(dir / "data/shelf.json"));
 }
 
 TEST_F(ShelfStoreTest, ARenamedFileIsFollowed) {

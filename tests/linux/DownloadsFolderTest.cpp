@@ -72,18 +72,6 @@ TEST_F(DownloadsFolderTest, ACrdownloadRenamedToItsNameFinishesOnce) {
     EXPECT_EQ(scheduler.pendingCount(), 0u);
 }
 
-TEST_F(DownloadsFolderTest, AFileThatKeepsGrowingNeverFinishes) {
-    writer(QStringLiteral("head -c 10 /dev/zero > image.iso"));
-    deliver();
-    scheduler.advance(0.3);
-    for (int look = 0; look < 10; ++look) {
-        writer(QStringLiteral("head -c 100 /dev/zero >> image.iso"));
-        QCoreApplication::processEvents();
-        scheduler.advance(0.5);
-    }
-    EXPECT_TRUE(finished.empty());
-}
-
 TEST_F(DownloadsFolderTest, ABurstOfAThousandEntriesGivesOneScan) {
     const std::size_t before = engine.scansRun();
     writer(QStringLiteral("mkdir $(seq -f d%g 1000)"));

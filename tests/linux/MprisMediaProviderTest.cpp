@@ -73,7 +73,10 @@ protected:
     const std::optional<LiveActivity>& activity() const {
         return activities.activity(LiveActivityCenter::Source::media);
     }
-    QString playerctl(const QStringList& arguments) {
+    // What playerctl, a client of the same bus, reads from mpv.
+    QString mpvSays(const QString& what, const QString& field = {}) {
+        QStringList arguments{QStringLiteral("-p"), QStringLiteral("mpv"), what};
+        if (!field.isEmpty()) arguments << field;
         QProcess process;
         process.setEnvironment(bus.environment());
         process.start(QStringLiteral("playerctl"), arguments);
@@ -127,13 +130,9 @@ TEST_F(MprisMediaProviderTest, FollowsMpvThroughPlayPauseSeekNextAndQuit) {
     EXPECT_EQ(controller->playerName(), "mpv");
 
     if (installed("playerctl")) {
-        EXPECT_EQ(playerctl({QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("metadata"),
-                             QStringLiteral("title")}),
-                  QStringLiteral("first.wav"));
-        EXPECT_EQ(playerctl({QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("status")}),
-                  QStringLiteral("Playing"));
-        const double theirs =
-            playerctl({QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("position")}).toDouble();
+        EXPECT_EQ(mpvSays(QStringLiteral("metadata"), QStringLiteral("title")), QStringLiteral("first.wav"));
+        EXPECT_EQ(mpvSays(QStringLiteral("status")), QStringLiteral("Playing"));
+        const double theirs = mpvSays(QStringLiteral("position")).toDouble();
         const auto before = provider->playerCalls();
         controller->refresh();
         ASSERT_TRUE(waitUntil([&] { return provider->playerCalls() > before && !controller->isPolling(); }));
@@ -144,16 +143,12 @@ TEST_F(MprisMediaProviderTest, FollowsMpvThroughPlayPauseSeekNextAndQuit) {
     ASSERT_TRUE(waitUntil([&] { return controller->track() && !playing(); }));
     EXPECT_EQ(activity(), (LiveActivity{LiveActivity::Media{"first.wav", "", false}}));
     if (installed("playerctl")) {
-        EXPECT_EQ(playerctl({QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("status")}),
-                  QStringLiteral("Paused"));
+        EXPECT_EQ(mpvSays(QStringLiteral("status")), QStringLiteral("Paused"));
     }
 
     controller->seek(20);
-    ASSERT_TRUE(waitUntil([&] {
-        const double theirs =
-            playerctl({QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("position")}).toDouble();
-        return std::abs(theirs - 20.0) < 0.5;
-    }));
+    ASSERT_TRUE(
+        waitUntil([&] { return std::abs(mpvSays(QStringLiteral("position")).toDouble() - 20.0) < 0.5; }));
     controller->refresh();
     ASSERT_TRUE(waitUntil([&] { return !controller->isPolling(); }));
     EXPECT_NEAR(controller->track()->position, 20.0, 0.5);

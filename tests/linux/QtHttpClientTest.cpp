@@ -96,24 +96,26 @@ protected:
         EXPECT_TRUE(runUntil([&] { return response.has_value(); }));
         return response;
     }
+    static std::optional<RateQuote> ask(RatesService& rates, std::string_view from, std::string_view to) {
+        std::optional<std::optional<RateQuote>> answer;
+        rates.rate(from, to, [&](std::optional<RateQuote> quote) { answer = quote; });
+        EXPECT_TRUE(runUntil([&] { return answer.has_value(); }));
+        return answer.value_or(std::nullopt);
+    }
 
     QCoreApplication& app = application();  // first: the Qt objects below need it
     LoopbackServer server;
     QtHttpClient client;
+    MemoryDefaultsStore defaults;
+    MapEnvironment environment{{{"VANTRELLE_RATES_URL", server.base()}}};
 };
 
 TEST_F(QtHttpClientTest, RatesServiceFetchesThroughTheRealClient) {
     server.respond(200, kRates);
-    MemoryDefaultsStore defaults;
-    MapEnvironment environment;
-    environment.set("VANTRELLE_RATES_URL", server.base());
     RatesService rates(client, defaults, SystemClock::shared(), environment);
-
-    std::optional<std::optional<RateQuote>> answer;
-    rates.rate("GBP", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
-    ASSERT_TRUE(runUntil([&] { return answer.has_value(); }));
-    ASSERT_TRUE(*answer);
-    EXPECT_DOUBLE_EQ((*answer)->rate, 0.9 / 0.8);
+    const auto quote = ask(rates, "GBP", "EUR");
+    ASSERT_TRUE(quote);
+    EXPECT_DOUBLE_EQ(quote->rate, 0.9 / 0.8);
     ASSERT_EQ(server.requestLines().size(), 1);
     EXPECT_EQ(server.requestLines()[0], "GET /latest?from=USD HTTP/1.1");
     EXPECT_EQ(defaults.string(RatesService::cacheKey), kRates);
@@ -128,16 +130,7 @@ TEST_F(QtHttpClientTest, RatesServiceFetchesThroughTheRealClient) {
 
 TEST_F(QtHttpClientTest, CachedStaleAndOddStoredRatesAgainstARealServer) {
     server.respond(200, kRates);
-    MemoryDefaultsStore defaults;
     defaults.set(RatesService::cacheKey, std::string("{not json"));  // left by a broken write
-    MapEnvironment environment;
-    environment.set("VANTRELLE_RATES_URL", server.base());
-    auto ask = [&](RatesService& rates, std::string_view from, std::string_view to) {
-        std::optional<std::optional<RateQuote>> answer;
-        rates.rate(from, to, [&](std::optional<RateQuote> quote) { answer = quote; });
-        EXPECT_TRUE(runUntil([&] { return answer.has_value(); }));
-        return answer.value_or(std::nullopt);
-    };
 
     VirtualScheduler clock(SystemClock::shared().now());
     {
@@ -163,15 +156,9 @@ TEST_F(QtHttpClientTest, CachedStaleAndOddStoredRatesAgainstARealServer) {
 
 TEST_F(QtHttpClientTest, ServerErrorLeavesNoRates) {
     server.respond(500, "{}");
-    MemoryDefaultsStore defaults;
-    MapEnvironment environment;
     environment.set("VANTRELLE_RATES_URL", server.base() + "/");
     RatesService rates(client, defaults, SystemClock::shared(), environment);
-
-    std::optional<std::optional<RateQuote>> answer;
-    rates.rate("USD", "EUR", [&](std::optional<RateQuote> quote) { answer = quote; });
-    ASSERT_TRUE(runUntil([&] { return answer.has_value(); }));
-    EXPECT_FALSE(*answer);
+    EXPECT_FALSE(ask(rates, "USD", "EUR"));
     EXPECT_FALSE(defaults.string(RatesService::cacheKey));
 }
 

@@ -2,12 +2,10 @@
 #include <xcb/xcb.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,27 +21,6 @@ namespace {
 
 using testing::spinUntil;
 
-// Sets DISPLAY for one test and puts the old value back.
-class DisplayVariable {
-public:
-    explicit DisplayVariable(const std::string& value) {
-        if (const char* old = std::getenv("DISPLAY")) m_old = old;
-        setenv("DISPLAY", value.c_str(), 1);
-    }
-    ~DisplayVariable() {
-        if (m_old) {
-            setenv("DISPLAY", m_old->c_str(), 1);
-        } else {
-            unsetenv("DISPLAY");
-        }
-    }
-    DisplayVariable(const DisplayVariable&) = delete;
-    DisplayVariable& operator=(const DisplayVariable&) = delete;
-
-private:
-    std::optional<std::string> m_old;
-};
-
 // A private X server for the test suite; the tests skip where Xvfb isn't installed.
 class X11Adapters : public ::testing::Test {
 protected:
@@ -52,13 +29,13 @@ protected:
         server.start();
     }
     static void TearDownTestSuite() { server.stop(); }
+    // Every case sets the DISPLAY it needs, so none is put back.
     void SetUp() override {
         if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
-        variable.emplace(server.display());
+        ::setenv("DISPLAY", server.display().c_str(), 1);
     }
 
     static inline testing::PrivateXServer server;
-    std::optional<DisplayVariable> variable;
 };
 
 // Another program on the same display: owns a window and the drag selection.
@@ -144,7 +121,7 @@ TEST_F(X11Adapters, TheAdaptersShareOneConnectionAndEachHearsItsOwnEvents) {
 
 TEST(X11AdaptersWithoutDisplay, StayOffAndAnswerNo) {
     testing::testApplication();
-    DisplayVariable display(":65000");  // no server there
+    ::setenv("DISPLAY", ":65000", 1);  // no server there
     XConnection connection;
     EXPECT_FALSE(connection.isOpen());
     PointerMonitor pointer(connection, [](NotchOverlayController::MouseEvent, int, int) {});

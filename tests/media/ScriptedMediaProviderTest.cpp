@@ -220,19 +220,15 @@ TEST_F(ScriptedMediaProviderTest, FailedOrUndecodableDownloadsGiveNothing) {
     track.source = MediaSource::spotify;
     track.artworkKey = "Spotify:2";
     track.artworkURL = "https://images.example/2";
-    bool called = false;
-    provider.fetchArtwork(track, [&](std::optional<Artwork> art) { called = !art; });
-    scheduler.runUntilIdle();
-    http.fail();
-    scheduler.runUntilIdle();
-    EXPECT_TRUE(called);
-
-    called = false;
-    provider.fetchArtwork(track, [&](std::optional<Artwork> art) { called = !art; });
-    scheduler.runUntilIdle();
-    http.reply(200, "not an image");
-    scheduler.runUntilIdle();
-    EXPECT_TRUE(called);
+    for (const bool fails : {true, false}) {
+        SCOPED_TRACE(fails ? "failed download" : "not an image");
+        bool called = false;
+        provider.fetchArtwork(track, [&](std::optional<Artwork> art) { called = !art; });
+        scheduler.runUntilIdle();
+        fails ? http.fail() : http.reply(200, "not an image");
+        scheduler.runUntilIdle();
+        EXPECT_TRUE(called);
+    }
     EXPECT_EQ(testing::logMessages(log), (std::vector<std::string>{"media: artwork for Spotify:2 -> nil",
                                                                    "media: artwork for Spotify:2 -> nil"}));
 }

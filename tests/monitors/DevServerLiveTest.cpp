@@ -17,7 +17,6 @@
 #include "monitors/LsofListeningPorts.h"
 #include "monitors/ProcListeningPorts.h"
 #include "monitors/ProcProcessControl.h"
-#include "monitors/ServersCommand.h"
 #include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
@@ -68,6 +67,17 @@ protected:
         dir.write("tools/.keep", "");
     }
 
+    // python3's HTTP server on loopback; it prints "Serving HTTP" once it listens.
+    static std::vector<std::string> httpServer(int port, std::vector<std::string> more = {}) {
+        std::vector<std::string> argv{"python3", "-u",       "-m", "http.server", std::to_string(port),
+                                      "--bind",  "127.0.0.1"};
+        argv.insert(argv.end(), more.begin(), more.end());
+        return argv;
+    }
+    void scan(DevServerMonitor& monitor) {
+        monitor.refresh();
+        clock.runUntilIdle();
+    }
     DevServerMonitor::Deps deps(ListeningPorts& source) {
         return {clock, clock, queues, source, control, ::getpid(), "/nonexistent-home", false};
     }
@@ -88,18 +98,15 @@ protected:
 
 TEST_F(DevServerLiveTest, ListsRealServersAndFiltersLikeTheRules) {
     const int webPort = freePort(20000, 40000);
-    ChildProcess web({"python3", "-u", "-m", "http.server", std::to_string(webPort), "--bind", "127.0.0.1"},
-                     dir / "shop");
+    ChildProcess web(httpServer(webPort), dir / "shop");
     ASSERT_TRUE(web.waitFor("Serving HTTP"));
     const int mcpPort = freePort(20000, 40000);
-    ChildProcess mcp({"python3", "-u", "-m", "http.server", std::to_string(mcpPort), "--bind", "127.0.0.1",
-                      "--directory", (dir / "tools" / "files-mcp-server").string()},
+    ChildProcess mcp(httpServer(mcpPort, {"--directory", (dir / "tools" / "files-mcp-server").string()}),
                      dir / "tools");
     ASSERT_TRUE(mcp.waitFor("Serving HTTP"));
 
     DevServerMonitor monitor(deps(proc));
-    monitor.refresh();
-    clock.runUntilIdle();
+    scan(monitor);
     const auto server = listed(monitor, web.pid());
     ASSERT_TRUE(server);
     EXPECT_EQ(server->port, webPort);
@@ -116,8 +123,7 @@ TEST_F(DevServerLiveTest, ListsRealServersAndFiltersLikeTheRules) {
     ChildProcess vite({"node", (dir / "front" / "vite.js").string(), std::to_string(vitePort)},
                       dir / "front");
     ASSERT_TRUE(vite.waitFor("ready"));
-    monitor.refresh();
-    clock.runUntilIdle();
+    scan(monitor);
     EXPECT_FALSE(listed(monitor, plain.pid())) << "bare node on an ephemeral port is its helper port";
     const auto front = listed(monitor, vite.pid());
     ASSERT_TRUE(front);
@@ -131,8 +137,7 @@ TEST_F(DevServerLiveTest, LsofAndProcTablesAgreeOnOurServers) {
     std::string error;
     if (!lsof.list(error)) GTEST_SKIP() << "lsof is not installed";
     const int port = freePort(20000, 40000);
-    ChildProcess web({"python3", "-u", "-m", "http.server", std::to_string(port), "--bind", "127.0.0.1"},
-                     dir / "shop");
+    ChildProcess web(httpServer(port), dir / "shop");
     ASSERT_TRUE(web.waitFor("Serving HTTP"));
 
     const auto ours = [&](ListeningPorts& source) {
@@ -148,56 +153,32 @@ TEST_F(DevServerLiveTest, LsofAndProcTablesAgreeOnOurServers) {
     EXPECT_EQ(fromProc, ours(lsof));
 }
 
-TEST_F(DevServerLiveTest, StopEndsAServerWithTheFirstSignal) {
+TEST_F(DevServerLiveTest, StopEndsAServerWithTheFirstSignalAndKillsOneIgnoringItAfterThreeSeconds) {
     const int port = freePort(20000, 40000);
-    ChildProcess web({"python3", "-u", "-m", "http.server", std::to_string(port), "--bind", "127.0.0.1"},
-                     dir / "shop");
+    ChildProcess web(httpServer(port), dir / "shop");
     ASSERT_TRUE(web.waitFor("Serving HTTP"));
+    const int stubbornPort = freePort(20000, 40000);
+    ChildProcess stubborn(
+        {"python3", "-u", (dir / "stubborn" / "stubborn.py").string(), std::to_string(stubbornPort)},
+        dir / "stubborn");
+    ASSERT_TRUE(stubborn.waitFor("ready"));
     DevServerMonitor monitor(deps(proc));
-    monitor.refresh();
-    clock.runUntilIdle();
+    scan(monitor);
     const auto server = listed(monitor, web.pid());
-    ASSERT_TRUE(server);
+    const auto ignoring = listed(monitor, stubborn.pid());
+    ASSERT_TRUE(server && ignoring);
     monitor.stop(*server);
+    monitor.stop(*ignoring);
     EXPECT_EQ(web.waitForEnd(), SIGTERM);
     clock.advance(DevServerMonitor::kRefreshDelay);
     EXPECT_FALSE(listed(monitor, server->pid));
     EXPECT_FALSE(monitor.stopping().contains(port));
-}
 
-TEST_F(DevServerLiveTest, AServerIgnoringTerminateIsKilledAfterThreeSeconds) {
-    const int port = freePort(20000, 40000);
-    ChildProcess stubborn(
-        {"python3", "-u", (dir / "stubborn" / "stubborn.py").string(), std::to_string(port)},
-        dir / "stubborn");
-    ASSERT_TRUE(stubborn.waitFor("ready"));
-    DevServerMonitor monitor(deps(proc));
-    monitor.refresh();
-    clock.runUntilIdle();
-    const auto server = listed(monitor, stubborn.pid());
-    ASSERT_TRUE(server);
-    monitor.stop(*server);
-    clock.advance(DevServerMonitor::kKillDelay - 0.01);
+    clock.advance(DevServerMonitor::kKillDelay - DevServerMonitor::kRefreshDelay - 0.01);
     EXPECT_TRUE(stubborn.running());
     EXPECT_TRUE(listed(monitor, stubborn.pid())) << "still listening after the polite signal";
     clock.advance(0.01);
     EXPECT_EQ(stubborn.waitForEnd(), SIGKILL);
-}
-
-TEST_F(DevServerLiveTest, ServersCommandPrintsWhatTheTestStarted) {
-    const int port = freePort(20000, 40000);
-    ChildProcess web({"python3", "-u", "-m", "http.server", std::to_string(port), "--bind", "127.0.0.1"},
-                     dir / "shop");
-    ASSERT_TRUE(web.waitFor("Serving HTTP"));
-    DevServerMonitor monitor(deps(proc));
-    const auto json = runServersCommand({"--json"}, monitor);
-    EXPECT_EQ(json.status, 0);
-    const std::string row = "\"port\": " + std::to_string(port) + ",";
-    EXPECT_NE(json.out.find(row), std::string::npos) << json.out;
-    EXPECT_NE(json.out.find("\"pid\": " + std::to_string(web.pid())), std::string::npos) << json.out;
-    const auto text = runServersCommand({}, monitor);
-    EXPECT_NE(text.out.find("http://localhost:" + std::to_string(port) + "/"), std::string::npos) << text.out;
-    EXPECT_EQ(runServersCommand({"--bogus"}, monitor).status, 2);
 }
 
 }  // namespace

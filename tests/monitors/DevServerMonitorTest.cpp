@@ -37,15 +37,12 @@ protected:
     std::unique_ptr<DevServerMonitor> monitor;
 };
 
-TEST_F(DevServerMonitorTest, ScansNothingWithoutAWatcher) {
+TEST_F(DevServerMonitorTest, ScansNothingUnwatchedThenAtOnceForTheFirstWatcherAndEveryThreeSeconds) {
     make();
     clock.advance(30);
     EXPECT_EQ(platform.listings, 0);
     EXPECT_TRUE(monitor->servers().empty());
-}
-
-TEST_F(DevServerMonitorTest, FirstWatcherScansAtOnceThenEveryThreeSeconds) {
-    make().setActive(true);
+    monitor->setActive(true);
     clock.runUntilIdle();
     EXPECT_EQ(platform.listings, 1);
     EXPECT_EQ(ports(), (std::vector<std::int64_t>{5173, 8000}));

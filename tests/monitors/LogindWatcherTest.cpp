@@ -5,10 +5,8 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QElapsedTimer>
-#include <QProcess>
-#include <QStandardPaths>
 
+#include "linux/PrivateSessionBus.h"
 #include "linux/TestApplication.h"
 #include "monitors/LogindWatcher.h"
 
@@ -32,21 +30,14 @@ class LogindWatcherTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         testing::testApplication();
-        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty()) return;
-        daemon = new QProcess;
-        daemon->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                                      QStringLiteral("--print-address=1")});
-        if (daemon->waitForReadyRead(10000)) address = QString::fromUtf8(daemon->readLine().trimmed());
+        bus = new testing::PrivateSessionBus;
     }
     static void TearDownTestSuite() {
-        if (!daemon) return;
-        daemon->terminate();
-        daemon->waitForFinished(5000);
-        delete daemon;
-        daemon = nullptr;
+        delete bus;
+        bus = nullptr;
     }
     void SetUp() override {
-        if (address.isEmpty()) GTEST_SKIP() << "no dbus-daemon";
+        if (bus->address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
     }
     void emitSignal(const QString& path, const QString& interface, const QString& name,
                     const QVariantList& args) {
@@ -55,10 +46,9 @@ protected:
         logind.send(message);
     }
 
-    static inline QProcess* daemon = nullptr;
-    static inline QString address;
-    QDBusConnection logind = QDBusConnection::connectToBus(address, QStringLiteral("logind"));
-    QDBusConnection ours = QDBusConnection::connectToBus(address, QStringLiteral("ours"));
+    static inline testing::PrivateSessionBus* bus = nullptr;
+    QDBusConnection logind = QDBusConnection::connectToBus(bus->address(), QStringLiteral("logind"));
+    QDBusConnection ours = QDBusConnection::connectToBus(bus->address(), QStringLiteral("ours"));
     FakeManager manager;
 };
 

@@ -5,18 +5,13 @@
 #include <xcb/xcb.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QProcess>
-#include <QStandardPaths>
 #include <cstdlib>
 #include <cstring>
 
 #include "fakes/TempDir.h"
 #include "linux/PrivateXServer.h"
 #include "linux/TestApplication.h"
-#include "monitors/ScreenTimeTracker.h"
 #include "monitors/X11ScreenActivity.h"
-#include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
 namespace {
@@ -129,34 +124,6 @@ TEST_F(X11ScreenActivityTest, OurOwnWindowIsNeverFrontmost) {
     ASSERT_TRUE(spinUntil([&] { return !switches.empty(); }));
     EXPECT_FALSE(switches.back());
     EXPECT_FALSE(activity.frontmost());
-}
-
-TEST_F(X11ScreenActivityTest, TheTrackerCreditsWhatTheDesktopActivates) {
-    XConnection connection;
-    DesktopEntryIndex index({apps.path()});
-    X11ScreenActivity activity(connection, index, -1);
-    TwoWindows windows;
-    windows.activate(0);
-    ASSERT_TRUE(spinUntil([&] { return activity.frontmost().has_value(); }));
-
-    testing::TempDir data;
-    VirtualScheduler clock;
-    ScreenTimeTracker tracker({clock, clock, activity, data / "screentime", false});
-    int switches = 0;
-    activity.setSwitchHandler([&](std::optional<FrontmostApp> app) {
-        ++switches;
-        tracker.switchTo(std::move(app));
-    });
-    tracker.start();
-    clock.advance(10);
-    windows.activate(1);
-    ASSERT_TRUE(spinUntil([&] { return switches > 0; }));
-    clock.advance(5);  // the tick at 15 s
-    ASSERT_EQ(tracker.today().size(), 2U);
-    EXPECT_EQ(tracker.today()[0],
-              (AppUsage{"org.example.FakeEditor", "Fake Editor", 10, tracker.today()[0].path}));
-    EXPECT_EQ(tracker.today()[1].id, "Scratch");
-    EXPECT_DOUBLE_EQ(tracker.today()[1].seconds, 5);
 }
 
 }  // namespace

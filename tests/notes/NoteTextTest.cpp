@@ -8,6 +8,12 @@
 namespace vantrelle {
 namespace {
 
+std::string repeated(const std::string& text, int times) {
+    std::string out;
+    for (int i = 0; i < times; ++i) out += text;
+    return out;
+}
+
 struct TitleCase {
     const char* name;
     std::string body;
@@ -30,24 +36,8 @@ TEST(NoteTextTest, TitleAndPreviewComeFromTheFirstTwoFilledLines) {
         {"49 characters are cut to 47 and an ellipsis", forty9, std::string(47, 'b') + "…", ""},
         {"a long preview stays whole", "t\n" + forty9 + forty9, "t", forty9 + forty9},
         // Counted in characters, not bytes: 48 accented letters of two bytes each stay whole.
-        {"multi-byte characters counted as characters",
-         [] {
-             std::string s;
-             for (int i = 0; i < 48; ++i) s += "é";
-             return s;
-         }(),
-         [] {
-             std::string s;
-             for (int i = 0; i < 48; ++i) s += "é";
-             return s;
-         }(),
-         ""},
-        {"an emoji sequence is one character when cut",
-         [] {
-             std::string s(46, 'x');
-             for (int i = 0; i < 3; ++i) s += "👩‍💻";
-             return s;
-         }(),
+        {"multi-byte characters counted as characters", repeated("é", 48), repeated("é", 48), ""},
+        {"an emoji sequence is one character when cut", std::string(46, 'x') + repeated("👩‍💻", 3),
          std::string(46, 'x') + "👩‍💻…", ""},
     };
     for (const auto& c : cases) {

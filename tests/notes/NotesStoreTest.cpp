@@ -67,9 +67,12 @@ TEST_F(NotesStoreTest, OnlyTheLastEditOfABurstSavesTheDebounceAfterIt) {
     EXPECT_FALSE(store->hasPendingSave());
 }
 
-TEST_F(NotesStoreTest, TheSameTextAgainChangesNothing) {
+TEST_F(NotesStoreTest, TypingWithoutASelectionStartsANoteAndTheSameTextAgainChangesNothing) {
     auto store = open();
     store->setText("x");
+    ASSERT_TRUE(store->current());
+    EXPECT_EQ(store->current()->body, "x");
+    EXPECT_EQ(store->current()->createdAt, clock.now());
     clock.advance(1);
     const Date saved = *store->lastSaved();
     const Date updated = store->current()->updatedAt;
@@ -192,15 +195,6 @@ TEST_F(NotesStoreTest, NewNoteReusesABlankNoteRatherThanMakingASecond) {
     EXPECT_EQ(store->selectedId(), second);
 }
 
-TEST_F(NotesStoreTest, TypingWithoutASelectionStartsANote) {
-    auto store = open();
-    store->setText("hello");
-    ASSERT_TRUE(store->current());
-    EXPECT_EQ(store->current()->body, "hello");
-    EXPECT_EQ(store->text(), "hello");
-    EXPECT_EQ(store->current()->createdAt, clock.now());
-}
-
 TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) {
     auto store = open();
     for (const char* body : {"c", "b", "a"}) {
@@ -222,12 +216,15 @@ TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) 
     EXPECT_TRUE(stored().empty());
 }
 
-TEST_F(NotesStoreTest, DeletingAnotherNoteKeepsTheSelection) {
+TEST_F(NotesStoreTest, DeletingAnotherNoteOrSelectingAnUnknownIdKeepsTheSelection) {
     auto store = open();
     store->newNote("one");
     store->newNote("two");
+    store->newNote("three");
     store->remove(countedId(1));
-    EXPECT_EQ(store->current()->body, "two");
+    EXPECT_EQ(store->current()->body, "three");
+    store->select("00000000-0000-4000-8000-999999999999");
+    EXPECT_EQ(store->selectedId(), countedId(3));
 }
 
 TEST_F(NotesStoreTest, EnsureSelectionPicksTheFirstNoteOrStartsOne) {
@@ -256,13 +253,6 @@ TEST_F(NotesStoreTest, PruneBlanksDropsEmptyNotesAndAStaleSelection) {
     EXPECT_FALSE(store->selectedId());
     EXPECT_FALSE(store->hasPendingSave());
     EXPECT_EQ(stored().size(), 1u);
-}
-
-TEST_F(NotesStoreTest, SelectingAnUnknownIdKeepsTheSelection) {
-    auto store = open();
-    store->newNote("one");
-    store->select("00000000-0000-4000-8000-999999999999");
-    EXPECT_EQ(store->selectedId(), countedId(1));
 }
 
 TEST_F(NotesStoreTest, DemoModeShowsCannedNotesAndWritesNothing) {
