@@ -18,7 +18,6 @@
 #include "files/UserDirs.h"
 #include "overlay/DeclaredNotch.h"
 #include "schedule/CalendarDemo.h"
-#include "schedule/CalendarSettings.h"
 #include "support/DebugLog.h"
 #include "support/DemoMode.h"
 #include "support/SharedInstance.h"
@@ -106,8 +105,8 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
       m_mediaProvider(MprisMediaProvider::Dependencies{QDBusConnection::sessionBus(), m_queues, m_scheduler,
                                                        m_http, m_imageDecoder}),
       m_media(MediaController::Dependencies{m_mediaProvider, m_scheduler, m_activities, DemoMode::isOn()}),
-      m_calendarLibrary(CalendarSettings::folders(m_defaults, m_paths.dataHome),
-                        CalendarSettings::userAddresses(m_defaults)),
+      m_calendarPreferences(m_defaults, m_paths.dataHome),
+      m_calendarLibrary(m_calendarPreferences.folderPaths(), m_calendarPreferences.addresses()),
       m_calendarSource(m_calendarLibrary, m_fileWatcher, m_scheduler),
       m_calendar(CalendarService::Dependencies{
           m_calendarSource, m_settings, m_activities, NotificationCenter::shared(), m_scheduler,
@@ -115,6 +114,7 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
           DemoMode::isOn() ? CalendarDemo::events(SystemClock::shared().now())
                            : std::vector<CalendarEvent>{}}),
       m_reminders(m_calendarLibrary, SystemClock::shared(), DemoMode::isOn()),
+      m_liveCalendarSettings(m_calendarPreferences, m_calendarSource, m_calendar, m_reminders),
       m_screens([this] { return declaredNotch(); }),
       m_windows(m_engine, m_desktop),
       m_delegate(
@@ -193,22 +193,18 @@ void Application::registerServices() {
 }
 
 // Asking for calendar access means pointing at a folder of .ics files; the folder is kept in the
-// settings beside the default ones.
+// settings beside the default ones, and the settings window adds and removes folders the same way.
 void Application::wireCalendarChooser() {
-    m_calendarSource.chooseFolder = [](std::function<void(std::filesystem::path)> answer) {
-        const QString folder = QFileDialog::getExistingDirectory(
-            nullptr, QStringLiteral("Choose a calendar folder"), QDir::homePath());
-        answer(folder.isEmpty() ? std::filesystem::path() : std::filesystem::path(folder.toStdString()));
-    };
+    m_calendarSource.chooseFolder = chooseCalendarFolder;
     m_calendarSource.onFoldersChanged = [this](const std::vector<std::filesystem::path>& folders) {
-        const auto defaults = defaultCalendarFolders(m_paths.dataHome);
-        std::vector<std::string> chosen;
-        for (const auto& folder : folders) {
-            if (std::find(defaults.begin(), defaults.end(), folder) == defaults.end())
-                chosen.push_back(folder.string());
-        }
-        m_defaults.set(CalendarSettings::kFoldersKey, chosen);
+        for (const auto& folder : folders) (void)m_calendarPreferences.addFolder(folder);
     };
+}
+
+void Application::chooseCalendarFolder(std::function<void(std::filesystem::path)> answer) {
+    const QString folder = QFileDialog::getExistingDirectory(
+        nullptr, QStringLiteral("Choose a calendar folder"), QDir::homePath());
+    answer(folder.isEmpty() ? std::filesystem::path() : std::filesystem::path(folder.toStdString()));
 }
 
 Application::~Application() {
@@ -321,6 +317,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.reminders = m_remindersView.get();
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
+    m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
     m_shell->onQuit = [] { QCoreApplication::quit(); };

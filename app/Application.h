@@ -58,8 +58,10 @@
 #include "notes/TaskStore.h"
 #include "notifications/DBusDesktopNotifications.h"
 #include "schedule/CalendarLibrary.h"
+#include "schedule/CalendarPreferences.h"
 #include "schedule/CalendarService.h"
 #include "schedule/FolderCalendarSource.h"
+#include "schedule/LiveCalendarSettings.h"
 #include "schedule/ReminderList.h"
 #include "support/JsonDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
@@ -86,6 +88,7 @@ private:
     void wirePlatform(NotchOverlayController& overlay);
     void registerServices();
     void wireCalendarChooser();
+    static void chooseCalendarFolder(std::function<void(std::filesystem::path)> answer);
     [[nodiscard]] std::optional<Rect> declaredNotch() const;
     void wireFocus();
     [[nodiscard]] TimerReadings focusReadings() const;
@@ -142,11 +145,14 @@ private:
     MprisMediaProvider m_mediaProvider;
     MediaController m_media;
     DesktopPlayerApps m_playerApps;
-    // Calendars: the files, the source that watches them, today's events and reminders.
+    // Calendars: their settings, the files, the source that watches them, today's events and
+    // reminders, and what applies a change of settings to all of them.
+    CalendarPreferences m_calendarPreferences;
     CalendarLibrary m_calendarLibrary;
     FolderCalendarSource m_calendarSource;
     CalendarService m_calendar;
     ReminderList m_reminders;
+    LiveCalendarSettings m_liveCalendarSettings;
     QtScreenSource m_screens;
     // The view models outlive the engine; the destructor closes the views before anything else goes.
     std::unique_ptr<ShellModel> m_shell;

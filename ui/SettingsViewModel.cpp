@@ -1,5 +1,6 @@
 #include "SettingsViewModel.h"
 
+#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -171,6 +172,46 @@ void SettingsViewModel::setNotes(QString tool, QString toggle) {
     m_toolNote = std::move(tool);
     m_toggleNote = std::move(toggle);
     Q_EMIT noteChanged();
+}
+
+void SettingsViewModel::attachCalendars(CalendarPreferences& calendars, FolderChooser chooseFolder) {
+    m_calendars = &calendars;
+    m_chooseFolder = std::move(chooseFolder);
+    m_calendarConnection = calendars.changed.connect([this] { refreshCalendars(); });
+    refreshCalendars();
+}
+
+QString SettingsViewModel::calendarAddresses() const {
+    return m_calendars ? QString::fromStdString(m_calendars->addressesText()) : QString();
+}
+
+void SettingsViewModel::setCalendarAddresses(const QString& text) {
+    if (!m_calendars) return;
+    m_calendars->setAddresses(text.toStdString());
+    logChange("calendarUserAddresses");
+    // A text that tidies to the same list announced nothing: the field still shows the tidy form.
+    Q_EMIT calendarsChanged();
+}
+
+void SettingsViewModel::addCalendarFolder() {
+    if (!m_calendars || !m_chooseFolder) return;
+    m_chooseFolder([self = QPointer<SettingsViewModel>(this)](const std::filesystem::path& folder) {
+        if (!self || folder.empty()) return;
+        if (self->m_calendars->addFolder(folder)) logChange("calendarFolders");
+    });
+}
+
+void SettingsViewModel::removeCalendarFolder(const QString& path) {
+    if (m_calendars && m_calendars->removeFolder(std::filesystem::path(path.toStdString())))
+        logChange("calendarFolders");
+}
+
+void SettingsViewModel::refreshCalendars() {
+    std::vector<CalendarFolderListModel::Row> rows;
+    for (const auto& folder : m_calendars->folders())
+        rows.push_back({QString::fromStdString(folder.path.string()), folder.added, folder.found});
+    m_calendarFolders.setRows(std::move(rows));
+    Q_EMIT calendarsChanged();
 }
 
 void SettingsViewModel::refreshLists() {

@@ -5,9 +5,13 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <filesystem>
+#include <functional>
 
+#include "CalendarFolderListModel.h"
 #include "ChoiceListModel.h"
 #include "catalog/AppSettings.h"
+#include "schedule/CalendarPreferences.h"
 
 class QQmlEngine;
 class QJSEngine;
@@ -59,9 +63,18 @@ class SettingsViewModel final : public QObject {
     Q_PROPERTY(vantrelle::ChoiceListModel* allTiles READ allTiles CONSTANT)
     Q_PROPERTY(vantrelle::ChoiceListModel* toggles READ toggles CONSTANT)
     Q_PROPERTY(QString toggleNote READ toggleNote NOTIFY noteChanged)
+    Q_PROPERTY(bool hasCalendarSettings READ hasCalendarSettings CONSTANT)
+    Q_PROPERTY(vantrelle::CalendarFolderListModel* calendarFolders READ calendarFolders CONSTANT)
+    Q_PROPERTY(
+        QString calendarAddresses READ calendarAddresses WRITE setCalendarAddresses NOTIFY calendarsChanged)
 
 public:
+    // Shows a folder chooser and calls back with the folder picked, or an empty path.
+    using FolderChooser = std::function<void(std::function<void(std::filesystem::path)>)>;
+
     explicit SettingsViewModel(AppSettings& settings);
+    // The calendar folders and addresses join the window; without this their section stays hidden.
+    void attachCalendars(CalendarPreferences& calendars, FolderChooser chooseFolder);
     // The instance the composition root gave the engine.
     static SettingsViewModel* create(QQmlEngine* engine, QJSEngine*);
 
@@ -132,6 +145,15 @@ public:
     [[nodiscard]] ChoiceListModel* toggles() { return &m_toggles; }
     [[nodiscard]] QString toggleNote() const { return m_toggleNote; }
 
+    [[nodiscard]] bool hasCalendarSettings() const { return m_calendars != nullptr; }
+    [[nodiscard]] CalendarFolderListModel* calendarFolders() { return &m_calendarFolders; }
+    [[nodiscard]] QString calendarAddresses() const;
+    void setCalendarAddresses(const QString& text);
+    // Asks for a folder and adds it; the calendars are read from it at once.
+    Q_INVOKABLE void addCalendarFolder();
+    // Removes a folder the user added; the default ones stay.
+    Q_INVOKABLE void removeCalendarFolder(const QString& path);
+
     // Turns a tool on or off; a refusal or a caveat lands in toolNote.
     Q_INVOKABLE void setToolEnabled(const QString& raw, bool on);
     // The Dashboard tile at `from` goes to `to`, the others closing up.
@@ -146,10 +168,12 @@ public:
 Q_SIGNALS:
     void changed();
     void noteChanged();
+    void calendarsChanged();
 
 private:
     [[nodiscard]] static int narrow(std::int64_t value);
     void refreshLists();
+    void refreshCalendars();
     void setNotes(QString tool, QString toggle);
 
     AppSettings& m_settings;
@@ -160,6 +184,10 @@ private:
     QString m_toolNote;
     QString m_toggleNote;
     Connection m_connection;
+    CalendarPreferences* m_calendars = nullptr;
+    FolderChooser m_chooseFolder;
+    CalendarFolderListModel m_calendarFolders;
+    Connection m_calendarConnection;
 };
 
 }  // namespace vantrelle

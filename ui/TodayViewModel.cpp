@@ -28,15 +28,31 @@ void TodayViewModel::join(const QString& url) {
     if (m_joined) m_joined();
 }
 
+namespace {
+
+QString titleOf(const CalendarEvent& event) {
+    return QString::fromStdString(event.title.empty() ? std::string("Event") : event.title);
+}
+
+}  // namespace
+
 void TodayViewModel::refreshRows() {
+    const CalendarEvent* joinable = CalendarDay::nextToJoin(m_service.events());
+    const auto joinLink = joinable ? MeetingLink::url(*joinable) : std::nullopt;
+    m_joinTitle = joinable ? titleOf(*joinable) : QString();
+    m_joinTime = joinable ? QString::fromStdString(CalendarDay::timeRange(*joinable)) : QString();
+    m_joinUrl = joinLink ? QString::fromStdString(*joinLink) : QString();
+    m_joinService =
+        joinLink ? QString::fromStdString(std::string(MeetingLink::serviceName(*joinLink))) : QString();
+
     std::vector<TodayEventListModel::Row> rows;
     const auto& next = m_service.nextMeeting();
     for (const auto& event : m_service.events()) {
         const auto link = MeetingLink::url(event);
         rows.push_back(
-            {QString::fromStdString(event.title.empty() ? std::string("Event") : event.title),
-             QString::fromStdString(CalendarDay::timeRange(event)), QString::fromStdString(event.calendar),
-             event.allDay, isDeclined(event), link ? QString::fromStdString(*link) : QString(),
+            {titleOf(event), QString::fromStdString(CalendarDay::timeRange(event)),
+             QString::fromStdString(event.calendar), event.allDay, isDeclined(event),
+             link ? QString::fromStdString(*link) : QString(),
              link ? QString::fromStdString(std::string(MeetingLink::serviceName(*link))) : QString(),
              next && next->identifier == event.identifier && next->start == event.start});
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -26,6 +27,9 @@ public:
     static constexpr std::size_t kCapacity = 30;
     static constexpr double kMessageSeconds = 4.0;
     static constexpr double kConvertedFlashSeconds = 3.0;
+    // A file dragged out carries its bytes too, for apps that take only data, up to this size;
+    // a larger one goes as its address alone and is never read into memory.
+    static constexpr std::int64_t kDragContentLimit = 64LL * 1024 * 1024;
 
     struct Dependencies {
         std::filesystem::path file;

@@ -6,6 +6,8 @@
 #include <ctime>
 #include <tuple>
 
+#include "schedule/MeetingLink.h"
+
 namespace vantrelle::CalendarDay {
 
 std::vector<CalendarEvent> arrange(std::vector<CalendarEvent> events, Date now) {
@@ -31,6 +33,13 @@ std::string clockTime(Date date) {
     char text[16];
     std::snprintf(text, sizeof text, "%02d:%02d", parts.tm_hour, parts.tm_min);
     return text;
+}
+
+const CalendarEvent* nextToJoin(const std::vector<CalendarEvent>& events) {
+    for (const auto& event : events) {
+        if (!event.allDay && !isDeclined(event) && MeetingLink::url(event)) return &event;
+    }
+    return nullptr;
 }
 
 std::string timeRange(const CalendarEvent& event) {

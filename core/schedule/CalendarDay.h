@@ -16,6 +16,10 @@ namespace vantrelle::CalendarDay {
 // title, so the same files give the same list whatever order the folders were walked in.
 void sortForReading(std::vector<CalendarEvent>& events);
 
+// The meeting a Join button on the Dashboard offers: the first event of today's arranged list that
+// is timed, not declined, and has a call link. A running meeting counts: it can still be joined.
+[[nodiscard]] const CalendarEvent* nextToJoin(const std::vector<CalendarEvent>& events);
+
 // "09:05" in the process's time zone.
 [[nodiscard]] std::string clockTime(Date date);
 // "09:05-09:35", or "All day".

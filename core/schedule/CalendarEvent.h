@@ -16,6 +16,8 @@ struct Attendee {
     std::string name;
     ParticipantStatus status = ParticipantStatus::unknown;
     bool isCurrentUser = false;  // one of the user's own addresses
+
+    bool operator==(const Attendee&) const = default;
 };
 
 // One occurrence of a calendar event. Each instance of a recurring event shares the identifier of

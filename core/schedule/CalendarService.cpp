@@ -69,6 +69,14 @@ void CalendarService::start() {
 }
 
 void CalendarService::refreshIfAuthorized() {
+    refresh(false);
+}
+
+void CalendarService::reload() {
+    refresh(true);
+}
+
+void CalendarService::refresh(bool republish) {
     const Date now = m_d.clock.now();
     if (m_d.demo || m_testMeetingIn) {
         updateNextMeeting(now);
@@ -76,6 +84,11 @@ void CalendarService::refreshIfAuthorized() {
     }
     setStatus(m_d.source.access());
     if (m_status != Access::fullAccess) {
+        if (republish && !m_events.empty()) {
+            m_events.clear();
+            eventsChanged.emit();
+            updateNextMeeting(now);
+        }
         m_d.activities.set(std::nullopt, LiveActivityCenter::Source::meeting);
         return;
     }
@@ -84,7 +97,7 @@ void CalendarService::refreshIfAuthorized() {
     CalendarDay::sortForReading(fetched);
     auto arranged = CalendarDay::arrange(std::move(fetched), now);
     // Membership and order only: an edited title waits until the list itself changes.
-    if (identifiers(arranged) != identifiers(m_events)) {
+    if (republish ? arranged != m_events : identifiers(arranged) != identifiers(m_events)) {
         m_events = std::move(arranged);
         eventsChanged.emit();
     }

@@ -49,6 +49,10 @@ public:
     // Refreshes, then every 30 seconds.
     void start();
     void refreshIfAuthorized();
+    // After the calendar settings changed: reads again and publishes the list even when only the
+    // events' contents differ (a new own address turns a meeting into a declined one), and with no
+    // calendar left the events held go too. The heads-up rules run over the new list.
+    void reload();
     void requestAccess();
 
     [[nodiscard]] const std::vector<CalendarEvent>& events() const { return m_events; }
@@ -69,6 +73,7 @@ public:
     Signal<> headsUpChanged;
 
 private:
+    void refresh(bool republish);
     void setStatus(Access status);
     void updateNextMeeting(Date now);
     void publishMeeting();

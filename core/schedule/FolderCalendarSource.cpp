@@ -44,6 +44,14 @@ void FolderCalendarSource::requestAccess(std::function<void()> done) {
     });
 }
 
+void FolderCalendarSource::reconfigure(std::vector<fs::path> folders,
+                                       const std::vector<std::string>& addresses) {
+    m_library.setFolders(std::move(folders));
+    m_library.setUserAddresses(addresses);
+    m_library.refresh();
+    if (m_onChange) rewatch();
+}
+
 // The roots and the folders below them that hold calendars (a vdir's items live one level down).
 void FolderCalendarSource::rewatch() {
     std::map<fs::path, std::unique_ptr<FileWatch>> next;

@@ -23,6 +23,10 @@ public:
     void observeChanges(std::function<void()> onChange) override;
     void requestAccess(std::function<void()> done) override;
 
+    // New settings: the folders and addresses replace the old ones, the folders are read and watched
+    // again at once. The observer isn't called: whoever changed the settings refreshes.
+    void reconfigure(std::vector<std::filesystem::path> folders, const std::vector<std::string>& addresses);
+
     // Shows a folder chooser and calls back with the folder picked, or nothing. Set by the shell.
     std::function<void(std::function<void(std::filesystem::path)>)> chooseFolder;
     // Called with the new folder list after the user added one, so the settings can keep it.

@@ -176,6 +176,7 @@ protected:
                                      return WrappedSummary::make(period, Date{1'800'000'000.0}, sources);
                                  },
                                  QString::fromStdString(home.path().string())};
+    CalendarPreferences calendarPreferences{defaults, home / "data"};
     SettingsViewModel settingsView{settings};
     SupportViewModel supportView{SupportViewModel::Dependencies{hooksPaths, "/tmp/vantrelle.log",
                                                                 SupportContext{"0.1.0", "offscreen"},
@@ -265,6 +266,8 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
 }
 
 TEST_F(ShellQml, EverySettingsPageShowsWithoutErrors) {
+    settingsView.attachCalendars(calendarPreferences, {});
+    ASSERT_TRUE(calendarPreferences.addFolder(home / "cals"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("SettingsRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();

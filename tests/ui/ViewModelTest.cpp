@@ -8,7 +8,9 @@
 #include "ShelfViewModel.h"
 #include "ShellModel.h"
 #include "SupportViewModel.h"
+#include "TodayViewModel.h"
 #include "calc/RatesService.h"
+#include "fakes/FakeCalendarSource.h"
 #include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
@@ -373,6 +375,89 @@ TEST_F(ViewModels, TheLastVisibleToggleStaysWithANote) {
     EXPECT_EQ(settings.visibleToggles(),
               (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::darkMode}));
     EXPECT_TRUE(view.toggleNote().isEmpty());
+}
+
+TEST_F(ViewModels, TheTodayTileOffersToJoinTheNextCallAndRecordsTheJoin) {
+    FakeCalendarSource source;
+    auto event = [&](std::string title, double in, std::string location) {
+        CalendarEvent e;
+        e.identifier = title;
+        e.title = std::move(title);
+        e.start = scheduler.now() + in;
+        e.end = e.start + 1800;
+        e.location = std::move(location);
+        return e;
+    };
+    source.calendar = {event("Offsite", -3600, "https://zoom.us/j/1"), event("Lunch", 600, ""),
+                       event("Skipped", 900, "https://meet.google.com/abc-defg-hij"),
+                       event("Review", 1200, "Room 4, https://zoom.us/j/5550123456")};
+    source.calendar[0].allDay = true;
+    source.calendar[2].attendees = {{"me@example.com", "", ParticipantStatus::declined, true}};
+    CalendarService calendar(
+        {source, settings, activities, notifications, scheduler, scheduler, environment, false, {}});
+    std::vector<QString> opened;
+    bool opens = false;
+    int joins = 0;
+    TodayViewModel view(
+        calendar,
+        [&](const QString& url) {
+            opened.push_back(url);
+            return opens;
+        },
+        [&] { ++joins; });
+    calendar.refreshIfAuthorized();
+    EXPECT_EQ(view.joinTitle(), "Review") << "all-day, link-less and declined events are passed over";
+    EXPECT_EQ(view.joinUrl(), "https://zoom.us/j/5550123456");
+    EXPECT_EQ(view.joinService(), "Zoom");
+
+    view.join(view.joinUrl());
+    EXPECT_EQ(joins, 0) << "a link the desktop couldn't open is no join";
+    opens = true;
+    view.join(view.joinUrl());
+    EXPECT_EQ(opened.size(), 2u);
+    EXPECT_EQ(joins, 1);
+
+    source.calendar.pop_back();
+    calendar.refreshIfAuthorized();
+    EXPECT_EQ(view.joinUrl(), QString());
+}
+
+TEST_F(ViewModels, CalendarFoldersAndAddressesAreEditedInTheSettingsAndStoredAtOnce) {
+    TempDir dir;
+    CalendarPreferences calendars(defaults, dir / "data");
+    SettingsViewModel view(settings);
+    EXPECT_FALSE(view.hasCalendarSettings());
+    view.addCalendarFolder();  // nothing attached: nothing happens
+    std::filesystem::path picked = dir / "team";
+    view.attachCalendars(calendars,
+                         [&](std::function<void(std::filesystem::path)> answer) { answer(picked); });
+    auto& folders = *view.calendarFolders();
+    ASSERT_EQ(folders.count(), 2);
+    EXPECT_FALSE(role(folders, 0, "added").toBool());
+
+    std::filesystem::create_directories(picked);
+    view.addCalendarFolder();
+    ASSERT_EQ(folders.count(), 3);
+    EXPECT_EQ(role(folders, 2, "path").toString().toStdString(), picked.string());
+    EXPECT_TRUE(role(folders, 2, "added").toBool());
+    EXPECT_TRUE(role(folders, 2, "found").toBool());
+    EXPECT_EQ(defaults.stringArray("calendarFolders"), std::vector<std::string>{picked.string()});
+    picked.clear();
+    view.addCalendarFolder();  // the chooser was cancelled
+    EXPECT_EQ(folders.count(), 3);
+
+    view.removeCalendarFolder(role(folders, 0, "path").toString());
+    EXPECT_EQ(folders.count(), 3) << "a default folder stays";
+    view.removeCalendarFolder(role(folders, 2, "path").toString());
+    EXPECT_EQ(folders.count(), 2);
+
+    int changes = 0;
+    QObject::connect(&view, &SettingsViewModel::calendarsChanged, &view, [&] { ++changes; });
+    view.setCalendarAddresses(QStringLiteral(" mailto:me@example.com;work@example.org "));
+    EXPECT_EQ(view.calendarAddresses(), "me@example.com, work@example.org");
+    EXPECT_EQ(defaults.stringArray("calendarUserAddresses"),
+              (std::vector<std::string>{"me@example.com", "work@example.org"}));
+    EXPECT_GE(changes, 1);
 }
 
 TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {

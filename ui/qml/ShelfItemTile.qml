@@ -12,13 +12,17 @@ Item {
     width: 96
     height: 116
 
-    // What leaves with a drag: the file as a URI list, the way file managers offer files.
+    // The mouse area moves this past the drag threshold; then the file itself leaves: its address
+    // for file managers and its bytes for apps that take only data.
     Item {
         id: dragProxy
-        Drag.active: dragArea.drag.active
-        Drag.dragType: Drag.Automatic
-        Drag.supportedActions: Qt.CopyAction
-        Drag.mimeData: { "text/uri-list": tile.url + "\r\n" }
+        readonly property bool dragging: dragArea.drag.active
+        onDraggingChanged: if (dragging) Qt.callLater(tile.dragOut)
+    }
+    function dragOut() {
+        FileDrag.start(dragArea, tile.url)
+        dragProxy.x = 0
+        dragProxy.y = 0
     }
 
     Rectangle {

@@ -95,6 +95,44 @@ Flickable {
             Switch { checked: Settings.wrappedReminders; onToggled: Settings.wrappedReminders = !checked }
         }
 
+        SettingsSection { text: "Calendars"; visible: Settings.hasCalendarSettings }
+        Repeater {
+            model: Settings.hasCalendarSettings ? Settings.calendarFolders : null
+            SettingsRow {
+                id: folderRow
+                required property string path
+                required property bool added
+                required property bool found
+                objectName: "calendarFolder"
+                label: path
+                help: (added ? "Added" : "Default") + (found ? "" : ", not found")
+                opacity: found ? 1 : 0.6
+                C.Button {
+                    visible: folderRow.added
+                    text: "Remove"
+                    onClicked: Settings.removeCalendarFolder(folderRow.path)
+                }
+            }
+        }
+        SettingsRow {
+            visible: Settings.hasCalendarSettings
+            label: "Another calendar folder"
+            help: "A folder of .ics files, or of calendars as vdirsyncer and khal keep them."
+            C.Button { objectName: "addCalendarFolder"; text: "Add Folder…"; onClicked: Settings.addCalendarFolder() }
+        }
+        SettingsRow {
+            visible: Settings.hasCalendarSettings
+            label: "Your addresses"
+            help: "The attendee with one of these addresses is you: a meeting you declined gets no heads-up."
+            C.TextField {
+                objectName: "calendarAddresses"
+                width: 260
+                text: Settings.calendarAddresses
+                placeholderText: "you@example.com, …"
+                onEditingFinished: Settings.calendarAddresses = text
+            }
+        }
+
         SettingsSection { text: "AI usage" }
         SettingsRow {
             label: "Token budget per 5-hour window"

@@ -1,8 +1,9 @@
 import QtQuick
 import Vantrelle.Shell
 
-// The Today tile: the next two events.
+// The Today tile: the next two events, and a Join button for the next call.
 Column {
+    id: tile
     spacing: 4
     Text {
         visible: Today.events.count === 0
@@ -33,6 +34,32 @@ Column {
                 color: Theme.secondaryLabel
                 font.pixelSize: 10
             }
+        }
+    }
+    Rectangle {
+        id: join
+        objectName: "todayTileJoin"
+        visible: Today.joinUrl !== ""
+        width: Math.min(tile.width, joinLabel.implicitWidth + 22)
+        height: 24
+        radius: 12
+        color: joinMouse.containsMouse ? Qt.darker(Theme.blue, 1.15) : Theme.blue
+        Text {
+            id: joinLabel
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, tile.width - 22)
+            elide: Text.ElideRight
+            text: Today.joinService + "  ·  " + Today.joinTitle
+            color: "white"
+            font.pixelSize: 11
+            font.weight: Font.DemiBold
+        }
+        MouseArea {
+            id: joinMouse
+            anchors.fill: parent
+            hoverEnabled: true
+            cursorShape: Qt.PointingHandCursor
+            onClicked: Today.join(Today.joinUrl)
         }
     }
 }

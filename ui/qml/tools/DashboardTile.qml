@@ -41,8 +41,11 @@ Rectangle {
         }
     }
 
+    // Beneath the content, so a tile's own buttons (Join, play) take their clicks; the rest of the
+    // card still opens the tool.
     MouseArea {
         id: hover
+        z: -1
         anchors.fill: parent
         hoverEnabled: true
         cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
