@@ -169,6 +169,10 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
         MonitorsComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_x, m_wrappedHistory,
                                   m_aiUsage, m_engine, DemoMode::isOn()});
     m_services.addService("screen time", [this] { m_monitors->start(); });
+    m_launcher = std::make_unique<LauncherComposition>(
+        LauncherComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_settings,
+                                  m_monitors->mileage(), m_monitors->screenTime()});
+    m_services.addService("launcher", [this] { m_launcher->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
@@ -312,6 +316,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerTileView(DashTile::reminders, QStringLiteral("RemindersTile"));
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
+    m_launcher->wire(*m_shell, m_engine);
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
@@ -396,6 +401,7 @@ TimerReadings Application::focusReadings() const {
 
 void Application::launch() {
     m_monitors->registerHooks(m_hooks);
+    m_launcher->registerHooks(m_hooks);
     registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, {});
     registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, [this] { showSettings(); });
     m_delegate.applicationDidFinishLaunching();

@@ -14,6 +14,15 @@ Rectangle {
     radius: 16
     color: hover.containsMouse && card.tool !== "" ? "#262628" : Theme.surface
 
+    // Beneath the content, so a tile's own buttons (a launcher icon, Share) take their clicks first.
+    MouseArea {
+        id: hover
+        anchors.fill: parent
+        hoverEnabled: true
+        cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
+        onClicked: if (card.tool !== "") Shell.selectTab(card.tool)
+    }
+
     Row {
         id: heading
         anchors { left: parent.left; top: parent.top; margins: 12 }
@@ -39,13 +48,5 @@ Rectangle {
             color: Theme.secondaryLabel
             font.pixelSize: 11
         }
-    }
-
-    MouseArea {
-        id: hover
-        anchors.fill: parent
-        hoverEnabled: true
-        cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
-        onClicked: if (card.tool !== "") Shell.selectTab(card.tool)
     }
 }
