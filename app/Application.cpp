@@ -163,6 +163,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     m_pomodoroNotifier.onWrappedReply = [this](const std::string& period) {
         NoticesComposition::showWrapped(period, *m_monitors);
     };
+    m_launcher = std::make_unique<LauncherComposition>(
+        LauncherComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_settings,
+                                  m_monitors->mileage(), m_monitors->screenTime()});
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
@@ -181,6 +184,7 @@ void Application::registerServices() {
     m_services.addService("media", [this] { m_media.start(); });
     m_services.addService("battery", [this] { m_notices->battery.start(); });
     m_services.addService("screen time", [this] { m_monitors->start(); });
+    m_services.addService("launcher", [this] { m_launcher->start(); });
     m_services.addService("downloads", [this] {
         if (!DemoMode::isOn()) m_downloads.start();
     });
@@ -315,6 +319,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerTileView(DashTile::reminders, QStringLiteral("RemindersTile"));
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
+    m_launcher->wire(*m_shell, m_engine);
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);
@@ -403,7 +408,7 @@ TimerReadings Application::focusReadings() const {
 
 void Application::launch() {
     m_monitors->registerHooks(m_hooks);
-    registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, {});
+    m_launcher->registerHooks(m_hooks);
     registerShellHooks(m_hooks, m_delegate, m_settings, m_environment, [this] { showSettings(); });
     m_delegate.applicationDidFinishLaunching();
     if (m_instance) m_instance->listen(m_instanceCommands);

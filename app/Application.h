@@ -10,6 +10,7 @@
 #include "CanberraSoundPlayer.h"
 #include "FocusViewModel.h"
 #include "InotifyFileWatcher.h"
+#include "LauncherComposition.h"
 #include "MediaViewModel.h"
 #include "MirrorViewModel.h"
 #include "MonitorsComposition.h"
@@ -178,6 +179,8 @@ private:
     // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
     std::unique_ptr<NoticesComposition> m_notices;
     std::unique_ptr<MonitorsComposition> m_monitors;
+    // The launcher and Day Progress; reads the monitors, so it goes first.
+    std::unique_ptr<LauncherComposition> m_launcher;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
 };

@@ -62,6 +62,9 @@ public:
     void showWrapped();
 
     [[nodiscard]] WrappedSummary makeSummary(WrappedPeriod period) const;
+    // For the Day Progress tile and the launcher's most used applications.
+    [[nodiscard]] CursorMileage& mileage() { return m_mileage; }
+    [[nodiscard]] const ScreenTimeTracker& screenTime() const { return m_screenTime; }
 
 private:
     void writeWrappedCards(const std::string& folder) const;

@@ -23,6 +23,8 @@ class RemindersViewModel;
 class TodayViewModel;
 class ShellModel;
 class TasksViewModel;
+class LauncherViewModel;
+class DayProgressViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -53,6 +55,9 @@ public:
         MirrorViewModel* mirror = nullptr;
         TodayViewModel* today = nullptr;
         RemindersViewModel* reminders = nullptr;
+        // The launcher and the workday's progress.
+        LauncherViewModel* launcher = nullptr;
+        DayProgressViewModel* dayProgress = nullptr;
     };
     ViewModels viewModels;
 

@@ -68,6 +68,7 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view id, std::string_v
         if (key == "Exec") exec = std::string(value);
         if (key == "TryExec") tryExec = std::string(value);
         if (key == "StartupWMClass") entry.wmClass = std::string(value);
+        if (key == "Icon") entry.icon = std::string(value);
         if (key == "Type") type = std::string(value);
         if (key == "Hidden" && value == "true") return std::nullopt;  // deleted by the user
     }

@@ -7,13 +7,14 @@
 
 namespace vantrelle {
 
-// What the screen time tracker needs of an application's .desktop file.
+// What the screen time tracker and the launcher need of an application's .desktop file.
 struct DesktopEntry {
     std::string id;        // file name without ".desktop", folders joined by "-"
     std::string name;      // Name= of the [Desktop Entry] group
     std::string program;   // the program of Exec= (or TryExec=), without arguments or an env prefix
     std::string resolved;  // `program` as a full path with links resolved, where the caller could
     std::string wmClass;   // StartupWMClass=
+    std::string icon;      // Icon=: a theme icon name or a full path
     bool operator==(const DesktopEntry&) const = default;
 };
 

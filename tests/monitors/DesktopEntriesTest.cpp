@@ -31,11 +31,11 @@ TEST(DesktopEntries, HiddenLinksAndGarbageGiveNothing) {
 TEST(DesktopEntries, MatchesByProgramThenByWindowClass) {
     const std::vector<DesktopEntry> entries{
         {"firefox-esr", "Firefox ESR", "/usr/lib/firefox-esr/firefox-esr", "/usr/lib/firefox-esr/firefox-esr",
-         ""},
+         "", ""},
         {"google-chrome", "Google Chrome", "/usr/bin/google-chrome-stable",
-         "/opt/google/chrome/google-chrome", ""},
-        {"code", "Visual Studio Code", "/usr/share/code/code", "/usr/share/code/code", "Code"},
-        {"org.gnome.Nautilus", "Files", "nautilus", "/usr/bin/nautilus", ""},
+         "/opt/google/chrome/google-chrome", "", ""},
+        {"code", "Visual Studio Code", "/usr/share/code/code", "/usr/share/code/code", "Code", ""},
+        {"org.gnome.Nautilus", "Files", "nautilus", "/usr/bin/nautilus", "", ""},
     };
     const auto id = [&](std::string_view exe, std::string_view klass) {
         const DesktopEntry* entry = matchDesktopEntry(entries, exe, klass);

@@ -10,9 +10,11 @@
 
 #include "AIUsageViewModel.h"
 #include "CalcViewModel.h"
+#include "DayProgressViewModel.h"
 #include "DevServersViewModel.h"
 #include "FocusViewModel.h"
 #include "GuiApplication.h"
+#include "LauncherViewModel.h"
 #include "MediaViewModel.h"
 #include "MirrorViewModel.h"
 #include "NotesViewModel.h"
@@ -34,6 +36,7 @@
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
+#include "fakes/FakeProcessRunner.h"
 #include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
@@ -92,6 +95,11 @@ protected:
         engine.viewModels.mirror = &mirrorView;
         engine.viewModels.today = &todayView;
         engine.viewModels.reminders = &remindersView;
+        home.write("apps/firefox.desktop", "[Desktop Entry]\nType=Application\nName=Firefox\nIcon=firefox\n");
+        launcher.start();
+        scheduler.runUntilIdle();
+        engine.viewModels.launcher = &launcherView;
+        engine.viewModels.dayProgress = &dayProgressView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -184,6 +192,26 @@ protected:
     CameraUse cameraUse;
     MirrorCamera mirrorCamera{cameraUse, scheduler};
     MirrorViewModel mirrorView{mirrorCamera};
+    // The launcher with one installed application, and Day Progress.
+    testing::FakeProcessRunner launcherRunner;
+    LauncherModel launcher{{scheduler,
+                            queues,
+                            launcherRunner,
+                            scheduler,
+                            {home / "apps"},
+                            home / "appletsrc",
+                            "",
+                            home / "screentime",
+                            {}}};
+    LauncherViewModel launcherView{launcher, [] {}};
+    CursorMileage mileage{home / "cursor-mileage.json", scheduler, true};
+    class NoClipboard final : public Clipboard {
+    public:
+        void setText(const std::string&) override {}
+    } clipboard;
+    MileageShare mileageShare{mileage, scheduler, clipboard};
+    DayProgressModel dayProgress{{scheduler, scheduler, settings, [] { return 2400.0; }}};
+    DayProgressViewModel dayProgressView{dayProgress, mileageShare};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -249,6 +277,8 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::devServers, QStringLiteral("DevServersView"));
     shell.registerToolView(NotchTab::screenTime, QStringLiteral("ScreenTimeView"));
     shell.registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
+    shell.registerTileView(DashTile::launcher, QStringLiteral("LauncherTile"));
+    shell.registerTileView(DashTile::dayProgress, QStringLiteral("DayProgressTile"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();

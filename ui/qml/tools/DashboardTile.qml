@@ -14,6 +14,16 @@ Rectangle {
     radius: 16
     color: hover.containsMouse && card.tool !== "" ? "#262628" : Theme.surface
 
+    // Declared first, so beneath the content: a tile's own buttons (Join, play, a launcher icon, Share)
+    // take their clicks; the rest of the card opens the tool.
+    MouseArea {
+        id: hover
+        anchors.fill: parent
+        hoverEnabled: true
+        cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
+        onClicked: if (card.tool !== "") Shell.selectTab(card.tool)
+    }
+
     Row {
         id: heading
         anchors { left: parent.left; top: parent.top; margins: 12 }
@@ -39,16 +49,5 @@ Rectangle {
             color: Theme.secondaryLabel
             font.pixelSize: 11
         }
-    }
-
-    // Beneath the content, so a tile's own buttons (Join, play) take their clicks; the rest of the
-    // card still opens the tool.
-    MouseArea {
-        id: hover
-        z: -1
-        anchors.fill: parent
-        hoverEnabled: true
-        cursorShape: card.tool !== "" ? Qt.PointingHandCursor : Qt.ArrowCursor
-        onClicked: if (card.tool !== "") Shell.selectTab(card.tool)
     }
 }

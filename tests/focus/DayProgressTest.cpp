@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "agents/IsoDate.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/ScopedTimeZone.h"
+#include "focus/DayProgressModel.h"
+#include "platform/VirtualScheduler.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle {
+namespace {
+
+Date at(const char* iso) {
+    return *parseIsoDate(iso);
+}
+
+TEST(DayProgress, AcrossTheWorkdayEdgesAndMidnight) {
+    testing::ScopedTimeZone zone{"UTC"};
+    const struct {
+        const char* name;
+        std::int64_t start, end;
+        const char* now;
+        WorkdayPhase phase;
+        double fraction;
+        const char* headline;
+        const char* hours;
+    } rows[] = {
+        {"before", 540, 1080, "2027-03-02T08:00:00Z", WorkdayPhase::before, 0, "Starts in 1 h",
+         "09:00 – 18:00"},
+        {"at the start", 540, 1080, "2027-03-02T09:00:00Z", WorkdayPhase::during, 0, "9 h left",
+         "09:00 – 18:00"},
+        {"halfway", 540, 1080, "2027-03-02T13:30:00Z", WorkdayPhase::during, 0.5, "4 h 30 min left",
+         "09:00 – 18:00"},
+        {"last second", 540, 1080, "2027-03-02T17:59:59Z", WorkdayPhase::during, 32399.0 / 32400,
+         "1 min left", "09:00 – 18:00"},
+        {"at the end", 540, 1080, "2027-03-02T18:00:00Z", WorkdayPhase::after, 1, "Workday over",
+         "09:00 – 18:00"},
+        {"before midnight", 540, 1080, "2027-03-02T23:59:59Z", WorkdayPhase::after, 1, "Workday over",
+         "09:00 – 18:00"},
+        {"after midnight", 540, 1080, "2027-03-03T00:01:00Z", WorkdayPhase::before, 0, "Starts in 8 h 59 min",
+         "09:00 – 18:00"},
+        {"night shift, evening", 1320, 360, "2027-03-02T23:00:00Z", WorkdayPhase::during, 0.125, "7 h left",
+         "22:00 – 06:00"},
+        {"night shift, past midnight", 1320, 360, "2027-03-03T02:00:00Z", WorkdayPhase::during, 0.5,
+         "4 h left", "22:00 – 06:00"},
+        {"night shift over", 1320, 360, "2027-03-03T06:00:00Z", WorkdayPhase::before, 0, "Starts in 16 h",
+         "22:00 – 06:00"},
+        {"to midnight", 540, 1440, "2027-03-02T23:00:00Z", WorkdayPhase::during, 14.0 / 15, "1 h left",
+         "09:00 – 00:00"},
+        {"from midnight", 1440, 60, "2027-03-02T00:30:00Z", WorkdayPhase::during, 0.5, "30 min left",
+         "00:00 – 01:00"},
+        {"out of range is the whole day", -50, 5000, "2027-03-02T12:00:00Z", WorkdayPhase::during, 0.5,
+         "12 h left", "00:00 – 00:00"},
+        {"no workday", 600, 600, "2027-03-02T12:00:00Z", WorkdayPhase::unset, 0, "No workday set", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const DayProgress progress = dayProgressAt(at(row.now), row.start, row.end);
+        EXPECT_EQ(progress.phase, row.phase);
+        EXPECT_NEAR(progress.fraction, row.fraction, 1e-9);
+        EXPECT_EQ(dayProgressHeadline(progress), row.headline);
+        EXPECT_EQ(workdayHoursText(progress), row.hours);
+    }
+}
+
+TEST(DayProgress, KeepsToTheWallClockOnTheDayTheClocksGoForward) {
+    testing::ScopedTimeZone zone{"Europe/Berlin"};
+    // 28 March 2027: 02:00 becomes 03:00, so 09:00 to 18:00 is 9 real hours from 07:00 UTC.
+    const DayProgress progress = dayProgressAt(at("2027-03-28T11:30:00Z"), 540, 1080);
+    EXPECT_EQ(progress.start, at("2027-03-28T07:00:00Z"));
+    EXPECT_EQ(progress.end, at("2027-03-28T16:00:00Z"));
+    EXPECT_NEAR(progress.fraction, 0.5, 1e-9);
+    EXPECT_EQ(dayProgressPercent(progress), "50%");
+}
+
+class DayProgressModelTest : public ::testing::Test {
+protected:
+    testing::ScopedTimeZone zone{"UTC"};
+    VirtualScheduler clock{at("2027-03-02T08:59:00Z")};
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    testing::FakeLoginItem loginItem;
+    AppSettings settings{defaults, notifications, loginItem, clock};
+    double metres = 1234;
+    DayProgressModel model{{clock, clock, settings, [this] { return metres; }}};
+};
+
+TEST_F(DayProgressModelTest, TicksOnlyWhileShownAndFollowsTheSettings) {
+    int changes = 0;
+    const Connection connection = model.changed.connect([&] { ++changes; });
+    EXPECT_EQ(model.headline(), "Starts in 1 min");
+    EXPECT_EQ(model.mileageText(), "1.2 km of cursor travel today");
+    clock.advance(60);  // not shown: no tick
+    EXPECT_EQ(changes, 0);
+    model.setActive(true);
+    EXPECT_EQ(model.headline(), "9 h left");  // caught up on showing
+    EXPECT_EQ(changes, 1);
+    clock.advance(DayProgressModel::kTickInterval * 3);
+    EXPECT_EQ(model.headline(), "8 h 59 min left");
+    settings.setWorkdayEndMinutes(600);
+    EXPECT_EQ(model.headline(), "59 min left");
+    model.setActive(false);
+    const int before = changes;
+    clock.advance(3600);
+    EXPECT_EQ(changes, before);
+}
+
+}  // namespace
+}  // namespace vantrelle

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "DayProgressViewModel.h"
+#include "GuiApplication.h"
+#include "LauncherIconProvider.h"
+#include "LauncherViewModel.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakeProcessRunner.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+#include "support/MemoryDefaultsStore.h"
+
+namespace vantrelle::testing {
+namespace {
+
+class LauncherViewModels : public ::testing::Test {
+protected:
+    LauncherViewModels() {
+        guiApplication();
+        dir.write("apps/my app.desktop",
+                  "[Desktop Entry]\nType=Application\nName=My App\nIcon=/no/such icon.png\n");
+        dir.write("appletsrc", "launchers=applications:my app.desktop\n");
+        model.start();
+        clock.runUntilIdle();
+    }
+    VirtualScheduler clock;
+    InlineQueueFactory queues;
+    FakeProcessRunner runner;
+    TempDir dir;
+    LauncherModel model{
+        {clock, queues, runner, clock, {dir / "apps"}, dir / "appletsrc", "KDE", dir / "none", {}}};
+};
+
+TEST_F(LauncherViewModels, AClickStartsTheAppAndFoldsTheNotchAway) {
+    int collapses = 0;
+    LauncherViewModel view(model, [&] { ++collapses; });
+    ASSERT_EQ(view.apps()->count(), 1);
+    const auto& row = view.apps()->rows()[0];
+    EXPECT_EQ(row.name, QStringLiteral("My App"));
+    EXPECT_EQ(row.iconSource, QStringLiteral("image://launcher/%2Fno%2Fsuch%20icon.png"));
+
+    runner.calls.clear();
+    view.launch(QStringLiteral("my app"));
+    EXPECT_EQ(collapses, 1);
+    ASSERT_EQ(runner.calls.size(), 1U);
+    EXPECT_EQ(runner.calls[0].arguments.back(), (dir / "apps/my app.desktop").string());
+    view.launch(QStringLiteral("not listed"));
+    EXPECT_EQ(collapses, 1);
+}
+
+TEST_F(LauncherViewModels, AnIconThatCannotBeFoundStillDrawsSomething) {
+    LauncherIconProvider provider;
+    QSize size;
+    for (const QString& id : {QStringLiteral("%2Fno%2Fsuch%20icon.png"), QStringLiteral("no-such-icon-name"),
+                              QString(), QStringLiteral("%%%")}) {
+        SCOPED_TRACE(id.toStdString());
+        const QImage image = provider.requestImage(id, &size, QSize(32, 32));
+        EXPECT_FALSE(image.isNull());
+        EXPECT_FALSE(size.isEmpty());
+        EXPECT_LE(size.width(), 32);
+    }
+}
+
+TEST(DayProgressViewModel, ShareCopiesAndSaysSoUntilTheFiguresMove) {
+    guiApplication();
+    TempDir dir;
+    VirtualScheduler clock;
+    MemoryDefaultsStore defaults;
+    NotificationCenter notifications;
+    FakeLoginItem loginItem;
+    AppSettings settings{defaults, notifications, loginItem, clock};
+    CursorMileage mileage(dir / "mileage.json", clock, false);
+    struct : Clipboard {
+        void setText(const std::string& value) override { text = value; }
+        std::string text;
+    } clipboard;
+    MileageShare share(mileage, clock, clipboard);
+    DayProgressModel model({clock, clock, settings, [&] { return metresToday(mileage, clock.now()); }});
+    DayProgressViewModel view(model, share);
+    EXPECT_EQ(view.shareLabel(), QStringLiteral("Share"));
+    view.share();
+    EXPECT_EQ(clipboard.text, "My cursor travelled 0 m today. Counted by Vantrelle.");
+    EXPECT_EQ(view.shareLabel(), QStringLiteral("Copied"));
+    settings.setWorkdayStartMinutes(settings.workdayStartMinutes() + 1);
+    EXPECT_EQ(view.shareLabel(), QStringLiteral("Share"));
+}
+
+}  // namespace
+}  // namespace vantrelle::testing
