@@ -170,6 +170,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
                                   m_aiUsage, m_engine, DemoMode::isOn()});
     m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
+    m_statusLine = std::make_unique<StatusLineComposition>(StatusLineComposition::Deps{
+        m_paths, m_aiUsage, m_scheduler, SystemClock::shared(), m_instanceCommands, DemoMode::isOn()});
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_statusLine->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);

@@ -27,6 +27,7 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "StatusLineComposition.h"
 #include "SupportViewModel.h"
 #include "TasksViewModel.h"
 #include "ThreadQueue.h"
@@ -171,6 +172,7 @@ private:
     std::unique_ptr<MonitorsComposition> m_monitors;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
+    std::unique_ptr<StatusLineComposition> m_statusLine;
 };
 
 }  // namespace vantrelle

@@ -1,0 +1,6 @@
+#pragma once
+
+// `vantrelle statusline [--format <template>]`: the line Claude Code shows under its prompt, from the
+// JSON it writes on standard input. Always one line and status 0, whatever the input. Needs no display;
+// runs before any Qt object exists. argv[1] is "statusline".
+int runStatusLineCommand(int argc, char** argv);
