@@ -170,8 +170,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
                                   m_aiUsage, m_engine, DemoMode::isOn()});
     m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
-    m_statusLine = std::make_unique<StatusLineComposition>(StatusLineComposition::Deps{
-        m_paths, m_aiUsage, m_scheduler, SystemClock::shared(), m_instanceCommands, DemoMode::isOn()});
+    m_statusLine = std::make_unique<StatusLineComposition>(
+        StatusLineComposition::Deps{m_paths, m_aiUsage, m_scheduler, SystemClock::shared(),
+                                    m_instanceCommands, m_claudeHooks, m_queues, DemoMode::isOn()});
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_statusLine->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
@@ -317,6 +318,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.reminders = m_remindersView.get();
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
+    m_settingsView->attachStatusLine(&m_statusLine->statusLineSwitch());
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
     m_shell->onQuit = [] { QCoreApplication::quit(); };

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -64,6 +65,21 @@ std::optional<StatusFigures> askApp(const std::filesystem::path& socket, const s
 }
 
 }  // namespace
+
+std::string vantrelle::statusLineCommandForClaude() {
+    std::error_code error;
+    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error || self.empty()) return "vantrelle statusline";
+    const std::string path = self.string();
+    // A plain path needs no quotes, and reads better in the user's settings.
+    if (path.find_first_of(" \t\"'\\`$;&|<>()*?[]#~!{}") == std::string::npos) return path + " statusline";
+    std::string quoted = "\"";
+    for (char c : path) {
+        if (c == '"' || c == '\\' || c == '`' || c == '$') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + "\" statusline";
+}
 
 int runStatusLineCommand(int argc, char** argv) {
     std::optional<std::string> format;

@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "StatusLineCommand.h"
+
 namespace vantrelle {
 
 StatusLineComposition::StatusLineComposition(Deps deps)
@@ -10,7 +12,8 @@ StatusLineComposition::StatusLineComposition(Deps deps)
                   // Demo figures are no one's usage: they stay in memory.
                   deps.demoMode ? StatusFiguresPublisher::Writer(
                                       [](const std::filesystem::path&, const std::string&) { return true; })
-                                : StatusFiguresPublisher::Writer()) {
+                                : StatusFiguresPublisher::Writer()),
+      m_switch(deps.hooks, statusLineCommandForClaude(), deps.queues, deps.scheduler) {
     m_changed = m_deps.aiUsage.changed.connect([this] { refresh(); });
     m_deps.commands.add(std::string(kStatusFiguresRequest), [this](const nlohmann::json&) {
         if (!m_publisher.current()) return nlohmann::json{{"error", "no figures yet"}};

@@ -101,7 +101,7 @@ int runLiveBlocks(bool colour) {
     // Signals arrive as readable events beside the file watch, so the terminal is restored in order.
     sigset_t signals;
     sigemptyset(&signals);
-    for (int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGWINCH}) sigaddset(&signals, signal);
+    for (int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGWINCH}) sigaddset(&signals, number);
     if (::sigprocmask(SIG_BLOCK, &signals, nullptr) != 0) return 1;
     FileDescriptor signalFd(::signalfd(-1, &signals, SFD_CLOEXEC));
     std::error_code error;
@@ -128,7 +128,8 @@ int runLiveBlocks(bool colour) {
         }
         if (entries[0].revents & POLLIN) {
             signalfd_siginfo info{};
-            if (::read(signalFd.get(), &info, sizeof(info)) == sizeof(info) && info.ssi_signo != SIGWINCH)
+            if (::read(signalFd.get(), &info, sizeof(info)) == static_cast<ssize_t>(sizeof(info)) &&
+                info.ssi_signo != SIGWINCH)
                 return 0;
             draw(true);
         }

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include "ChoiceListModel.h"
+#include "agents/ClaudeStatusLineSwitch.h"
 #include "catalog/AppSettings.h"
 
 class QQmlEngine;
@@ -59,6 +60,9 @@ class SettingsViewModel final : public QObject {
     Q_PROPERTY(vantrelle::ChoiceListModel* allTiles READ allTiles CONSTANT)
     Q_PROPERTY(vantrelle::ChoiceListModel* toggles READ toggles CONSTANT)
     Q_PROPERTY(QString toggleNote READ toggleNote NOTIFY noteChanged)
+    Q_PROPERTY(bool statusLineInstalled READ statusLineInstalled NOTIFY statusLineChanged)
+    Q_PROPERTY(bool statusLineAvailable READ statusLineAvailable NOTIFY statusLineChanged)
+    Q_PROPERTY(QString statusLineNote READ statusLineNote NOTIFY statusLineChanged)
 
 public:
     explicit SettingsViewModel(AppSettings& settings);
@@ -132,6 +136,14 @@ public:
     [[nodiscard]] ChoiceListModel* toggles() { return &m_toggles; }
     [[nodiscard]] QString toggleNote() const { return m_toggleNote; }
 
+    // Claude Code's status line: the switch, and whether there is one to show.
+    void attachStatusLine(ClaudeStatusLineSwitch* statusLine);
+    [[nodiscard]] bool statusLineAvailable() const { return m_statusLine != nullptr; }
+    [[nodiscard]] bool statusLineInstalled() const { return m_statusLine && m_statusLine->isInstalled(); }
+    [[nodiscard]] QString statusLineNote() const;
+    // The answer arrives through statusLineChanged; a status line of the user's own is never replaced.
+    Q_INVOKABLE void setStatusLineInstalled(bool installed);
+
     // Turns a tool on or off; a refusal or a caveat lands in toolNote.
     Q_INVOKABLE void setToolEnabled(const QString& raw, bool on);
     // The Dashboard tile at `from` goes to `to`, the others closing up.
@@ -146,6 +158,7 @@ public:
 Q_SIGNALS:
     void changed();
     void noteChanged();
+    void statusLineChanged();
 
 private:
     [[nodiscard]] static int narrow(std::int64_t value);
@@ -153,6 +166,8 @@ private:
     void setNotes(QString tool, QString toggle);
 
     AppSettings& m_settings;
+    ClaudeStatusLineSwitch* m_statusLine = nullptr;
+    Connection m_statusLineChanged;
     ChoiceListModel m_tools;
     ChoiceListModel m_tiles;
     ChoiceListModel m_allTiles;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <type_traits>
 #include <vector>
 
 #include "agents/AIPriceCache.h"
@@ -137,7 +138,8 @@ std::optional<StatusFigures> parseStatusFigures(std::string_view text) {
     if (!json.is_object() || !json.contains("generatedAt")) return std::nullopt;
     StatusFigures figures;
     takeDate(json, "generatedAt", figures.generatedAt);
-    if (const auto day = json.find("day"); day != json.end() && day->is_string()) figures.dayKey = *day;
+    if (const auto day = json.find("day"); day != json.end() && day->is_string())
+        figures.dayKey = day->get<std::string>();
     if (const auto today = json.find("today"); today != json.end()) figures.today = amountFrom(*today);
     figures.models = amountsFrom(json, "models");
     figures.sessions = amountsFrom(json, "sessions");

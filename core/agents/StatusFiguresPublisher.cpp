@@ -28,6 +28,8 @@ void StatusFiguresPublisher::update(StatusFigures figures) {
     }
     if (m_pending) return;  // the pending write takes the newest figures
     m_pending = m_scheduler.schedule(kDebounceSeconds, [this] {
+        // Running now: let go of the handle without cancelling the timer that runs us.
+        m_pending->detach();
         m_pending.reset();
         write();
     });

@@ -1,5 +1,6 @@
 #include "agents/TranscriptFigures.h"
 
+#include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>

@@ -2,8 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include "agents/ClaudeStatusLineSwitch.h"
 #include "agents/HooksCommand.h"
 #include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
 
 namespace vantrelle {
 namespace {
@@ -101,6 +103,31 @@ TEST_F(StatusLineSettingsTest, RefusalsNameTheLineAndUnreadableSettingsAreLeftAl
     EXPECT_EQ(run({"install", "--statusline"}).status, 0);
     EXPECT_EQ(hooks.statusLineStatus().state, ClaudeStatusLine::ours);
     EXPECT_FALSE(fs::exists(backup()));
+}
+
+TEST_F(StatusLineSettingsTest, TheSettingsSwitchLeavesAForeignLineAndSaysItIsThere) {
+    dir.write(".claude/settings.json", R"({"statusLine": {"command": "myline"}})");
+    InlineQueueFactory queues;
+    VirtualScheduler scheduler;
+    ClaudeStatusLineSwitch statusLine(hooks, kOurs, queues, scheduler);
+    int changes = 0;
+    const auto connection = statusLine.changed.connect([&] { ++changes; });
+    statusLine.set(true);
+    scheduler.runUntilIdle();
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(statusLine.isInstalled());
+    EXPECT_EQ(statusLine.state(), ClaudeStatusLine::foreign);
+    EXPECT_NE(statusLine.note().find("\"myline\""), std::string::npos) << statusLine.note();
+    EXPECT_EQ(settings(), R"({"statusLine": {"command": "myline"}})");
+
+    dir.write(".claude/settings.json", "{}");
+    statusLine.set(true);
+    scheduler.runUntilIdle();
+    EXPECT_TRUE(statusLine.isInstalled());
+    EXPECT_EQ(statusLine.note(), "");
+    statusLine.set(false);
+    scheduler.runUntilIdle();
+    EXPECT_EQ(statusLine.state(), ClaudeStatusLine::none);
 }
 
 }  // namespace
