@@ -41,9 +41,11 @@ TEST(StatusLineInstallTest, InstallingAndRemovingKeepsTheRestOfTheFileByteForByt
 
 class StatusLineSettingsTest : public ::testing::Test {
 protected:
-    StatusLineSettingsTest() {
-        paths.home = dir.path();
-        paths.dataHome = dir / ".local/share";
+    static AppPaths homeIn(const TempDir& folder) {
+        AppPaths result;
+        result.home = folder.path();
+        result.dataHome = folder / ".local/share";
+        return result;
     }
     CommandResult run(std::vector<std::string> arguments) const {
         return runHooksCommand(arguments, hooks, kOurs);
@@ -52,7 +54,7 @@ protected:
     fs::path backup() const { return dir / ".claude/settings.json.vantrelle-backup"; }
 
     TempDir dir;
-    AppPaths paths;
+    AppPaths paths = homeIn(dir);
     MapEnvironment environment;
     ClaudeHooks hooks{paths, environment};
 };

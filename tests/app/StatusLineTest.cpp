@@ -95,7 +95,7 @@ TEST(StatusLineTest, SourcesAreTriedInOrderAndTheTranscriptOnlyForAnUnknownSessi
 }
 
 TEST(StatusLineTest, StaleFiguresSayNothingOfTodayOrOfAClosedWindow) {
-    const ScopedTimeZone zone("UTC");
+    const testing::ScopedTimeZone zone("UTC");
     Sources sources;
     sources.file = figuresAt(kNow - 86400);  // yesterday's file
     sources.file->block->start = kNow - 6 * 3600;
@@ -130,7 +130,7 @@ TEST(StatusLineTest, TheLineIsCompactPlainOrColouredAndFollowsATemplate) {
 }
 
 TEST(StatusLineTest, TheLiveViewShowsTheOpenWindowByModelOrSaysWhyNot) {
-    const ScopedTimeZone zone("UTC");
+    const testing::ScopedTimeZone zone("UTC");
     auto figures = figuresAt(kNow);
     figures.models = {{"claude-opus-4", {800'000, 4.0}}, {"claude-haiku-4", {50'000, 0.25}}};
     const auto screen = liveBlockScreen(figures, kNow, {});
