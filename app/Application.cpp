@@ -167,6 +167,10 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
         LauncherComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_settings,
                                   m_monitors->mileage(), m_monitors->screenTime()});
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
+    m_statusLine = std::make_unique<StatusLineComposition>(
+        StatusLineComposition::Deps{m_paths, m_aiUsage, m_scheduler, SystemClock::shared(),
+                                    m_instanceCommands, m_claudeHooks, m_queues, DemoMode::isOn()});
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_statusLine->flush(); });
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
     m_services.onRefreshSchedule = [this] {
@@ -323,6 +327,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);
+    m_settingsView->attachStatusLine(&m_statusLine->statusLineSwitch());
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
     m_shell->onQuit = [] { QCoreApplication::quit(); };

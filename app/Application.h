@@ -29,6 +29,7 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "StatusLineComposition.h"
 #include "SupportViewModel.h"
 #include "TasksViewModel.h"
 #include "ThreadQueue.h"
@@ -183,6 +184,7 @@ private:
     std::unique_ptr<LauncherComposition> m_launcher;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
+    std::unique_ptr<StatusLineComposition> m_statusLine;
 };
 
 }  // namespace vantrelle

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ProcProcessTable.h"
+#include "UsageLiveCommand.h"
 #include "app/UsageReport.h"
 #include "platform/Environment.h"
 
@@ -31,6 +32,7 @@ int runUsageCommand(int argc, char** argv) {
     }
     const char* noColor = std::getenv("NO_COLOR");
     options->colour = ::isatty(STDOUT_FILENO) == 1 && (noColor == nullptr || *noColor == 0);
+    if (options->live) return vantrelle::runLiveBlocks(options->colour);
     vantrelle::ProcProcessTable processes;
     const std::string report =
         vantrelle::usageReport(*options, vantrelle::ProcessEnvironment::shared(), &processes);

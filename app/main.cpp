@@ -8,6 +8,7 @@
 #include "HooksCommand.h"
 #include "InstanceLaunch.h"
 #include "MonitorCommands.h"
+#include "StatusLineCommand.h"
 #include "TerminationSignals.h"
 #include "TodayCommand.h"
 #include "UsageCommand.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
     using namespace vantrelle;
     // Command-line reports run without a display.
     if (argc > 1 && std::strcmp(argv[1], "usage") == 0) return runUsageCommand(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "statusline") == 0) return runStatusLineCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "hooks") == 0) return runHooksCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "calc") == 0) return runCalcCommand(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "--version") == 0) {

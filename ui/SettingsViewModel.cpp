@@ -50,6 +50,22 @@ SettingsViewModel::SettingsViewModel(AppSettings& settings) : m_settings(setting
     refreshLists();
 }
 
+void SettingsViewModel::attachStatusLine(ClaudeStatusLineSwitch* statusLine) {
+    m_statusLine = statusLine;
+    m_statusLineChanged =
+        statusLine ? statusLine->changed.connect([this] { Q_EMIT statusLineChanged(); }) : Connection();
+    if (statusLine) statusLine->refresh();
+    Q_EMIT statusLineChanged();
+}
+
+QString SettingsViewModel::statusLineNote() const {
+    return m_statusLine ? QString::fromStdString(m_statusLine->note()) : QString();
+}
+
+void SettingsViewModel::setStatusLineInstalled(bool installed) {
+    if (m_statusLine) m_statusLine->set(installed);
+}
+
 SettingsViewModel* SettingsViewModel::create(QQmlEngine* engine, QJSEngine*) {
     return ShellEngine::provide(engine, &ShellEngine::ViewModels::settings);
 }

@@ -10,6 +10,7 @@
 
 #include "CalendarFolderListModel.h"
 #include "ChoiceListModel.h"
+#include "agents/ClaudeStatusLineSwitch.h"
 #include "catalog/AppSettings.h"
 #include "schedule/CalendarPreferences.h"
 
@@ -67,6 +68,9 @@ class SettingsViewModel final : public QObject {
     Q_PROPERTY(vantrelle::CalendarFolderListModel* calendarFolders READ calendarFolders CONSTANT)
     Q_PROPERTY(
         QString calendarAddresses READ calendarAddresses WRITE setCalendarAddresses NOTIFY calendarsChanged)
+    Q_PROPERTY(bool statusLineInstalled READ statusLineInstalled NOTIFY statusLineChanged)
+    Q_PROPERTY(bool statusLineAvailable READ statusLineAvailable NOTIFY statusLineChanged)
+    Q_PROPERTY(QString statusLineNote READ statusLineNote NOTIFY statusLineChanged)
 
 public:
     // Shows a folder chooser and calls back with the folder picked, or an empty path.
@@ -153,6 +157,13 @@ public:
     Q_INVOKABLE void addCalendarFolder();
     // Removes a folder the user added; the default ones stay.
     Q_INVOKABLE void removeCalendarFolder(const QString& path);
+    // Claude Code's status line: the switch, and whether there is one to show.
+    void attachStatusLine(ClaudeStatusLineSwitch* statusLine);
+    [[nodiscard]] bool statusLineAvailable() const { return m_statusLine != nullptr; }
+    [[nodiscard]] bool statusLineInstalled() const { return m_statusLine && m_statusLine->isInstalled(); }
+    [[nodiscard]] QString statusLineNote() const;
+    // The answer arrives through statusLineChanged; a status line of the user's own is never replaced.
+    Q_INVOKABLE void setStatusLineInstalled(bool installed);
 
     // Turns a tool on or off; a refusal or a caveat lands in toolNote.
     Q_INVOKABLE void setToolEnabled(const QString& raw, bool on);
@@ -169,6 +180,7 @@ Q_SIGNALS:
     void changed();
     void noteChanged();
     void calendarsChanged();
+    void statusLineChanged();
 
 private:
     [[nodiscard]] static int narrow(std::int64_t value);
@@ -177,6 +189,8 @@ private:
     void setNotes(QString tool, QString toggle);
 
     AppSettings& m_settings;
+    ClaudeStatusLineSwitch* m_statusLine = nullptr;
+    Connection m_statusLineChanged;
     ChoiceListModel m_tools;
     ChoiceListModel m_tiles;
     ChoiceListModel m_allTiles;

@@ -137,4 +137,38 @@ std::optional<std::string> ClaudeHooks::setInstalled(bool installed) const {
     return failure;
 }
 
+ClaudeHooks::StatusLineStatus ClaudeHooks::statusLineStatus() const {
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded))
+        return {ClaudeStatusLine::none, {}, std::move(*problem)};
+    const auto& text = std::get<Loaded>(loaded).text;
+    return {claudeStatusLineState(text), claudeStatusLineCommand(text), std::nullopt};
+}
+
+std::optional<std::string> ClaudeHooks::installStatusLine(const std::string& command, bool replace) const {
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded)) return *problem + kNothingChanged;
+    const Loaded& settings = std::get<Loaded>(loaded);
+    const auto edit = installClaudeStatusLine(settings.text, command, replace);
+    if (edit.outcome == ClaudeSettingsEdit::Outcome::refused) {
+        return "Couldn't set the status line in your Claude Code settings in " + m_settingsFile.string() +
+               ": " + edit.reason + "." + kNothingChanged;
+    }
+    if (edit.outcome == ClaudeSettingsEdit::Outcome::unchanged) return std::nullopt;
+    if (auto failed = save(m_settingsFile, backupFile(), settings, edit.text)) return failed;
+    DebugLog::write([&] { return "claude alerts: status line set in " + m_settingsFile.string(); });
+    return std::nullopt;
+}
+
+std::optional<std::string> ClaudeHooks::uninstallStatusLine() const {
+    auto loaded = load(m_settingsFile);
+    if (auto* problem = std::get_if<std::string>(&loaded)) return *problem + kNothingChanged;
+    const Loaded& settings = std::get<Loaded>(loaded);
+    const auto edit = uninstallClaudeStatusLine(settings.text);
+    if (edit.outcome != ClaudeSettingsEdit::Outcome::changed) return std::nullopt;
+    if (auto failed = save(m_settingsFile, backupFile(), settings, edit.text)) return failed;
+    DebugLog::write([&] { return "claude alerts: status line removed from " + m_settingsFile.string(); });
+    return std::nullopt;
+}
+
 }  // namespace vantrelle

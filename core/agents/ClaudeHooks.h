@@ -41,6 +41,18 @@ public:
     // What the switch does: install() or uninstall(), with a refusal logged.
     [[nodiscard]] std::optional<std::string> setInstalled(bool installed) const;
 
+    // The status line, with the same care: `command` runs `vantrelle statusline`. A status line of the
+    // user's own is never replaced unless `replace` says so; uninstalling takes out only ours.
+    struct StatusLineStatus {
+        ClaudeStatusLine state = ClaudeStatusLine::none;
+        std::string command;                 // the one set, ours or not
+        std::optional<std::string> problem;  // why the settings can't be read, naming the file
+    };
+    [[nodiscard]] StatusLineStatus statusLineStatus() const;
+    [[nodiscard]] std::optional<std::string> installStatusLine(const std::string& command,
+                                                               bool replace) const;
+    [[nodiscard]] std::optional<std::string> uninstallStatusLine() const;
+
 private:
     std::filesystem::path m_eventsFile;
     std::filesystem::path m_settingsFile;

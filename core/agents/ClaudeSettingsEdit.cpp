@@ -264,4 +264,93 @@ bool claudeHooksInstalled(std::string_view text) {
     return false;
 }
 
+namespace {
+
+constexpr std::string_view kStatusLineKey = "statusLine";
+
+// The "statusLine" value as parsed, or nothing when the settings have none.
+std::optional<Json> statusLineValue(std::string_view text, const Located& located) {
+    const auto at = findJsonMember(text, located.top, kStatusLineKey);
+    if (!at) return std::nullopt;
+    const auto& span = located.top.elements[*at].value;
+    return Json::parse(text.substr(span.begin, span.end - span.begin), nullptr, /*allow_exceptions=*/false);
+}
+
+std::string commandOf(const Json& value) {
+    if (!value.is_object()) return {};
+    const auto command = value.find("command");
+    return command != value.end() && command->is_string() ? command->get<std::string>() : std::string();
+}
+
+Json ourStatusLine(const std::string& command) {
+    return Json{{"type", "command"}, {"command", command}, {"padding", 0}};
+}
+
+}  // namespace
+
+bool isOurStatusLineCommand(std::string_view command) {
+    const auto verb = command.rfind(" statusline");
+    if (verb == std::string_view::npos) return false;
+    const auto rest = command.substr(verb + 11);
+    if (!rest.empty() && rest.front() != ' ') return false;
+    const auto program = command.substr(0, verb);
+    return program.find("vantrelle") != std::string_view::npos;
+}
+
+ClaudeStatusLine claudeStatusLineState(std::string_view text) {
+    if (isBlank(text)) return ClaudeStatusLine::none;
+    const auto located = locate(text);
+    if (!located) return ClaudeStatusLine::none;
+    const auto value = statusLineValue(text, *located);
+    if (!value) return ClaudeStatusLine::none;
+    return isOurStatusLineCommand(commandOf(*value)) ? ClaudeStatusLine::ours : ClaudeStatusLine::foreign;
+}
+
+std::string claudeStatusLineCommand(std::string_view text) {
+    if (isBlank(text)) return {};
+    const auto located = locate(text);
+    if (!located) return {};
+    const auto value = statusLineValue(text, *located);
+    return value ? commandOf(*value) : std::string();
+}
+
+ClaudeSettingsEdit installClaudeStatusLine(std::string_view text, const std::string& command, bool replace) {
+    if (isBlank(text)) {
+        return {ClaudeSettingsEdit::Outcome::changed,
+                writeJson(Json{{std::string(kStatusLineKey), ourStatusLine(command)}}, JsonStyle{}) + "\n",
+                {}};
+    }
+    const auto located = locate(text);
+    if (!located) return ClaudeSettingsEdit::refused("its layout couldn't be followed");
+    const auto& top = located->top;
+    const JsonStyle style = JsonStyle::of(text, top);
+    const auto at = findJsonMember(text, top, kStatusLineKey);
+    if (!at) {
+        return replacing(text, top,
+                         rebuildJsonContainer(
+                             text, top, {}, {{std::string(kStatusLineKey), ourStatusLine(command)}}, style));
+    }
+    const auto value = statusLineValue(text, *located);
+    const std::string existing = value ? commandOf(*value) : std::string();
+    if (isOurStatusLineCommand(existing)) {
+        if (existing == command) return {};
+    } else if (!replace) {
+        return ClaudeSettingsEdit::refused(existing.empty() ? "it already has a status line of its own"
+                                                            : "it already has a status line of its own, \"" +
+                                                                  existing + "\"");
+    }
+    std::vector<JsonElementEdit> edits(top.elements.size());
+    edits[*at].value = writeJson(ourStatusLine(command), style, style.multiline ? style.indent : "");
+    return replacing(text, top, rebuildJsonContainer(text, top, edits, {}, style));
+}
+
+ClaudeSettingsEdit uninstallClaudeStatusLine(std::string_view text) {
+    if (claudeStatusLineState(text) != ClaudeStatusLine::ours) return {};
+    const auto located = locate(text);
+    const auto& top = located->top;
+    std::vector<JsonElementEdit> edits(top.elements.size());
+    edits[*findJsonMember(text, top, kStatusLineKey)].remove = true;
+    return replacing(text, top, rebuildJsonContainer(text, top, edits, {}, JsonStyle::of(text, top)));
+}
+
 }  // namespace vantrelle

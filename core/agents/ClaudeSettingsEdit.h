@@ -36,4 +36,17 @@ struct ClaudeSettingsEdit {
 [[nodiscard]] ClaudeSettingsEdit uninstallClaudeHooks(std::string_view text);
 [[nodiscard]] bool claudeHooksInstalled(std::string_view text);
 
+// The status line: the "statusLine" object whose command Claude Code runs for the line under its
+// prompt. Ours is a command that runs `vantrelle statusline`; any other is the user's own.
+enum class ClaudeStatusLine { none, ours, foreign };
+[[nodiscard]] bool isOurStatusLineCommand(std::string_view command);
+[[nodiscard]] ClaudeStatusLine claudeStatusLineState(std::string_view text);
+// The command of the status line that is set, "" when there is none or it names none.
+[[nodiscard]] std::string claudeStatusLineCommand(std::string_view text);
+// Sets ours with `command`. The user's own is refused unless `replace`.
+[[nodiscard]] ClaudeSettingsEdit installClaudeStatusLine(std::string_view text, const std::string& command,
+                                                         bool replace);
+// Takes ours out; the user's own is never touched.
+[[nodiscard]] ClaudeSettingsEdit uninstallClaudeStatusLine(std::string_view text);
+
 }  // namespace vantrelle

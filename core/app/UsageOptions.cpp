@@ -84,7 +84,11 @@ std::string usageSynopsis(std::optional<UsageGrouping> grouping) {
                        : *grouping == UsageGrouping::monthly ? "monthly    tokens and cost by month"
                        : *grouping == UsageGrouping::session ? "session    tokens and cost by session"
                                                              : "blocks     tokens and cost by 5-hour window";
-    return std::string("usage: vantrelle usage ") + what + ", every log on disk\n" + kGrouped + kCommon;
+    const char* live = *grouping == UsageGrouping::blocks
+                           ? "  --live             the open window, redrawn when the app's figures change\n"
+                           : "";
+    return std::string("usage: vantrelle usage ") + what + ", every log on disk\n" + kGrouped + live +
+           kCommon;
 }
 
 std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::string>& arguments,
@@ -106,6 +110,8 @@ std::optional<UsageReportOptions> parseUsageArguments(const std::vector<std::str
             options.json = true;
         } else if (argument == "--breakdown" && options.grouping) {
             options.breakdown = true;
+        } else if (argument == "--live" && options.grouping == UsageGrouping::blocks) {
+            options.live = true;
         } else if (argument == "--now" || argument == "--home" || argument == "--tz" ||
                    argument == "--since" || argument == "--until") {
             if (i + 1 >= arguments.size()) {

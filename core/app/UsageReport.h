@@ -23,6 +23,7 @@ struct UsageReportOptions {
     std::optional<UsageGrouping> grouping;      // none: the panel's summary
     UsageRange range;                           // --since, --until
     bool breakdown = false;                     // --breakdown: per model
+    bool live = false;                          // blocks --live: the open window, redrawn as it changes
     bool colour = false;                        // the caller's to decide: a terminal without NO_COLOR
     std::optional<std::string> timeZone;        // --tz: the days and hours of this zone
     std::optional<Date> now;                    // the clock; the wall clock if not given

@@ -79,8 +79,8 @@ TEST_F(HooksCommandTest, HelpAndUnknownArguments) {
         int status;
         std::string firstLine;
     } cases[] = {
-        {{"--help"}, 0, "usage: vantrelle hooks status|install|uninstall"},
-        {{"-h"}, 0, "usage: vantrelle hooks status|install|uninstall"},
+        {{"--help"}, 0, "usage: vantrelle hooks status|install|uninstall [--statusline [--replace]]"},
+        {{"-h"}, 0, "usage: vantrelle hooks status|install|uninstall [--statusline [--replace]]"},
         {{}, 2, "vantrelle hooks: say what to do"},
         {{"enable"}, 2, "vantrelle hooks: unknown argument \"enable\""},
         {{"install", "--force"}, 2, "vantrelle hooks: unknown argument \"--force\""},

@@ -149,6 +149,16 @@ Flickable {
             label: "Show agent activity in the closed notch"
             Switch { checked: Settings.aiLiveActivity; onToggled: Settings.aiLiveActivity = !checked }
         }
+        SettingsRow {
+            visible: Settings.statusLineAvailable
+            label: "Claude Code status line"
+            help: Settings.statusLineNote !== "" ? Settings.statusLineNote
+                                                 : "Shows cost, today and the 5-hour window under Claude Code's prompt."
+            Switch {
+                checked: Settings.statusLineInstalled
+                onToggled: Settings.setStatusLineInstalled(!Settings.statusLineInstalled)
+            }
+        }
 
         SettingsSection { text: "Start-up" }
         SettingsRow {

@@ -1,0 +1,51 @@
+#!/bin/sh
+# `vantrelle statusline` as Claude Code runs it: the real binary, no display, no running app. Whatever
+# arrives on standard input, one line and status 0; the figures file in the cache folder is used while
+# it is readable, and a broken one is passed over for the session's own log.
+set -u
+bin=$1
+home=$(mktemp -d)
+trap 'rm -rf "$home"' EXIT
+export HOME="$home" XDG_DATA_HOME="$home/.local/share" XDG_CONFIG_HOME="$home/.config" \
+       XDG_CACHE_HOME="$home/.cache" XDG_RUNTIME_DIR="$home/run" TZ=UTC
+unset DISPLAY WAYLAND_DISPLAY NO_COLOR
+export QT_QPA_PLATFORM=xcb
+mkdir -p "$home/run" "$home/.cache/Vantrelle"
+failures=0
+
+check() {  # check <name> <text wanted in the line> <stdin>
+  output=$(printf '%s' "$3" | timeout 20 "$bin" statusline 2>"$home/err")
+  got=$?
+  lines=$(printf '%s\n' "$output" | wc -l)
+  if [ "$got" -ne 0 ] || [ "$lines" -ne 1 ] || [ -s "$home/err" ] || ! printf '%s' "$output" | grep -qF -- "$2"; then
+    echo "FAIL: $1: exit $got, $lines lines, output: $output, errors: $(cat "$home/err")"
+    failures=$((failures + 1))
+  fi
+}
+
+transcript="$home/s1.jsonl"
+printf '%s\n' '{"type":"assistant","requestId":"r","message":{"id":"m","model":"claude-opus-4","usage":{"output_tokens":100000}}}' >"$transcript"
+input="{\"session_id\":\"s1\",\"transcript_path\":\"$transcript\",\"model\":{\"display_name\":\"Opus\"}}"
+
+check "garbage" "no usage figures yet" "$(printf 'not json\001\377')"
+check "empty" "no usage figures yet" ""
+check "missing fields" "Opus" '{"model":{"display_name":"Opus"}}'
+check "no app, no file: the session's log" "Opus | \$7.50 session" "$input"
+
+now=$(date +%s)
+day=$(date +%Y-%m-%d)
+printf '{"generatedAt":%s,"day":"%s","today":{"tokens":5,"cost":3.25},"sessions":{"s1":{"tokens":1,"cost":0.5}}}' \
+  "$now" "$day" >"$home/.cache/Vantrelle/statusline.json"
+check "figures file" "\$0.50 session | \$3.25 today" "$input"
+printf '{"generatedAt":1,"day":"2001-01-01","today":{"tokens":5,"cost":3.25}}' >"$home/.cache/Vantrelle/statusline.json"
+check "stale file: today unknown, session from its log" "Opus | \$7.50 session" "$input"
+printf '{"generatedAt":' >"$home/.cache/Vantrelle/statusline.json"
+check "broken file" "\$7.50 session" "$input"
+chmod 000 "$home/.cache/Vantrelle/statusline.json"
+check "unreadable file" "\$7.50 session" "$input"
+
+output=$(printf '%s' "$input" | "$bin" statusline --format '{model}/{session_cost}/{source}')
+[ "$output" = "Opus/\$7.50/transcript" ] || { echo "FAIL: --format: $output"; failures=$((failures + 1)); }
+
+[ "$failures" -eq 0 ] && echo "statusline command: all passed"
+exit "$failures"
