@@ -31,9 +31,11 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# QML modules are loaded at run time, so no library link names them.
+# QML modules and the icon font are loaded at run time, so no library link names them. Without the font
+# every glyph shows as an empty box (seen on a fresh Debian 12).
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtqml-workerscript, \
-qml6-module-qtquick-controls, qml6-module-qtquick-templates, qml6-module-qtmultimedia")
+qml6-module-qtquick-controls, qml6-module-qtquick-templates, qml6-module-qtmultimedia, \
+fonts-material-design-icons-iconfont")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, sound-theme-freedesktop")
 include(CPack)

@@ -40,7 +40,7 @@ if command -v dpkg-deb >/dev/null && command -v dpkg-shlibdeps >/dev/null; then
     grep -qF "$file" <<<"$contents" || fail "package lacks $file"
   done
   depends=$(dpkg-deb -f "$deb" Depends)
-  for library in libqt6core6 libqt6quick6 libxcb1 libsimdjson; do
+  for library in libqt6core6 libqt6quick6 libxcb1 libsimdjson fonts-material-design-icons-iconfont; do
     grep -q "$library" <<<"$depends" || fail "Depends lacks $library: $depends"
   done
   # Unpacked into a throwaway root, the packaged program runs.
