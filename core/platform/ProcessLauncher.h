@@ -7,7 +7,7 @@
 
 namespace vantrelle {
 
-// A child process held by its starter; dropping the handle does not end it.
+// A child process held by its starter; dropping the handle ends it too.
 class ChildProcess {
 public:
     virtual ~ChildProcess() = default;
