@@ -33,7 +33,6 @@ public:
     static constexpr double kPollInterval = 2.0;
     static constexpr double kCollapseDelay = 0.35;  // for the panel to be out of the way
     static constexpr double kIgnoreClicksFor = 1.0;
-    static constexpr std::string_view kNoWatcher = "no tray watcher on this desktop";
 
     struct Dependencies {
         TrayItems& tray;
