@@ -171,6 +171,11 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     m_services.addService("screen time", [this] { m_monitors->start(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
+    m_systemControl = std::make_unique<SystemControlComposition>(SystemControlComposition::Deps{
+        m_environment, m_paths, m_scheduler, m_queues, m_screens, m_settings, [this] {
+            if (auto* overlay = m_delegate.overlay()) overlay->setExpanded(false, "system control");
+        }});
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_systemControl->quit(); });
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
     // Background services in their start-up order; the others join as they are built.
@@ -314,6 +319,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.reminders = m_remindersView.get();
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
+    m_systemControl->wire(*m_shell, m_engine, *m_settingsView);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
     m_shell->onQuit = [] { QCoreApplication::quit(); };

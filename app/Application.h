@@ -28,6 +28,7 @@
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "SupportViewModel.h"
+#include "SystemControlComposition.h"
 #include "TasksViewModel.h"
 #include "ThreadQueue.h"
 #include "TodayViewModel.h"
@@ -169,6 +170,8 @@ private:
     std::unique_ptr<TrayMenu> m_tray;
     // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
     std::unique_ptr<MonitorsComposition> m_monitors;
+    // Quick toggles and tray icons; goes before the engine.
+    std::unique_ptr<SystemControlComposition> m_systemControl;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
 };

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "ChoiceListModel.h"
 #include "catalog/AppSettings.h"
@@ -140,6 +141,11 @@ public:
     Q_INVOKABLE void placeTile(int slot, const QString& raw);
     // Shows or hides a quick toggle; hiding the last one is refused and said in toggleNote.
     Q_INVOKABLE void setToggleShown(const QString& raw, bool shown);
+    // The toggles page lists only what this desktop can do.
+    void setToggleAvailability(std::function<bool(QuickToggle)> available) {
+        m_toggleAvailable = std::move(available);
+        refreshLists();
+    }
     // "9:00" for 540 minutes after midnight.
     Q_INVOKABLE [[nodiscard]] static QString clockText(int minutesAfterMidnight);
 
@@ -150,6 +156,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] static int narrow(std::int64_t value);
     void refreshLists();
+    std::function<bool(QuickToggle)> m_toggleAvailable;
     void setNotes(QString tool, QString toggle);
 
     AppSettings& m_settings;

@@ -23,6 +23,8 @@ class RemindersViewModel;
 class TodayViewModel;
 class ShellModel;
 class TasksViewModel;
+class QuickTogglesViewModel;
+class MenuBarViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -53,6 +55,9 @@ public:
         MirrorViewModel* mirror = nullptr;
         TodayViewModel* today = nullptr;
         RemindersViewModel* reminders = nullptr;
+        // System control: the quick toggles and the tray icons.
+        QuickTogglesViewModel* quickToggles = nullptr;
+        MenuBarViewModel* menuBar = nullptr;
     };
     ViewModels viewModels;
 

@@ -1,5 +1,6 @@
 #include <QtQml/qqmlextensionplugin.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDirIterator>
 #include <QFile>
@@ -14,8 +15,10 @@
 #include "FocusViewModel.h"
 #include "GuiApplication.h"
 #include "MediaViewModel.h"
+#include "MenuBarViewModel.h"
 #include "MirrorViewModel.h"
 #include "NotesViewModel.h"
+#include "QuickTogglesViewModel.h"
 #include "RemindersViewModel.h"
 #include "ScreenTimeViewModel.h"
 #include "SettingsViewModel.h"
@@ -34,11 +37,14 @@
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
+#include "fakes/FakeProcessRunner.h"
 #include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
+#include "menubar/FakeTrayItems.h"
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
+#include "toggles/FakeProcessLauncher.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -50,6 +56,12 @@ public:
     [[nodiscard]] std::optional<std::string> installedName(MediaSource) const override { return "Player"; }
     void open(MediaSource) override {}
 };
+
+// The toggles with a stand-in for gio: one toggle shows, the others say what they lack.
+ToggleTable standInToggles(const TempDir& dir) {
+    ::chmod(dir.write("bin/gio", "#!/bin/sh\n").c_str(), 0755);
+    return ToggleTable(DesktopTools({dir / "bin"}, DesktopTools::Desktop::gnome), false);
+}
 
 class NoProcesses final : public ProcessTable {
 public:
@@ -92,6 +104,9 @@ protected:
         engine.viewModels.mirror = &mirrorView;
         engine.viewModels.today = &todayView;
         engine.viewModels.reminders = &remindersView;
+        tray.list = {{"a", "nm-applet", "Network", "", 7}, {"b", "", "Foo Helper", "", 8}};
+        engine.viewModels.quickToggles = &togglesView;
+        engine.viewModels.menuBar = &menuBarView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -183,6 +198,16 @@ protected:
     CameraUse cameraUse;
     MirrorCamera mirrorCamera{cameraUse, scheduler};
     MirrorViewModel mirrorView{mirrorCamera};
+    // System control on stand-ins.
+    FakeProcessLauncher launcher;
+    FakeProcessRunner runner;
+    QuickToggles quickToggles{
+        {standInToggles(home), launcher, runner, nullptr, queues, scheduler, scheduler, home.path()}};
+    QuickTogglesViewModel togglesView{quickToggles, settings, [] {}};
+    FakeTrayItems tray;
+    FakeScreens trayScreens;
+    MenuBarIcons menuBarIcons{{tray, trayScreens, scheduler, scheduler, {}, {}}};
+    MenuBarViewModel menuBarView{menuBarIcons, [] {}};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -248,6 +273,8 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::devServers, QStringLiteral("DevServersView"));
     shell.registerToolView(NotchTab::screenTime, QStringLiteral("ScreenTimeView"));
     shell.registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
+    shell.registerToolView(NotchTab::menuBar, QStringLiteral("MenuBarView"));
+    shell.registerTileView(DashTile::quickToggles, QStringLiteral("QuickTogglesTile"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
@@ -256,7 +283,7 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
     for (const char* tool :
          {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-          "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
+          "screenTime", "stats", "support", "mirror", "today", "reminders", "menuBar"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
