@@ -171,6 +171,11 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
         StatusLineComposition::Deps{m_paths, m_aiUsage, m_scheduler, SystemClock::shared(),
                                     m_instanceCommands, m_claudeHooks, m_queues, DemoMode::isOn()});
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_statusLine->flush(); });
+    m_systemControl = std::make_unique<SystemControlComposition>(SystemControlComposition::Deps{
+        m_environment, m_paths, m_scheduler, m_queues, m_screens, m_settings, [this] {
+            if (auto* overlay = m_delegate.overlay()) overlay->setExpanded(false, "system control");
+        }});
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_systemControl->quit(); });
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
     m_services.onRefreshSchedule = [this] {
@@ -328,6 +333,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);
     m_settingsView->attachStatusLine(&m_statusLine->statusLineSwitch());
+    m_systemControl->wire(*m_shell, m_engine, *m_settingsView);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);
     m_shell->onOpenSettings = [this] { showSettings(); };
     m_shell->onQuit = [] { QCoreApplication::quit(); };

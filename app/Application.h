@@ -31,6 +31,7 @@
 #include "ShellModel.h"
 #include "StatusLineComposition.h"
 #include "SupportViewModel.h"
+#include "SystemControlComposition.h"
 #include "TasksViewModel.h"
 #include "ThreadQueue.h"
 #include "TodayViewModel.h"
@@ -182,6 +183,8 @@ private:
     std::unique_ptr<MonitorsComposition> m_monitors;
     // The launcher and Day Progress; reads the monitors, so it goes first.
     std::unique_ptr<LauncherComposition> m_launcher;
+    // Quick toggles and tray icons; goes before the engine.
+    std::unique_ptr<SystemControlComposition> m_systemControl;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
     std::unique_ptr<StatusLineComposition> m_statusLine;

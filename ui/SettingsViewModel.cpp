@@ -247,6 +247,7 @@ void SettingsViewModel::refreshLists() {
     std::vector<ChoiceListModel::Row> toggles;
     for (std::size_t i = 0; i < kQuickToggleCount; ++i) {
         const auto toggle = static_cast<QuickToggle>(i);
+        if (m_toggleAvailable && !m_toggleAvailable(toggle)) continue;
         const auto& t = info(toggle);
         const bool shown = std::find(visible.begin(), visible.end(), toggle) != visible.end();
         toggles.push_back({text(t.raw), text(t.title), {}, text(t.blurb), {}, shown});

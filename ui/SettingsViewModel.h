@@ -173,6 +173,11 @@ public:
     Q_INVOKABLE void placeTile(int slot, const QString& raw);
     // Shows or hides a quick toggle; hiding the last one is refused and said in toggleNote.
     Q_INVOKABLE void setToggleShown(const QString& raw, bool shown);
+    // The toggles page lists only what this desktop can do.
+    void setToggleAvailability(std::function<bool(QuickToggle)> available) {
+        m_toggleAvailable = std::move(available);
+        refreshLists();
+    }
     // "9:00" for 540 minutes after midnight.
     Q_INVOKABLE [[nodiscard]] static QString clockText(int minutesAfterMidnight);
 
@@ -186,6 +191,7 @@ private:
     [[nodiscard]] static int narrow(std::int64_t value);
     void refreshLists();
     void refreshCalendars();
+    std::function<bool(QuickToggle)> m_toggleAvailable;
     void setNotes(QString tool, QString toggle);
 
     AppSettings& m_settings;

@@ -25,6 +25,8 @@ class ShellModel;
 class TasksViewModel;
 class LauncherViewModel;
 class DayProgressViewModel;
+class QuickTogglesViewModel;
+class MenuBarViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -58,6 +60,9 @@ public:
         // The launcher and the workday's progress.
         LauncherViewModel* launcher = nullptr;
         DayProgressViewModel* dayProgress = nullptr;
+        // System control: the quick toggles and the tray icons.
+        QuickTogglesViewModel* quickToggles = nullptr;
+        MenuBarViewModel* menuBar = nullptr;
     };
     ViewModels viewModels;
 

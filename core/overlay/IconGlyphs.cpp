@@ -8,7 +8,7 @@ namespace vantrelle {
 namespace {
 
 // Symbol name → Material Icons code point (name in the font).
-constexpr std::array<std::pair<std::string_view, char32_t>, 50> kGlyphs{{
+constexpr std::array<std::pair<std::string_view, char32_t>, 61> kGlyphs{{
     {"square.grid.2x2", 0xe9b0},                     // grid_view
     {"calendar", 0xe935},                            // calendar_today
     {"checklist", 0xe6b1},                           // checklist
@@ -59,6 +59,17 @@ constexpr std::array<std::pair<std::string_view, char32_t>, 50> kGlyphs{{
     {"folder", 0xe2c7},                              // folder
     {"envelope", 0xe158},                            // mail
     {"video.slash", 0xe04c},                         // videocam_off
+    {"moon.fill", 0xe51c},                           // dark_mode
+    {"speaker.slash.fill", 0xe04f},                  // volume_off
+    {"camera.viewfinder", 0xe3c2},                   // crop_free
+    {"photo.badge.arrow.down.fill", 0xe171},         // save_alt
+    {"display", 0xe30c},                             // desktop_windows
+    {"lock.fill", 0xe897},                           // lock
+    {"eye.fill", 0xe8f4},                            // visibility
+    {"dock.rectangle", 0xe30e},                      // dock
+    {"menubar.dock.rectangle", 0xe30c},              // desktop_windows
+    {"eject.fill", 0xe8fb},                          // eject
+    {"trash.fill", 0xe872},                          // delete
 }};
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <QtQml/qqmlextensionplugin.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDirIterator>
 #include <QFile>
@@ -16,8 +17,10 @@
 #include "GuiApplication.h"
 #include "LauncherViewModel.h"
 #include "MediaViewModel.h"
+#include "MenuBarViewModel.h"
 #include "MirrorViewModel.h"
 #include "NotesViewModel.h"
+#include "QuickTogglesViewModel.h"
 #include "RemindersViewModel.h"
 #include "ScreenTimeViewModel.h"
 #include "SettingsViewModel.h"
@@ -40,8 +43,10 @@
 #include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroNotifier.h"
+#include "menubar/FakeTrayItems.h"
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
+#include "toggles/FakeProcessLauncher.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -53,6 +58,12 @@ public:
     [[nodiscard]] std::optional<std::string> installedName(MediaSource) const override { return "Player"; }
     void open(MediaSource) override {}
 };
+
+// The toggles with a stand-in for gio: one toggle shows, the others say what they lack.
+ToggleTable standInToggles(const TempDir& dir) {
+    ::chmod(dir.write("bin/gio", "#!/bin/sh\n").c_str(), 0755);
+    return ToggleTable(DesktopTools({dir / "bin"}, DesktopTools::Desktop::gnome), false);
+}
 
 class NoProcesses final : public ProcessTable {
 public:
@@ -100,6 +111,9 @@ protected:
         scheduler.runUntilIdle();
         engine.viewModels.launcher = &launcherView;
         engine.viewModels.dayProgress = &dayProgressView;
+        tray.list = {{"a", "nm-applet", "Network", "", 7}, {"b", "", "Foo Helper", "", 8}};
+        engine.viewModels.quickToggles = &togglesView;
+        engine.viewModels.menuBar = &menuBarView;
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -212,6 +226,16 @@ protected:
     MileageShare mileageShare{mileage, scheduler, clipboard};
     DayProgressModel dayProgress{{scheduler, scheduler, settings, [] { return 2400.0; }}};
     DayProgressViewModel dayProgressView{dayProgress, mileageShare};
+    // System control on stand-ins.
+    FakeProcessLauncher toggleLauncher;
+    FakeProcessRunner runner;
+    QuickToggles quickToggles{
+        {standInToggles(home), toggleLauncher, runner, nullptr, queues, scheduler, scheduler, home.path()}};
+    QuickTogglesViewModel togglesView{quickToggles, settings, [] {}};
+    FakeTrayItems tray;
+    FakeScreens trayScreens;
+    MenuBarIcons menuBarIcons{{tray, trayScreens, scheduler, scheduler, {}, {}}};
+    MenuBarViewModel menuBarView{menuBarIcons, [] {}};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -279,6 +303,8 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::stats, QStringLiteral("SystemStatsView"));
     shell.registerTileView(DashTile::launcher, QStringLiteral("LauncherTile"));
     shell.registerTileView(DashTile::dayProgress, QStringLiteral("DayProgressTile"));
+    shell.registerToolView(NotchTab::menuBar, QStringLiteral("MenuBarView"));
+    shell.registerTileView(DashTile::quickToggles, QStringLiteral("QuickTogglesTile"));
     QQmlComponent component(&engine, ShellEngine::componentUrl(QStringLiteral("NotchRoot")));
     std::unique_ptr<QObject> root(component.create());
     ASSERT_TRUE(root) << component.errorString().toStdString();
@@ -287,7 +313,7 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
     for (const char* tool :
          {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-          "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
+          "screenTime", "stats", "support", "mirror", "today", "reminders", "menuBar"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -22,7 +22,7 @@ Item {
     }
     ListView {
         anchors { top: note.visible ? note.bottom : heading.bottom; topMargin: 8; left: parent.left; right: parent.right
-                  bottom: parent.bottom }
+                  bottom: missingBox.top }
         clip: true
         model: Settings.toggles
         boundsBehavior: Flickable.StopAtBounds
@@ -35,6 +35,32 @@ Item {
             label: title
             help: detail
             Switch { checked: chosen; onToggled: Settings.setToggleShown(raw, !checked) }
+        }
+    }
+    // What this desktop lacks, and why, so a missing toggle is not a mystery.
+    Column {
+        id: missingBox
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+        spacing: 2
+        visible: Toggles.missing.count > 0
+        height: visible ? implicitHeight : 0
+        Text {
+            text: "Not available on this desktop"
+            color: Theme.secondaryLabel
+            font.pixelSize: 11
+            font.weight: Font.DemiBold
+        }
+        Repeater {
+            model: Toggles.missing
+            Text {
+                required property string title
+                required property string detail
+                width: missingBox.width
+                text: title + ": " + detail
+                color: Theme.secondaryLabel
+                font.pixelSize: 11
+                elide: Text.ElideRight
+            }
         }
     }
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QDBusConnection>
+
+#include "platform/RemovableDisks.h"
+
+namespace vantrelle {
+
+// Removable drives through UDisks2 on the system bus: every mounted filesystem on a removable drive
+// is unmounted, then the drive is ejected or powered off.
+class UDisksRemovableDisks final : public RemovableDisks {
+public:
+    explicit UDisksRemovableDisks(QDBusConnection bus) : m_bus(std::move(bus)) {}
+    [[nodiscard]] bool available() override;
+    [[nodiscard]] std::vector<std::string> ejectAll() override;
+
+private:
+    QDBusConnection m_bus;
+};
+
+}  // namespace vantrelle

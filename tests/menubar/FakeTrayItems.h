@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/TrayItems.h"
+
+namespace vantrelle::testing {
+
+class FakeTrayItems final : public TrayItems {
+public:
+    bool hasWatcher() override { return watcher; }
+    std::vector<TrayItem> items() override { return list; }
+    bool activate(const std::string& address, int x, int y) override {
+        activations.push_back(address + " " + std::to_string(x) + "," + std::to_string(y));
+        return answers;
+    }
+
+    bool watcher = true;
+    bool answers = true;
+    std::vector<TrayItem> list;
+    std::vector<std::string> activations;
+};
+
+}  // namespace vantrelle::testing

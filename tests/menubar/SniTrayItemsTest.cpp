@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QStandardPaths>
+#include <QThread>
+
+#include "FakeStatusNotifier.h"
+#include "PrivateSessionBus.h"
+#include "TestApplication.h"
+#include "fakes/FakeOverlayPorts.h"
+#include "menubar/MenuBarIcons.h"
+#include "menubar/SniTrayItems.h"
+#include "platform/VirtualScheduler.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::FakeStatusNotifierItem;
+using testing::FakeStatusNotifierWatcher;
+
+// The watcher and two items answer from a thread of their own, since the adapter's calls block.
+class SniTrayItemsTest : public testing::EventLoopTest {
+protected:
+    void SetUp() override {
+        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        ASSERT_FALSE(bus.address().isEmpty());
+        serving.start();
+        itemBus = QDBusConnection::connectToBus(bus.address(), QStringLiteral("fake-items"));
+        ASSERT_TRUE(itemBus.isConnected());
+        for (auto* object : {static_cast<QObject*>(&foo), static_cast<QObject*>(&bar)})
+            object->moveToThread(&serving);
+        const auto exports = QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSlots;
+        ASSERT_TRUE(itemBus.registerObject(QStringLiteral("/StatusNotifierItem"), &foo, exports));
+        ASSERT_TRUE(
+            itemBus.registerObject(QStringLiteral("/org/ayatana/NotificationItem/bar"), &bar, exports));
+        ASSERT_TRUE(itemBus.registerService(QStringLiteral("org.kde.StatusNotifierItem-100-1")));
+
+        watcherBus = QDBusConnection::connectToBus(bus.address(), QStringLiteral("fake-watcher"));
+        watcher = std::make_unique<FakeStatusNotifierWatcher>(QStringList{
+            QStringLiteral("org.kde.StatusNotifierItem-100-1/StatusNotifierItem"),
+            itemBus.baseService() + QStringLiteral("/org/ayatana/NotificationItem/bar"),
+            QStringLiteral("org.example.Gone/StatusNotifierItem"), QStringLiteral("/no/service")});
+        watcher->moveToThread(&serving);
+        ASSERT_TRUE(watcherBus.registerObject(QStringLiteral("/StatusNotifierWatcher"), watcher.get(),
+                                              QDBusConnection::ExportAllProperties));
+        ASSERT_TRUE(watcherBus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher")));
+
+        connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("vantrelle-under-test"));
+        tray = std::make_unique<SniTrayItems>(connection);
+        ScreenInfo screen;  // the notch runs from 656 to 856
+        screen.frame = {0, 0, 1512, 982};
+        screen.auxiliaryTopLeftArea = Rect{0, 950, 656, 32};
+        screen.auxiliaryTopRightArea = Rect{856, 950, 656, 32};
+        screens.list = {screen};
+        icons = std::make_unique<MenuBarIcons>(MenuBarIcons::Dependencies{
+            *tray,
+            screens,
+            scheduler,
+            scheduler,
+            [](const TrayItem& item) {
+                return item.id == "foo" ? Rect{601, 960, 56, 22} : Rect{100, 960, 20, 22};
+            },
+            {}});
+    }
+    void TearDown() override {
+        icons.reset();
+        tray.reset();
+        for (const char* name : {"vantrelle-under-test", "fake-items", "fake-watcher"})
+            QDBusConnection::disconnectFromBus(QString::fromLatin1(name));
+        serving.quit();
+        serving.wait();
+    }
+
+    testing::PrivateSessionBus bus;
+    QThread serving;
+    QDBusConnection itemBus{QString()};
+    QDBusConnection watcherBus{QString()};
+    QDBusConnection connection{QString()};
+    FakeStatusNotifierItem foo{QStringLiteral("Foo Helper"), QStringLiteral("foo"), true};
+    FakeStatusNotifierItem bar{QString(), QStringLiteral("bar"), false};
+    std::unique_ptr<FakeStatusNotifierWatcher> watcher;
+    std::unique_ptr<SniTrayItems> tray;
+    testing::FakeScreens screens;
+    VirtualScheduler scheduler;
+    std::unique_ptr<MenuBarIcons> icons;
+};
+
+TEST_F(SniTrayItemsTest, ListsTheWatchersItemsAndHidesTheOneBehindTheNotch) {
+    icons->refresh();
+    ASSERT_TRUE(icons->trusted());
+    ASSERT_EQ(icons->icons().size(), 2U);  // the gone and malformed addresses are skipped
+    const MenuBarIcon& first = icons->icons()[0];
+    const MenuBarIcon& second = icons->icons()[1];
+    EXPECT_EQ(first.label, "bar");
+    EXPECT_FALSE(first.isHidden);
+    EXPECT_EQ(second.appName, "Foo");
+    EXPECT_EQ(second.label, "Foo Helper");
+    EXPECT_TRUE(second.isHidden);  // one point into the notch
+    EXPECT_EQ(second.pid, ::getpid());
+    EXPECT_EQ(second.id, "foo#0#" + std::to_string(::getpid()));
+}
+
+TEST_F(SniTrayItemsTest, OpeningReachesTheItemAndFallsBackToItsMenu) {
+    icons->refresh();
+    ASSERT_EQ(icons->icons().size(), 2U);
+    int collapsed = 0;
+    icons->open(icons->icons()[1], [&] { ++collapsed; });
+    EXPECT_TRUE(foo.calls().isEmpty());
+    scheduler.advance(MenuBarIcons::kCollapseDelay);
+    EXPECT_EQ(collapsed, 1);
+    EXPECT_EQ(foo.calls(), QStringList{QStringLiteral("Activate 629,971")});
+    icons->open(icons->icons()[0], {});
+    scheduler.advance(MenuBarIcons::kCollapseDelay);
+    EXPECT_EQ(bar.calls(), QStringList{QStringLiteral("ContextMenu 110,971")});
+    EXPECT_FALSE(icons->status().has_value());
+}
+
+TEST_F(SniTrayItemsTest, WithoutAWatcherTheToolSaysSo) {
+    icons->refresh();
+    ASSERT_TRUE(watcherBus.unregisterService(QStringLiteral("org.kde.StatusNotifierWatcher")));
+    icons->refresh();
+    EXPECT_FALSE(icons->trusted());
+    EXPECT_TRUE(icons->icons().empty());
+    EXPECT_FALSE(tray->activate("org.example.Gone/StatusNotifierItem", 0, 0));
+}
+
+}  // namespace
+}  // namespace vantrelle

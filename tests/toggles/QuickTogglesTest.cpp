@@ -1,0 +1,314 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "FakeProcessLauncher.h"
+#include "fakes/FakeProcessRunner.h"
+#include "fakes/LogCapture.h"
+#include "fakes/TempDir.h"
+#include "platform/VirtualScheduler.h"
+#include "toggles/QuickToggles.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::FakeProcessLauncher;
+using testing::FakeProcessRunner;
+using Args = std::vector<std::string>;
+
+// A folder of stand-in executables to put on PATH.
+class StandIns {
+public:
+    explicit StandIns(std::initializer_list<std::string_view> programs) {
+        for (auto program : programs) add(program);
+    }
+    void add(std::string_view program) const {
+        const auto file = m_dir.write(program, "#!/bin/sh\nexit 0\n");
+        ::chmod(file.c_str(), 0755);
+    }
+    [[nodiscard]] std::string bin(std::string_view program) const { return (m_dir / program).string(); }
+    [[nodiscard]] DesktopTools tools(const std::string& desktop) const {
+        return DesktopTools::fromEnvironment(MapEnvironment(
+            {{"PATH", "relative:" + m_dir.path().string()}, {"XDG_CURRENT_DESKTOP", desktop}}));
+    }
+
+private:
+    testing::TempDir m_dir;
+};
+
+struct Fixture {
+    explicit Fixture(ToggleTable table, RemovableDisks* disks = nullptr)
+        : toggles({std::move(table), launcher, runner, disks, queues, scheduler, scheduler, "/home/u"}) {}
+    FakeProcessLauncher launcher;
+    FakeProcessRunner runner;
+    InlineQueueFactory queues;
+    VirtualScheduler scheduler;
+    QuickToggles toggles;
+};
+
+struct CommandRow {
+    const char* name;
+    std::string desktop;
+    std::vector<std::string_view> programs;
+    QuickToggle toggle;
+    std::string program;  // run from the stand-in folder; empty: hidden on this desktop
+    Args arguments;
+};
+
+TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
+    const std::vector<CommandRow> rows{
+        {"gnome dark",
+         "ubuntu:GNOME",
+         {"gsettings", "plasma-apply-colorscheme"},
+         QuickToggle::darkMode,
+         "gsettings",
+         {"set", "org.gnome.desktop.interface", "color-scheme", "prefer-dark"}},
+        {"kde dark",
+         "KDE",
+         {"gsettings", "plasma-apply-colorscheme"},
+         QuickToggle::darkMode,
+         "plasma-apply-colorscheme",
+         {"BreezeDark"}},
+        {"no dark tool", "GNOME", {"wpctl"}, QuickToggle::darkMode, "", {}},
+        {"pipewire mute",
+         "GNOME",
+         {"wpctl", "pactl"},
+         QuickToggle::mute,
+         "wpctl",
+         {"set-mute", "@DEFAULT_AUDIO_SINK@", "toggle"}},
+        {"pulse mute",
+         "GNOME",
+         {"pactl"},
+         QuickToggle::mute,
+         "pactl",
+         {"set-sink-mute", "@DEFAULT_SINK@", "toggle"}},
+        {"gnome shot",
+         "GNOME",
+         {"gnome-screenshot", "spectacle"},
+         QuickToggle::screenshot,
+         "gnome-screenshot",
+         {"--area", "--clipboard"}},
+        {"kde shot",
+         "KDE",
+         {"gnome-screenshot", "spectacle"},
+         QuickToggle::screenshot,
+         "spectacle",
+         {"--background", "--nonotify", "--region", "--clipboard"}},
+        {"import without xclip", "XFCE", {"import", "sh"}, QuickToggle::screenshot, "", {}},
+        {"sleep display", "XFCE", {"xset"}, QuickToggle::sleepDisplay, "xset", {"dpms", "force", "off"}},
+        {"lock", "XFCE", {"loginctl", "xset"}, QuickToggle::lockScreen, "loginctl", {"lock-session"}},
+        {"lock falls back", "XFCE", {"xset"}, QuickToggle::lockScreen, "xset", {"dpms", "force", "off"}},
+        {"trash", "GNOME", {"gio"}, QuickToggle::emptyTrash, "gio", {"trash", "--empty"}},
+        {"no trash tool", "GNOME", {}, QuickToggle::emptyTrash, "", {}},
+        {"no desktop icons", "GNOME", {"gsettings"}, QuickToggle::hideDesktopIcons, "", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        StandIns bin({});
+        for (auto program : row.programs) bin.add(program);
+        Fixture f(ToggleTable(bin.tools(row.desktop), false));
+        const bool expected = !row.program.empty();
+        EXPECT_EQ(f.toggles.table().available(row.toggle), expected);
+        EXPECT_EQ(f.toggles.table().missingReason(row.toggle).has_value(), !expected);
+        f.toggles.perform(row.toggle);
+        if (!expected) {
+            EXPECT_TRUE(f.launcher.detached.empty());
+            continue;
+        }
+        ASSERT_EQ(f.launcher.detached.size(), 1U);
+        EXPECT_EQ(f.launcher.detached[0].program, bin.bin(row.program));
+        EXPECT_EQ(f.launcher.detached[0].arguments, row.arguments);
+    }
+}
+
+TEST(QuickTogglesTest, StateTogglesFlipAtOnceAndSwitchBack) {
+    StandIns bin({"gsettings"});
+    Fixture f(ToggleTable(bin.tools("GNOME"), false));
+    f.toggles.perform(QuickToggle::showHiddenFiles);
+    EXPECT_TRUE(f.toggles.isActive(QuickToggle::showHiddenFiles));
+    f.toggles.perform(QuickToggle::showHiddenFiles);
+    EXPECT_FALSE(f.toggles.isActive(QuickToggle::showHiddenFiles));
+    ASSERT_EQ(f.launcher.detached.size(), 4U);
+    EXPECT_EQ(f.launcher.detached[1].arguments,
+              (Args{"set", "org.gtk.gtk4.Settings.FileChooser", "show-hidden", "true"}));
+    EXPECT_EQ(f.launcher.detached[2].arguments,
+              (Args{"set", "org.gtk.Settings.FileChooser", "show-hidden", "false"}));
+    EXPECT_FALSE(f.toggles.isActive(QuickToggle::screenshot));  // actions have no state
+}
+
+TEST(QuickTogglesTest, ScreenshotsCollapseThePanelAndNameTheFile) {
+    StandIns bin({"gnome-screenshot"});
+    Fixture f(ToggleTable(bin.tools("GNOME"), false));
+    int collapsed = 0;
+    f.toggles.perform(QuickToggle::screenshotToFile, [&] { ++collapsed; });
+    EXPECT_EQ(collapsed, 1);
+    ASSERT_EQ(f.launcher.detached.size(), 1U);
+    const std::string file = ToggleTable::screenshotFile("/home/u", f.scheduler.now()).string();
+    EXPECT_EQ(f.launcher.detached[0].arguments, (Args{"--area", "--file=" + file}));
+    EXPECT_TRUE(file.starts_with("/home/u/Desktop/Screenshot ")) << file;
+    EXPECT_TRUE(file.ends_with(".png")) << file;
+    EXPECT_NE(file.find(" at "), std::string::npos) << file;
+}
+
+TEST(QuickTogglesTest, KeepAwakeChildEndsOnSecondTapAndAtQuit) {
+    StandIns bin({"systemd-inhibit", "sleep"});
+    auto f = std::make_unique<Fixture>(ToggleTable(bin.tools("GNOME"), false));
+    f->toggles.perform(QuickToggle::keepAwake);
+    ASSERT_EQ(f->launcher.children.size(), 1U);
+    auto first = f->launcher.children[0];
+    EXPECT_EQ(first->launch.program, bin.bin("systemd-inhibit"));
+    EXPECT_EQ(first->launch.arguments.back(), "infinity");
+    EXPECT_TRUE(f->toggles.isActive(QuickToggle::keepAwake));
+
+    // The second tap asks the child to end; the flag clears only when it has.
+    f->toggles.perform(QuickToggle::keepAwake);
+    EXPECT_TRUE(first->terminateAsked);
+    EXPECT_TRUE(f->toggles.isActive(QuickToggle::keepAwake));
+    FakeProcessLauncher::exit(*first);
+    EXPECT_FALSE(f->toggles.isActive(QuickToggle::keepAwake));
+
+    // Something else ends the next child: the flag follows. A third one is ended at quit.
+    f->toggles.perform(QuickToggle::keepAwake);
+    FakeProcessLauncher::exit(*f->launcher.children[1]);
+    EXPECT_FALSE(f->toggles.isActive(QuickToggle::keepAwake));
+    f->toggles.perform(QuickToggle::keepAwake);
+    auto last = f->launcher.children[2];
+    f.reset();
+    EXPECT_TRUE(last->terminateAsked);
+}
+
+TEST(QuickTogglesTest, LaunchFailuresAreLoggedAndLeaveKeepAwakeOff) {
+    testing::LogCapture log;
+    StandIns bin({"systemd-inhibit", "sleep", "gio", "xset"});
+    Fixture f(ToggleTable(bin.tools("GNOME"), false));
+    f.launcher.failWith = "No such file";
+    f.toggles.perform(QuickToggle::keepAwake);
+    f.toggles.perform(QuickToggle::emptyTrash);
+    f.toggles.perform(QuickToggle::lockScreen);
+    EXPECT_FALSE(f.toggles.isActive(QuickToggle::keepAwake));
+    const std::string text = log.text();
+    EXPECT_NE(text.find("toggles: systemd-inhibit failed: No such file"), std::string::npos) << text;
+    EXPECT_NE(text.find("QuickToggles: " + bin.bin("gio") + " failed: No such file"), std::string::npos)
+        << text;
+    EXPECT_NE(text.find("toggles: lock screen fell back to display sleep"), std::string::npos) << text;
+}
+
+struct StateRow {
+    const char* name;
+    std::string desktop;
+    std::vector<std::string_view> programs;
+    QuickToggle toggle;
+    ProcessResult reply;
+    bool expected;
+};
+
+TEST(QuickTogglesTest, StatesAreReadFromTheDesktop) {
+    const std::vector<StateRow> rows{
+        {"gnome dark",
+         "GNOME",
+         {"gsettings"},
+         QuickToggle::darkMode,
+         {true, false, 0, "'prefer-dark'\n", {}},
+         true},
+        {"gnome light",
+         "GNOME",
+         {"gsettings"},
+         QuickToggle::darkMode,
+         {true, false, 0, "'default'\n", {}},
+         false},
+        {"kde dark",
+         "KDE",
+         {"plasma-apply-colorscheme"},
+         QuickToggle::darkMode,
+         {true, false, 0, " * BreezeClassic\n * BreezeDark (current color scheme)\n", {}},
+         true},
+        {"wpctl muted",
+         "GNOME",
+         {"wpctl"},
+         QuickToggle::mute,
+         {true, false, 0, "Volume: 0.40 [MUTED]\n", {}},
+         true},
+        {"pactl muted", "GNOME", {"pactl"}, QuickToggle::mute, {true, false, 0, "Mute: yes\n", {}}, true},
+        {"hidden shown",
+         "GNOME",
+         {"gsettings"},
+         QuickToggle::showHiddenFiles,
+         {true, false, 0, "true\n", {}},
+         true},
+        {"garbage reply",
+         "GNOME",
+         {"wpctl"},
+         QuickToggle::mute,
+         {true, false, 0, "\x01\xff nonsense", {}},
+         false},
+        {"failed reader",
+         "GNOME",
+         {"gsettings"},
+         QuickToggle::darkMode,
+         {true, false, 1, "'prefer-dark'", {}},
+         false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        StandIns bin({});
+        for (auto program : row.programs) bin.add(program);
+        FakeProcessLauncher launcher;
+        FakeProcessRunner runner;
+        runner.answer = [&](const FakeProcessRunner::Call&) { return row.reply; };
+        InlineQueueFactory queues;
+        VirtualScheduler scheduler;
+        QuickToggles toggles({ToggleTable(bin.tools(row.desktop), false), launcher, runner, nullptr, queues,
+                              scheduler, scheduler, "/home/u"});
+        scheduler.runUntilIdle();
+        EXPECT_EQ(toggles.isActive(row.toggle), row.expected);
+    }
+}
+
+TEST(QuickTogglesTest, DarkModeTakesTheDesktopsWordAfterSwitching) {
+    StandIns bin({"gsettings"});
+    Fixture f(ToggleTable(bin.tools("GNOME"), false));
+    f.runner.answer = [](const FakeProcessRunner::Call&) {
+        return ProcessResult{true, false, 0, "'default'", {}};
+    };
+    f.scheduler.runUntilIdle();
+    f.toggles.perform(QuickToggle::darkMode);
+    EXPECT_TRUE(f.toggles.isActive(QuickToggle::darkMode));
+    f.scheduler.advance(QuickToggles::kRecheckDelay);  // the desktop refused the switch
+    EXPECT_FALSE(f.toggles.isActive(QuickToggle::darkMode));
+}
+
+class FakeDisks final : public RemovableDisks {
+public:
+    bool available() override { return true; }
+    std::vector<std::string> ejectAll() override {
+        ++ejects;
+        return {"/dev/sdb1 busy"};
+    }
+    int ejects = 0;
+};
+
+TEST(QuickTogglesTest, EjectGoesToTheDiskServiceAndLogsWhatStayed) {
+    testing::LogCapture log;
+    StandIns bin({});
+    FakeDisks disks;
+    Fixture f(ToggleTable(bin.tools("GNOME"), true), &disks);
+    f.toggles.perform(QuickToggle::ejectDisks);
+    EXPECT_EQ(disks.ejects, 1);
+    EXPECT_NE(log.text().find("toggles: eject /dev/sdb1 busy"), std::string::npos);
+    EXPECT_FALSE(ToggleTable(bin.tools("GNOME"), false).available(QuickToggle::ejectDisks));
+}
+
+TEST(QuickTogglesTest, PathEntriesThatAreNotFoldersOrNotExecutableFindNothing) {
+    testing::TempDir dir;
+    dir.write("gio", "#!/bin/sh\n");  // not executable
+    const auto tools =
+        DesktopTools::fromEnvironment(MapEnvironment({{"PATH", ":" + dir.path().string() + "::"}}));
+    EXPECT_FALSE(tools.has("gio"));
+    EXPECT_FALSE(tools.has("../gio"));
+    EXPECT_FALSE(DesktopTools::fromEnvironment(MapEnvironment()).has("sh"));
+    EXPECT_EQ(DesktopTools::desktopFrom("ubuntu:GNOME"), DesktopTools::Desktop::gnome);
+    EXPECT_EQ(DesktopTools::desktopFrom("KDE"), DesktopTools::Desktop::kde);
+    EXPECT_EQ(DesktopTools::desktopFrom("kdeish"), DesktopTools::Desktop::other);
+}
+
+}  // namespace
+}  // namespace vantrelle
