@@ -128,4 +128,67 @@ std::array<std::uint16_t, 4> lockVariants(std::uint16_t xModifiers, std::uint16_
             static_cast<std::uint16_t>(xModifiers | lock | numLock)};
 }
 
+std::string xdgTrigger(std::uint32_t keyCode, std::uint32_t comboModifiers) {
+    const auto key = keyByCode(keyCode);
+    if (!key) return {};
+    std::string name;
+    switch (key->keysym) {
+        case ' ':
+            name = "space";
+            break;
+        case '=':
+            name = "equal";
+            break;
+        case '-':
+            name = "minus";
+            break;
+        case ']':
+            name = "bracketright";
+            break;
+        case '[':
+            name = "bracketleft";
+            break;
+        case '\'':
+            name = "apostrophe";
+            break;
+        case ';':
+            name = "semicolon";
+            break;
+        case '\\':
+            name = "backslash";
+            break;
+        case ',':
+            name = "comma";
+            break;
+        case '/':
+            name = "slash";
+            break;
+        case '.':
+            name = "period";
+            break;
+        case '`':
+            name = "grave";
+            break;
+        case 0xff08:
+            name = "BackSpace";
+            break;
+        case 0xff55:
+            name = "Page_Up";
+            break;
+        case 0xff56:
+            name = "Page_Down";
+            break;
+        default:
+            // Letters and digits are their own keysym names, as are F1 to F15 and the other named keys.
+            name =
+                key->keysym < 0x80 ? std::string(1, static_cast<char>(key->keysym)) : std::string(key->name);
+    }
+    std::string trigger;
+    if (comboModifiers & ComboModifier::ctrl) trigger += "CTRL+";
+    if (comboModifiers & ComboModifier::alt) trigger += "ALT+";
+    if (comboModifiers & ComboModifier::shift) trigger += "SHIFT+";
+    if (comboModifiers & ComboModifier::super) trigger += "LOGO+";
+    return trigger + name;
+}
+
 }  // namespace vantrelle

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vantrelle {
@@ -35,5 +36,9 @@ inline constexpr std::uint16_t mod4 = 64;  // Super
 [[nodiscard]] std::uint16_t xModifiers(std::uint32_t comboModifiers);
 // The same combo with every state of Caps Lock and Num Lock, since the server matches the mask exactly.
 [[nodiscard]] std::array<std::uint16_t, 4> lockVariants(std::uint16_t xModifiers, std::uint16_t numLock);
+
+// The combo in the freedesktop shortcut notation the global-shortcuts portal takes, e.g. "CTRL+ALT+k";
+// empty for an unknown key code.
+[[nodiscard]] std::string xdgTrigger(std::uint32_t keyCode, std::uint32_t comboModifiers);
 
 }  // namespace vantrelle

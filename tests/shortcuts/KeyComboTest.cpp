@@ -57,6 +57,13 @@ TEST(KeyTable, TranslatesStoredCodesToX11) {
     }
     EXPECT_FALSE(keyByCode(53));  // Escape closes the panel and the recorder; it is no shortcut
     EXPECT_EQ(lockVariants(4, 16), (std::array<std::uint16_t, 4>{4, 6, 20, 22}));
+    // The portal's notation.
+    EXPECT_EQ(xdgTrigger(40, 6144), "CTRL+ALT+k");
+    EXPECT_EQ(xdgTrigger(121, 256 | 512), "SHIFT+LOGO+Page_Down");
+    EXPECT_EQ(xdgTrigger(96, 0), "F5");
+    EXPECT_EQ(xdgTrigger(49, 4096), "CTRL+space");
+    EXPECT_EQ(xdgTrigger(36, 2048), "ALT+Return");
+    EXPECT_EQ(xdgTrigger(53, 0), "");
 }
 
 TEST(KeyCombos, JsonRoundTripAndBadInput) {
