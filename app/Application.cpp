@@ -169,6 +169,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
         MonitorsComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_x, m_wrappedHistory,
                                   m_aiUsage, m_engine, DemoMode::isOn()});
     m_services.addService("screen time", [this] { m_monitors->start(); });
+    m_shortcuts = std::make_unique<ShortcutsComposition>(
+        ShortcutsComposition::Deps{m_x, m_defaults, m_scheduler, NotificationCenter::shared()});
+    m_shortcuts->wireServices(m_services);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_services.onTerminate = [] { QCoreApplication::quit(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
@@ -312,6 +315,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_shell->registerTileView(DashTile::reminders, QStringLiteral("RemindersTile"));
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
+    m_shortcuts->wireShell(*m_shell);
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsWindow = std::make_unique<SettingsWindow>(m_engine);

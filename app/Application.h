@@ -27,6 +27,7 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "ShortcutsComposition.h"
 #include "SupportViewModel.h"
 #include "TasksViewModel.h"
 #include "ThreadQueue.h"
@@ -169,6 +170,8 @@ private:
     std::unique_ptr<TrayMenu> m_tray;
     // Dev servers, screen time, cursor mileage, system figures and Wrapped; goes before the engine.
     std::unique_ptr<MonitorsComposition> m_monitors;
+    // Global shortcuts and the game; goes before the engine.
+    std::unique_ptr<ShortcutsComposition> m_shortcuts;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
 };

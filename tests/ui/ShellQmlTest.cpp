@@ -22,9 +22,11 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "ShortcutsViewModel.h"
 #include "SupportViewModel.h"
 #include "SystemStatsViewModel.h"
 #include "TasksViewModel.h"
+#include "TavoRunViewModel.h"
 #include "TodayViewModel.h"
 #include "WrappedViewModel.h"
 #include "calc/RatesService.h"
@@ -39,6 +41,8 @@
 #include "focus/PomodoroNotifier.h"
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
+#include "shortcuts/FakeHotKeys.h"
+#include "support/SharedInstance.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -92,6 +96,13 @@ protected:
         engine.viewModels.mirror = &mirrorView;
         engine.viewModels.today = &todayView;
         engine.viewModels.reminders = &remindersView;
+        SharedInstance<ShortcutsViewModel>::install(&shortcutsView);
+        SharedInstance<TavoRunViewModel>::install(&gameView);
+    }
+
+    ~ShellQml() override {
+        SharedInstance<ShortcutsViewModel>::install(nullptr);
+        SharedInstance<TavoRunViewModel>::install(nullptr);
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -183,6 +194,11 @@ protected:
     CameraUse cameraUse;
     MirrorCamera mirrorCamera{cameraUse, scheduler};
     MirrorViewModel mirrorView{mirrorCamera};
+    FakeHotKeys hotKeys;
+    ToolShortcuts shortcuts{defaults, hotKeys, scheduler};
+    ShortcutsViewModel shortcutsView{shortcuts};
+    TavoRun game{scheduler, defaults, notifications};
+    TavoRunViewModel gameView{game};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -254,9 +270,10 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     controller->setExpanded(true, "test");
     shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
+    shell.registerToolView(NotchTab::game, QStringLiteral("TavoRunView"));
     for (const char* tool :
          {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-          "screenTime", "stats", "support", "mirror", "today", "reminders"}) {
+          "screenTime", "stats", "support", "mirror", "today", "reminders", "game"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();
