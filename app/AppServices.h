@@ -30,6 +30,10 @@ public:
     void refreshSchedule() override {
         if (onRefreshSchedule) onRefreshSchedule();
     }
+    void installShortcuts(std::function<void(ShortcutTarget)> onFire) override {
+        if (onInstallShortcuts) onInstallShortcuts(std::move(onFire));
+    }
+    [[nodiscard]] bool isGamePlaying() const override { return onIsGamePlaying && onIsGamePlaying(); }
 
     // Registered in start-up order.
     void addService(std::string name, std::function<void()> start) {
@@ -41,6 +45,8 @@ public:
     std::function<void()> onStopCamera;
     // The panel opened: the calendar and reminders look again at once.
     std::function<void()> onRefreshSchedule;
+    std::function<void(std::function<void(ShortcutTarget)>)> onInstallShortcuts;
+    std::function<bool()> onIsGamePlaying;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

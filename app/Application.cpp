@@ -166,6 +166,9 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
     m_launcher = std::make_unique<LauncherComposition>(
         LauncherComposition::Deps{m_paths, m_environment, m_scheduler, m_queues, m_settings,
                                   m_monitors->mileage(), m_monitors->screenTime()});
+    m_shortcuts = std::make_unique<ShortcutsComposition>(
+        ShortcutsComposition::Deps{m_x, m_defaults, m_scheduler, NotificationCenter::shared()});
+    m_shortcuts->wireServices(m_services);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_monitors->flush(); });
     m_statusLine = std::make_unique<StatusLineComposition>(
         StatusLineComposition::Deps{m_paths, m_aiUsage, m_scheduler, SystemClock::shared(),
@@ -329,6 +332,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
     m_launcher->wire(*m_shell, m_engine);
+    m_shortcuts->wireShell(*m_shell);
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);

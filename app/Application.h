@@ -30,6 +30,7 @@
 #include "ShellEngine.h"
 #include "ShellModel.h"
 #include "StatusLineComposition.h"
+#include "ShortcutsComposition.h"
 #include "SupportViewModel.h"
 #include "SystemControlComposition.h"
 #include "TasksViewModel.h"
@@ -185,6 +186,8 @@ private:
     std::unique_ptr<LauncherComposition> m_launcher;
     // Quick toggles and tray icons; goes before the engine.
     std::unique_ptr<SystemControlComposition> m_systemControl;
+    // Global shortcuts and the game; goes before the engine.
+    std::unique_ptr<ShortcutsComposition> m_shortcuts;
     LocalInstanceChannel* m_instance;
     InstanceCommands m_instanceCommands;
     std::unique_ptr<StatusLineComposition> m_statusLine;

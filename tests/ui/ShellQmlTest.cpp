@@ -27,9 +27,11 @@
 #include "ShelfViewModel.h"
 #include "ShellEngine.h"
 #include "ShellModel.h"
+#include "ShortcutsViewModel.h"
 #include "SupportViewModel.h"
 #include "SystemStatsViewModel.h"
 #include "TasksViewModel.h"
+#include "TavoRunViewModel.h"
 #include "TodayViewModel.h"
 #include "WrappedViewModel.h"
 #include "calc/RatesService.h"
@@ -47,6 +49,8 @@
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
 #include "toggles/FakeProcessLauncher.h"
+#include "shortcuts/FakeHotKeys.h"
+#include "support/SharedInstance.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
@@ -114,6 +118,13 @@ protected:
         tray.list = {{"a", "nm-applet", "Network", "", 7}, {"b", "", "Foo Helper", "", 8}};
         engine.viewModels.quickToggles = &togglesView;
         engine.viewModels.menuBar = &menuBarView;
+        SharedInstance<ShortcutsViewModel>::install(&shortcutsView);
+        SharedInstance<TavoRunViewModel>::install(&gameView);
+    }
+
+    ~ShellQml() override {
+        SharedInstance<ShortcutsViewModel>::install(nullptr);
+        SharedInstance<TavoRunViewModel>::install(nullptr);
     }
 
     // Builds a component of the module; the errors it met, if any.
@@ -236,6 +247,11 @@ protected:
     FakeScreens trayScreens;
     MenuBarIcons menuBarIcons{{tray, trayScreens, scheduler, scheduler, {}, {}}};
     MenuBarViewModel menuBarView{menuBarIcons, [] {}};
+    FakeHotKeys hotKeys;
+    ToolShortcuts shortcuts{defaults, hotKeys, scheduler};
+    ShortcutsViewModel shortcutsView{shortcuts};
+    TavoRun game{scheduler, defaults, notifications};
+    TavoRunViewModel gameView{game};
     ShellEngine engine;
     std::vector<std::string> problems;
 };
@@ -311,9 +327,10 @@ TEST_F(ShellQml, TheOpenPanelShowsEachBuiltToolWithoutErrors) {
     controller->setExpanded(true, "test");
     shell.registerToolView(NotchTab::support, QStringLiteral("SupportView"));
     shell.registerToolView(NotchTab::mirror, QStringLiteral("MirrorView"));
+    shell.registerToolView(NotchTab::game, QStringLiteral("TavoRunView"));
     for (const char* tool :
          {"dashboard", "calc", "aiUsage", "shelf", "focus", "notes", "tasks", "music", "devServers",
-          "screenTime", "stats", "support", "mirror", "today", "reminders", "menuBar"}) {
+          "screenTime", "stats", "support", "mirror", "today", "reminders", "menuBar", "game"}) {
         SCOPED_TRACE(tool);
         shell.selectTab(QString::fromUtf8(tool));
         QCoreApplication::processEvents();

@@ -1,0 +1,50 @@
+#include "TavoRunViewModel.h"
+
+#include <QJSEngine>
+#include <QVariantMap>
+
+#include "support/DebugLog.h"
+#include "support/SharedInstance.h"
+
+namespace vantrelle {
+
+TavoRunViewModel::TavoRunViewModel(TavoRun& game) : m_game(game) {
+    m_connection = m_game.changed.connect([this] { Q_EMIT changed(); });
+}
+
+TavoRunViewModel* TavoRunViewModel::create(QQmlEngine*, QJSEngine*) {
+    if (!SharedInstance<TavoRunViewModel>::isInstalled()) {
+        DebugLog::write("ui: no TavoRunViewModel for QML");
+        return nullptr;
+    }
+    auto* model = &SharedInstance<TavoRunViewModel>::get();
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
+}
+
+QString TavoRunViewModel::phase() const {
+    const auto raw = rawName(m_game.phase());
+    return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
+}
+
+QVariantList TavoRunViewModel::obstacles() const {
+    QVariantList list;
+    for (const auto& o : m_game.obstacles())
+        list.push_back(QVariantMap{{QStringLiteral("x"), o.x},
+                                   {QStringLiteral("width"), o.width},
+                                   {QStringLiteral("height"), o.height}});
+    return list;
+}
+
+QString TavoRunViewModel::banner() const {
+    return QString::fromStdString(tavoRunBanner(m_game));
+}
+
+void TavoRunViewModel::setViewShown(bool shown) {
+    if (shown == m_shown) return;
+    m_shown = shown;
+    DebugLog::write(shown ? "game: view shown" : "game: view hidden");
+    if (!shown) m_game.pause();
+}
+
+}  // namespace vantrelle
