@@ -48,9 +48,9 @@
 #include "menubar/FakeTrayItems.h"
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
-#include "toggles/FakeProcessLauncher.h"
 #include "shortcuts/FakeHotKeys.h"
 #include "support/SharedInstance.h"
+#include "toggles/FakeProcessLauncher.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
 
