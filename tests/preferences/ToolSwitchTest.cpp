@@ -31,6 +31,9 @@ TEST_F(ToolSwitchTest, TheDashboardIsRefusedWithItsReason) {
     EXPECT_FALSE(outcome.applied);
     EXPECT_NE(outcome.note.find("Dashboard stays on"), std::string::npos) << outcome.note;
     EXPECT_TRUE(settings.isEnabled(NotchTab::dashboard));
+    // A list set without it (as an old file may hold) still refuses, rather than reading as done.
+    settings.setEnabledTabs({NotchTab::notes});
+    EXPECT_FALSE(switchTool(settings, NotchTab::dashboard, false).applied);
 }
 
 TEST_F(ToolSwitchTest, TheLastToolIsRefusedAndNamed) {
