@@ -1,7 +1,7 @@
 import QtQuick
 import Vantrelle.Shell
 
-// The Today tile: the next two events, and a Join button for the next call.
+// The Today tile: the next two events, or the next one and a Join button for the next call.
 Column {
     id: tile
     spacing: 4
@@ -19,7 +19,7 @@ Column {
             required property string time
             required property bool declined
             required property string service
-            visible: index < 2
+            visible: index < (join.visible ? 1 : 2)
             width: parent.width
             Text {
                 width: parent.width
