@@ -25,7 +25,7 @@ void LauncherViewModel::refreshRows() {
     std::vector<LauncherAppListModel::Row> rows;
     for (const LauncherApp& app : m_model.apps()) {
         rows.push_back({QString::fromStdString(app.id), QString::fromStdString(app.name),
-                        LauncherIconProvider::sourceFor(app.icon)});
+                        LauncherIconProvider::sourceFor(app.icon, app.name)});
     }
     m_apps.setRows(std::move(rows));
 }

@@ -37,7 +37,7 @@ TEST_F(LauncherViewModels, AClickStartsTheAppAndFoldsTheNotchAway) {
     ASSERT_EQ(view.apps()->count(), 1);
     const auto& row = view.apps()->rows()[0];
     EXPECT_EQ(row.name, QStringLiteral("My App"));
-    EXPECT_EQ(row.iconSource, QStringLiteral("image://launcher/%2Fno%2Fsuch%20icon.png"));
+    EXPECT_EQ(row.iconSource, QStringLiteral("image://launcher/%2Fno%2Fsuch%20icon.png/M"));
 
     runner.calls.clear();
     view.launch(QStringLiteral("my app"));
@@ -51,8 +51,8 @@ TEST_F(LauncherViewModels, AClickStartsTheAppAndFoldsTheNotchAway) {
 TEST_F(LauncherViewModels, AnIconThatCannotBeFoundStillDrawsSomething) {
     LauncherIconProvider provider;
     QSize size;
-    for (const QString& id : {QStringLiteral("%2Fno%2Fsuch%20icon.png"), QStringLiteral("no-such-icon-name"),
-                              QString(), QStringLiteral("%%%")}) {
+    for (const QString& id : {QStringLiteral("%2Fno%2Fsuch%20icon.png/M"),
+                              QStringLiteral("no-such-icon-name"), QString(), QStringLiteral("%%%")}) {
         SCOPED_TRACE(id.toStdString());
         const QImage image = provider.requestImage(id, &size, QSize(32, 32));
         EXPECT_FALSE(image.isNull());
