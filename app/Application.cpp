@@ -12,6 +12,7 @@
 #include <QUrl>
 #include <nlohmann/json.hpp>
 
+#include "CommandPath.h"
 #include "DemoShelfFiles.h"
 #include "app/LaunchFiles.h"
 #include "files/ScreenCapture.h"
@@ -47,7 +48,7 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
       m_paths(AppPaths::fromEnvironment(environment)),
       m_launchFilesReady(m_paths),
       m_defaults(m_paths.defaultsFile()),
-      m_loginItem(m_paths.autostartEntry(), QCoreApplication::applicationFilePath().toStdString()),
+      m_loginItem(m_paths.autostartEntry(), commandPath()),
       m_settings(m_defaults, NotificationCenter::shared(), m_loginItem, m_scheduler),
       m_activities(m_scheduler),
       m_desktop(m_x),

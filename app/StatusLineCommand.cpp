@@ -9,10 +9,11 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "InstanceLaunch.h"
+#include "CommandPath.h"
 #include "InstanceSocket.h"
 #include "app/StatusLine.h"
 #include "instance/InstanceCommands.h"
+#include "instance/InstanceFolder.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "support/AppPaths.h"
@@ -67,10 +68,8 @@ std::optional<StatusFigures> askApp(const std::filesystem::path& socket, const s
 }  // namespace
 
 std::string vantrelle::statusLineCommandForClaude() {
-    std::error_code error;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (error || self.empty()) return "vantrelle statusline";
-    const std::string path = self.string();
+    const std::string path = commandPath();
+    if (path.empty()) return "vantrelle statusline";
     // A plain path needs no quotes, and reads better in the user's settings.
     if (path.find_first_of(" \t\"'\\`$;&|<>()*?[]#~!{}") == std::string::npos) return path + " statusline";
     std::string quoted = "\"";
@@ -99,7 +98,7 @@ int runStatusLineCommand(int argc, char** argv) {
 
     auto& environment = ProcessEnvironment::shared();
     const auto paths = AppPaths::fromEnvironment(environment);
-    const auto socket = instanceFolder(environment) / "instance.sock";
+    const auto socket = instanceFolder(environment, paths) / "instance.sock";
     const auto figuresFile = paths.cacheRoot() / std::string(kStatusFiguresFile);
 
     StatusSources sources;

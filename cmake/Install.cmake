@@ -9,6 +9,7 @@ configure_file(${PROJECT_SOURCE_DIR}/packaging/${VANTRELLE_APP_ID}.metainfo.xml.
                ${PROJECT_BINARY_DIR}/packaging/${VANTRELLE_APP_ID}.metainfo.xml @ONLY)
 
 install(TARGETS vantrelle RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS vantrelle_shell RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/vantrelle)
 install(FILES packaging/${VANTRELLE_APP_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/${VANTRELLE_APP_ID}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES ${PROJECT_BINARY_DIR}/packaging/${VANTRELLE_APP_ID}.metainfo.xml

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "instance/InstanceCommands.h"
+#include "instance/InstanceFolder.h"
 #include "support/DebugLog.h"
 
 namespace vantrelle {
@@ -85,11 +86,7 @@ std::optional<std::string> LocalInstanceChannel::ask(const std::filesystem::path
 
 std::filesystem::path LocalInstanceChannel::defaultFolder(const Environment& environment,
                                                           const AppPaths& paths) {
-    if (auto runtime = environment.get("XDG_RUNTIME_DIR")) {
-        const std::filesystem::path folder(*runtime);
-        if (folder.is_absolute()) return folder / "vantrelle";
-    }
-    return paths.cacheRoot();
+    return instanceFolder(environment, paths);
 }
 
 }  // namespace vantrelle

@@ -11,12 +11,14 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 
 DESTDIR="$work/stage" cmake --install "$build" --prefix /usr >/dev/null
 root="$work/stage/usr"
-for file in bin/vantrelle share/applications/com.quorvane.vantrelle.desktop \
+for file in bin/vantrelle libexec/vantrelle/vantrelle-shell share/applications/com.quorvane.vantrelle.desktop \
   share/icons/hicolor/scalable/apps/com.quorvane.vantrelle.svg share/metainfo/com.quorvane.vantrelle.metainfo.xml \
   share/man/man1/vantrelle.1 share/bash-completion/completions/vantrelle share/zsh/vendor-completions/_vantrelle; do
   [[ -f "$root/$file" ]] || fail "not installed: $file"
 done
 [[ "$("$root/bin/vantrelle" --version)" == "vantrelle $version" ]] || fail "--version"
+# The command finds the shell program where it was installed, and hands other commands to it.
+[[ "$("$root/bin/vantrelle" calc 2+2)" == 4* ]] || fail "the installed command doesn't reach the shell"
 grep -q "release version=\"$version\"" "$root/share/metainfo/com.quorvane.vantrelle.metainfo.xml" ||
   fail "the metadata names another release"
 if command -v desktop-file-validate >/dev/null; then
@@ -30,12 +32,13 @@ bash -n "$root/share/bash-completion/completions/vantrelle" || fail "bash comple
 # Another prefix is honoured.
 DESTDIR="$work/opt" cmake --install "$build" --prefix /opt/vantrelle >/dev/null
 [[ -x "$work/opt/opt/vantrelle/bin/vantrelle" ]] || fail "PREFIX not honoured"
+[[ "$("$work/opt/opt/vantrelle/bin/vantrelle" calc 1+1)" == 2* ]] || fail "the shell under another prefix"
 
 if command -v dpkg-deb >/dev/null && command -v dpkg-shlibdeps >/dev/null; then
   (cd "$work" && cpack -G DEB -B "$work/package" --config "$build/CPackConfig.cmake" >/dev/null)
   deb=$(ls "$work"/package/vantrelle_"$version"_*.deb)
   contents=$(dpkg-deb -c "$deb")
-  for file in ./usr/bin/vantrelle ./usr/share/applications/com.quorvane.vantrelle.desktop \
+  for file in ./usr/bin/vantrelle ./usr/libexec/vantrelle/vantrelle-shell ./usr/share/applications/com.quorvane.vantrelle.desktop \
     ./usr/share/metainfo/com.quorvane.vantrelle.metainfo.xml; do
     grep -qF "$file" <<<"$contents" || fail "package lacks $file"
   done
