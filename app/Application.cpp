@@ -333,7 +333,7 @@ void Application::wirePlatform(NotchOverlayController& overlay) {
     m_engine.viewModels.today = m_todayView.get();
     m_engine.viewModels.reminders = m_remindersView.get();
     m_launcher->wire(*m_shell, m_engine);
-    m_shortcuts->wireShell(*m_shell);
+    m_shortcuts->wireShell(*m_shell, m_engine);
 
     m_settingsView = std::make_unique<SettingsViewModel>(m_settings);
     m_settingsView->attachCalendars(m_calendarPreferences, chooseCalendarFolder);

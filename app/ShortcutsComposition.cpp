@@ -2,8 +2,8 @@
 
 #include <random>
 
+#include "ShellEngine.h"
 #include "ShellModel.h"
-#include "support/SharedInstance.h"
 
 namespace vantrelle {
 
@@ -13,15 +13,9 @@ ShortcutsComposition::ShortcutsComposition(Deps deps)
       m_shortcuts(deps.defaults, m_portal ? static_cast<HotKeys&>(*m_portal) : m_x11, deps.scheduler),
       m_game(deps.scheduler, deps.defaults, deps.notifications, std::random_device{}()),
       m_shortcutsView(m_shortcuts),
-      m_gameView(m_game) {
-    SharedInstance<ShortcutsViewModel>::install(&m_shortcutsView);
-    SharedInstance<TavoRunViewModel>::install(&m_gameView);
-}
+      m_gameView(m_game) {}
 
-ShortcutsComposition::~ShortcutsComposition() {
-    SharedInstance<ShortcutsViewModel>::install(nullptr);
-    SharedInstance<TavoRunViewModel>::install(nullptr);
-}
+ShortcutsComposition::~ShortcutsComposition() = default;
 
 void ShortcutsComposition::wireServices(AppServices& services) {
     services.onInstallShortcuts = [this](std::function<void(ShortcutTarget)> onFire) {
@@ -31,8 +25,10 @@ void ShortcutsComposition::wireServices(AppServices& services) {
     services.onIsGamePlaying = [this] { return m_game.isPlaying(); };
 }
 
-void ShortcutsComposition::wireShell(ShellModel& shell) {
+void ShortcutsComposition::wireShell(ShellModel& shell, ShellEngine& engine) {
     shell.registerToolView(NotchTab::game, QStringLiteral("TavoRunView"));
+    engine.viewModels.shortcuts = &m_shortcutsView;
+    engine.viewModels.game = &m_gameView;
 }
 
 }  // namespace vantrelle

@@ -11,6 +11,7 @@
 namespace vantrelle {
 
 class ShellModel;
+class ShellEngine;
 
 // Global shortcuts and the game with their adapters and view models. Owned by the composition root;
 // the overlay reaches both through the app's services.
@@ -32,7 +33,7 @@ public:
     // The overlay's start registers the shortcuts; its mouse-left rule asks whether a run is going.
     void wireServices(AppServices& services);
     // The game's tool view.
-    void wireShell(ShellModel& shell);
+    void wireShell(ShellModel& shell, ShellEngine& engine);
 
 private:
     // The desktop's portal where it offers one, else key grabs on the X server.

@@ -27,6 +27,8 @@ class LauncherViewModel;
 class DayProgressViewModel;
 class QuickTogglesViewModel;
 class MenuBarViewModel;
+class ShortcutsViewModel;
+class TavoRunViewModel;
 
 // The QML engine of the shell: it finds the shell's QML module (Vantrelle.Shell) and hands the module's
 // singletons the view models the composition root built. The view models stay the composition root's.
@@ -63,6 +65,9 @@ public:
         // System control: the quick toggles and the tray icons.
         QuickTogglesViewModel* quickToggles = nullptr;
         MenuBarViewModel* menuBar = nullptr;
+        // The shortcut recorder and the game.
+        ShortcutsViewModel* shortcuts = nullptr;
+        TavoRunViewModel* game = nullptr;
     };
     ViewModels viewModels;
 

@@ -2,9 +2,9 @@
 
 #include <QJSEngine>
 
+#include "ShellEngine.h"
 #include "catalog/NotchTab.h"
 #include "support/DebugLog.h"
-#include "support/SharedInstance.h"
 
 namespace vantrelle {
 
@@ -27,14 +27,8 @@ ShortcutsViewModel::ShortcutsViewModel(ToolShortcuts& shortcuts) : m_shortcuts(s
     refreshRows();
 }
 
-ShortcutsViewModel* ShortcutsViewModel::create(QQmlEngine*, QJSEngine*) {
-    if (!SharedInstance<ShortcutsViewModel>::isInstalled()) {
-        DebugLog::write("ui: no ShortcutsViewModel for QML");
-        return nullptr;
-    }
-    auto* model = &SharedInstance<ShortcutsViewModel>::get();
-    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
-    return model;
+ShortcutsViewModel* ShortcutsViewModel::create(QQmlEngine* engine, QJSEngine*) {
+    return ShellEngine::provide(engine, &ShellEngine::ViewModels::shortcuts);
 }
 
 void ShortcutsViewModel::refreshRows() {

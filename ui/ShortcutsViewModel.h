@@ -26,7 +26,7 @@ class ShortcutsViewModel final : public QObject {
 
 public:
     explicit ShortcutsViewModel(ToolShortcuts& shortcuts);
-    // The instance the composition root installed as SharedInstance<ShortcutsViewModel>.
+    // The instance the composition root set on the shell's engine.
     static ShortcutsViewModel* create(QQmlEngine* engine, QJSEngine*);
 
     [[nodiscard]] ShortcutListModel* rows() { return &m_rows; }

@@ -3,8 +3,8 @@
 #include <QJSEngine>
 #include <QVariantMap>
 
+#include "ShellEngine.h"
 #include "support/DebugLog.h"
-#include "support/SharedInstance.h"
 
 namespace vantrelle {
 
@@ -12,14 +12,8 @@ TavoRunViewModel::TavoRunViewModel(TavoRun& game) : m_game(game) {
     m_connection = m_game.changed.connect([this] { Q_EMIT changed(); });
 }
 
-TavoRunViewModel* TavoRunViewModel::create(QQmlEngine*, QJSEngine*) {
-    if (!SharedInstance<TavoRunViewModel>::isInstalled()) {
-        DebugLog::write("ui: no TavoRunViewModel for QML");
-        return nullptr;
-    }
-    auto* model = &SharedInstance<TavoRunViewModel>::get();
-    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
-    return model;
+TavoRunViewModel* TavoRunViewModel::create(QQmlEngine* engine, QJSEngine*) {
+    return ShellEngine::provide(engine, &ShellEngine::ViewModels::game);
 }
 
 QString TavoRunViewModel::phase() const {

@@ -33,7 +33,7 @@ class TavoRunViewModel final : public QObject {
 
 public:
     explicit TavoRunViewModel(TavoRun& game);
-    // The instance the composition root installed as SharedInstance<TavoRunViewModel>.
+    // The instance the composition root set on the shell's engine.
     static TavoRunViewModel* create(QQmlEngine* engine, QJSEngine*);
 
     [[nodiscard]] QString phase() const;

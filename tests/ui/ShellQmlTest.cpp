@@ -49,7 +49,6 @@
 #include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
 #include "shortcuts/FakeHotKeys.h"
-#include "support/SharedInstance.h"
 #include "toggles/FakeProcessLauncher.h"
 
 Q_IMPORT_QML_PLUGIN(Vantrelle_ShellPlugin)
@@ -118,13 +117,8 @@ protected:
         tray.list = {{"a", "nm-applet", "Network", "", 7}, {"b", "", "Foo Helper", "", 8}};
         engine.viewModels.quickToggles = &togglesView;
         engine.viewModels.menuBar = &menuBarView;
-        SharedInstance<ShortcutsViewModel>::install(&shortcutsView);
-        SharedInstance<TavoRunViewModel>::install(&gameView);
-    }
-
-    ~ShellQml() override {
-        SharedInstance<ShortcutsViewModel>::install(nullptr);
-        SharedInstance<TavoRunViewModel>::install(nullptr);
+        engine.viewModels.shortcuts = &shortcutsView;
+        engine.viewModels.game = &gameView;
     }
 
     // Builds a component of the module; the errors it met, if any.
