@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QDBusMessage>
 #include <QStandardPaths>
 #include <QThread>
 
 #include "FakeStatusNotifier.h"
+#include "GuiApplication.h"
+#include "MenuBarViewModel.h"
 #include "PrivateSessionBus.h"
 #include "TestApplication.h"
 #include "fakes/FakeOverlayPorts.h"
@@ -19,12 +22,22 @@ using testing::FakeStatusNotifierItem;
 using testing::FakeStatusNotifierWatcher;
 
 // The watcher and two items answer from a thread of their own, since the adapter's calls block.
-class SniTrayItemsTest : public testing::EventLoopTest {
+class SniTrayItemsTest : public ::testing::Test {
 protected:
+    // Pictures need a GUI application; the offscreen platform does without a display.
+    static void SetUpTestSuite() { testing::guiApplication(); }
     void SetUp() override {
         if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
             GTEST_SKIP() << "dbus-daemon is not installed";
         ASSERT_FALSE(bus.address().isEmpty());
+        qDBusRegisterMetaType<testing::FakePixmap>();
+        qDBusRegisterMetaType<testing::FakePixmaps>();
+        foo.setPicture(QStringLiteral("applications-system"), {});
+        // The 16 is the nearest usable size; the 18 is short of bytes.
+        auto broken = testing::solidPixmap(18, qRgb(255, 0, 0));
+        broken.argb.chop(1);
+        bar.setPicture(QString(), {testing::solidPixmap(48, qRgb(255, 0, 0)), broken,
+                                   testing::solidPixmap(16, qRgb(0, 160, 80))});
         serving.start();
         itemBus = QDBusConnection::connectToBus(bus.address(), QStringLiteral("fake-items"));
         ASSERT_TRUE(itemBus.isConnected());
@@ -99,6 +112,40 @@ TEST_F(SniTrayItemsTest, ListsTheWatchersItemsAndHidesTheOneBehindTheNotch) {
     EXPECT_TRUE(second.isHidden);  // one point into the notch
     EXPECT_EQ(second.pid, ::getpid());
     EXPECT_EQ(second.id, "foo#0#" + std::to_string(::getpid()));
+}
+
+// The colour at the picture's centre, as the view would draw the row's source.
+QColor centreOf(MenuBarIconProvider& provider, const QString& source) {
+    const QString prefix = QStringLiteral("image://menubar/");
+    if (!source.startsWith(prefix)) return {};
+    QSize size;
+    const QImage image = provider.requestImage(source.mid(prefix.size()), &size, QSize(32, 32));
+    if (image.isNull() || size != QSize(32, 32)) return {};
+    return image.pixelColor(16, 16);
+}
+
+TEST_F(SniTrayItemsTest, TheItemsPicturesReachTheViewAndFollowNewIcon) {
+    MenuBarViewModel view(*icons, [] {});
+    std::unique_ptr<MenuBarIconProvider> provider(view.makeImageProvider());
+    view.setShown(true);
+    ASSERT_EQ(icons->icons().size(), 2U);
+    EXPECT_EQ(icons->icons()[1].iconName, "applications-system");
+    EXPECT_EQ(icons->icons()[0].pixmap.width, 16);
+
+    ASSERT_EQ(view.visible()->rows().size(), 1U);
+    const QString before = view.visible()->rows()[0].icon;
+    EXPECT_EQ(centreOf(*provider, before), QColor(0, 160, 80));
+    ASSERT_EQ(view.hidden()->rows().size(), 1U);
+    EXPECT_TRUE(centreOf(*provider, view.hidden()->rows()[0].icon).isValid());  // theme icon or initial
+
+    // The item changes its picture and says so; no poll is due on the virtual clock.
+    bar.setPicture(QString(), {testing::solidPixmap(16, qRgb(20, 40, 220))});
+    itemBus.send(QDBusMessage::createSignal(QStringLiteral("/org/ayatana/NotificationItem/bar"),
+                                            QStringLiteral("org.kde.StatusNotifierItem"),
+                                            QStringLiteral("NewIcon")));
+    ASSERT_TRUE(testing::spinUntil([&] { return view.visible()->rows()[0].icon != before; }));
+    EXPECT_EQ(centreOf(*provider, view.visible()->rows()[0].icon), QColor(20, 40, 220));
+    view.setShown(false);
 }
 
 TEST_F(SniTrayItemsTest, OpeningReachesTheItemAndFallsBackToItsMenu) {
