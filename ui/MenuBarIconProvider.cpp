@@ -1,7 +1,7 @@
 #include "MenuBarIconProvider.h"
 
 #include <QDir>
-#include <QDirIterator>
+#include <QFileInfo>
 #include <QIcon>
 #include <QUrl>
 #include <algorithm>
@@ -11,19 +11,35 @@
 namespace vantrelle {
 namespace {
 
+// Programs lay their folder out like an icon theme ("hicolor/22x22/apps/name.png"), so a few levels
+// are searched; the limits keep a folder such as "/" from stalling the view.
+constexpr int kFolderDepth = 4;
+constexpr int kFolderEntries = 4000;
+
 // The biggest file of that name under the program's own folder; SVG wins since it scales.
 QImage fromOwnFolder(const QString& folder, const QString& name, int side) {
     if (folder.isEmpty() || name.isEmpty() || name.contains(QLatin1Char('/'))) return {};
+    const QStringList wanted{name + QStringLiteral(".svg"), name + QStringLiteral(".png")};
     QString best;
-    qint64 bestSize = -1;
-    QDirIterator files(folder, {name + QStringLiteral(".svg"), name + QStringLiteral(".png")}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QFileInfo file(files.next());
-        const qint64 weight = file.suffix() == QLatin1String("svg") ? INT64_MAX : file.size();
-        if (weight > bestSize) {
-            best = file.filePath();
-            bestSize = weight;
+    qint64 bestWeight = -1;
+    QList<QPair<QString, int>> pending{{folder, 0}};
+    int visited = 0;
+    while (!pending.isEmpty() && visited < kFolderEntries) {
+        const auto [path, depth] = pending.takeFirst();
+        const auto entries = QDir(path).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+        for (const QFileInfo& entry : entries) {
+            if (++visited > kFolderEntries) break;
+            if (entry.isDir()) {
+                if (depth + 1 < kFolderDepth && !entry.isSymLink())
+                    pending.append({entry.filePath(), depth + 1});
+                continue;
+            }
+            if (!wanted.contains(entry.fileName())) continue;
+            const qint64 weight = entry.suffix() == QLatin1String("svg") ? INT64_MAX : entry.size();
+            if (weight > bestWeight) {
+                best = entry.filePath();
+                bestWeight = weight;
+            }
         }
     }
     if (best.isEmpty()) return {};
@@ -84,8 +100,10 @@ QImage MenuBarIconProvider::requestImage(const QString& id, QSize* size, const Q
     }
     QImage image = fromOwnFolder(picture.iconThemePath, picture.iconName, side);
     if (image.isNull()) image = fromTheme(picture.iconName, side);
-    if (image.isNull() && !picture.pixmap.isNull())
-        image = picture.pixmap.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (image.isNull()) image = picture.pixmap;
+    // Icons come in the sizes their makers drew; the view asks for one.
+    if (!image.isNull() && std::max(image.width(), image.height()) != side)
+        image = image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (image.isNull()) image = LauncherIconProvider::placeholder(side, picture.initial);
     if (size) *size = image.size();
     return image;

@@ -2,7 +2,9 @@
 #include <unistd.h>
 
 #include <QDBusMessage>
+#include <QDir>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include "FakeStatusNotifier.h"
@@ -170,6 +172,40 @@ TEST_F(SniTrayItemsTest, WithoutAWatcherTheToolSaysSo) {
     EXPECT_FALSE(icons->trusted());
     EXPECT_TRUE(icons->icons().empty());
     EXPECT_FALSE(tray->activate("org.example.Gone/StatusNotifierItem", 0, 0));
+}
+
+TEST(MenuBarIconProvider, TheProgramsOwnFolderComesFirstThenItsPixmap) {
+    testing::guiApplication();
+    QTemporaryDir folder;
+    ASSERT_TRUE(folder.isValid());
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("hicolor/22x22/apps")));
+    QImage own(22, 22, QImage::Format_ARGB32);
+    own.fill(QColor(200, 0, 200));
+    ASSERT_TRUE(own.save(folder.filePath(QStringLiteral("hicolor/22x22/apps/vantrelle-test-tray.png"))));
+
+    MenuBarIcon icon;
+    icon.id = "tray#0#1";
+    icon.appName = "Tray";
+    const auto green = testing::solidPixmap(16, qRgb(0, 160, 80));
+    icon.pixmap = {16, 16, std::vector<std::uint8_t>(green.argb.begin(), green.argb.end())};
+    const struct {
+        std::string name;
+        QString themePath;
+        QColor expected;
+    } cases[] = {
+        {"vantrelle-test-tray", folder.path(), QColor(200, 0, 200)},
+        {"vantrelle-test-missing", folder.path(), QColor(0, 160, 80)},
+        {"vantrelle-test-missing", QStringLiteral("/"), QColor(0, 160, 80)},  // bounded, not the disk
+        {"../vantrelle-test-tray", folder.path(), QColor(0, 160, 80)},
+    };
+    auto store = std::make_shared<MenuBarIconProvider::Store>();
+    MenuBarIconProvider provider(store);
+    for (const auto& c : cases) {
+        icon.iconName = c.name;
+        icon.iconThemePath = c.themePath.toStdString();
+        const QString source = MenuBarIconProvider::update(*store, {icon}).value(QStringLiteral("tray#0#1"));
+        EXPECT_EQ(centreOf(provider, source), c.expected) << c.name;
+    }
 }
 
 }  // namespace
