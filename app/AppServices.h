@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "overlay/OverlayPorts.h"
 #include "support/DebugLog.h"
@@ -34,6 +35,9 @@ public:
         if (onInstallShortcuts) onInstallShortcuts(std::move(onFire));
     }
     [[nodiscard]] bool isGamePlaying() const override { return onIsGamePlaying && onIsGamePlaying(); }
+    [[nodiscard]] std::optional<Date> menuBarIgnoreClicksUntil() const override {
+        return onMenuBarIgnoreClicksUntil ? onMenuBarIgnoreClicksUntil() : std::nullopt;
+    }
 
     // Registered in start-up order.
     void addService(std::string name, std::function<void()> start) {
@@ -47,6 +51,7 @@ public:
     std::function<void()> onRefreshSchedule;
     std::function<void(std::function<void(ShortcutTarget)>)> onInstallShortcuts;
     std::function<bool()> onIsGamePlaying;
+    std::function<std::optional<Date>()> onMenuBarIgnoreClicksUntil;
 
 private:
     std::vector<std::pair<std::string, std::function<void()>>> m_services;

@@ -180,6 +180,7 @@ Application::Application(const Environment& environment, LocalInstanceChannel* i
             if (auto* overlay = m_delegate.overlay()) overlay->setExpanded(false, "system control");
         }});
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_windows, [this] { m_systemControl->quit(); });
+    m_services.onMenuBarIgnoreClicksUntil = [this] { return m_systemControl->ignoreClicksUntil(); };
     m_services.onStopCamera = [this] { m_mirrorCamera.stop(); };
     SharedInstance<CalendarService>::install(&m_calendar);
     m_services.onRefreshSchedule = [this] {

@@ -41,6 +41,8 @@ public:
     void wire(ShellModel& shell, ShellEngine& engine, SettingsViewModel& settings);
     // At quit: the keep-awake child goes with the program.
     void quit() { m_toggles.endKeepAwake(); }
+    // The overlay ignores clicks until then: they are the Menu Bar tool's own, opening an icon.
+    [[nodiscard]] std::optional<Date> ignoreClicksUntil() const { return m_menuBar.ignoreClicksUntil(); }
 
 private:
     QtProcessLauncher m_launcher;

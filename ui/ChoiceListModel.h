@@ -28,7 +28,7 @@ public:
     struct Row {
         QString raw;
         QString title;
-        QString icon;  // a glyph of the icon font
+        QString icon;  // a glyph of the icon font; an image's source where the list says so
         QString detail;
         QColor tint;
         bool chosen = false;

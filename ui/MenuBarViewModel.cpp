@@ -1,5 +1,7 @@
 #include "MenuBarViewModel.h"
 
+#include <QQmlEngine>
+
 #include "ShellEngine.h"
 #include "menubar/MenuBarTexts.h"
 
@@ -11,12 +13,14 @@ QString text(std::string_view value) {
     return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
 }
 
-std::vector<ChoiceListModel::Row> rowsOf(const std::vector<MenuBarIcon>& icons) {
+std::vector<ChoiceListModel::Row> rowsOf(const std::vector<MenuBarIcon>& icons,
+                                         const QHash<QString, QString>& sources) {
     std::vector<ChoiceListModel::Row> rows;
     for (const auto& icon : icons) {
-        rows.push_back({QString::fromStdString(icon.id),
+        const QString id = QString::fromStdString(icon.id);
+        rows.push_back({id,
                         QString::fromStdString(icon.label),
-                        {},
+                        sources.value(id),
                         QString::fromStdString(icon.appName),
                         {},
                         icon.isHidden});
@@ -36,7 +40,11 @@ MenuBarViewModel::MenuBarViewModel(MenuBarIcons& icons, std::function<void()> co
 }
 
 MenuBarViewModel* MenuBarViewModel::create(QQmlEngine* engine, QJSEngine*) {
-    return ShellEngine::provide(engine, &ShellEngine::ViewModels::menuBar);
+    auto* model = ShellEngine::provide(engine, &ShellEngine::ViewModels::menuBar);
+    // The view draws the pictures through "image://menubar/…".
+    if (model && !engine->imageProvider(QStringLiteral("menubar")))
+        engine->addImageProvider(QStringLiteral("menubar"), model->makeImageProvider());
+    return model;
 }
 
 QString MenuBarViewModel::status() const {
@@ -85,8 +93,9 @@ void MenuBarViewModel::open(const QString& id) {
 }
 
 void MenuBarViewModel::refreshRows() {
-    m_hidden.setRows(rowsOf(m_icons.hidden()));
-    m_visible.setRows(rowsOf(m_icons.visible()));
+    const auto sources = MenuBarIconProvider::update(*m_pictures, m_icons.icons());
+    m_hidden.setRows(rowsOf(m_icons.hidden(), sources));
+    m_visible.setRows(rowsOf(m_icons.visible(), sources));
 }
 
 }  // namespace vantrelle

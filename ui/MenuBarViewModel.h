@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "ChoiceListModel.h"
+#include "MenuBarIconProvider.h"
 #include "menubar/MenuBarIcons.h"
 
 class QQmlEngine;
@@ -15,7 +16,8 @@ class QJSEngine;
 namespace vantrelle {
 
 // The Menu Bar tool's face (`MenuBar` in QML): the tray icons behind the notch and the others, and
-// opening one. Rows: raw (the icon's id), title (its label), detail (its program).
+// opening one. Rows: raw (the icon's id), title (its label), icon (its picture's source), detail (its
+// program).
 class MenuBarViewModel final : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(MenuBar)
@@ -32,6 +34,7 @@ class MenuBarViewModel final : public QObject {
     Q_PROPERTY(QString noWatcher READ noWatcher CONSTANT)
     Q_PROPERTY(QString noWatcherDetail READ noWatcherDetail CONSTANT)
     Q_PROPERTY(QString checkAgain READ checkAgain CONSTANT)
+    Q_PROPERTY(int iconSide READ iconSide CONSTANT)
 
 public:
     MenuBarViewModel(MenuBarIcons& icons, std::function<void()> collapse);
@@ -49,6 +52,11 @@ public:
     [[nodiscard]] static QString noWatcher();
     [[nodiscard]] static QString noWatcherDetail();
     [[nodiscard]] static QString checkAgain();
+    [[nodiscard]] static int iconSide() { return MenuBarIcons::kIconSide; }
+    // Draws the pictures of this model's icons; the engine takes it.
+    [[nodiscard]] MenuBarIconProvider* makeImageProvider() const {
+        return new MenuBarIconProvider(m_pictures);
+    }
 
     // The view says whether it is on screen; the icons are scanned while it is.
     Q_INVOKABLE void setShown(bool shown);
@@ -65,6 +73,7 @@ private:
     std::function<void()> m_collapse;
     ChoiceListModel m_hidden;
     ChoiceListModel m_visible;
+    std::shared_ptr<MenuBarIconProvider::Store> m_pictures = std::make_shared<MenuBarIconProvider::Store>();
     Connection m_connection;
     bool m_shown = false;
 };

@@ -8,7 +8,16 @@
 
 namespace vantrelle {
 
-MenuBarIcons::MenuBarIcons(Dependencies deps) : m_deps(std::move(deps)) {}
+MenuBarIcons::MenuBarIcons(Dependencies deps) : m_deps(std::move(deps)) {
+    // A new picture shows at once rather than at the next poll; unwatched, nobody would see it.
+    m_deps.tray.watchIcons([this] {
+        if (m_watchers > 0) refresh();
+    });
+}
+
+MenuBarIcons::~MenuBarIcons() {
+    m_deps.tray.watchIcons({});
+}
 
 void MenuBarIcons::setActive(bool active) {
     if (active) {
@@ -47,6 +56,9 @@ std::vector<MenuBarIcon> MenuBarIcons::scan() {
         MenuBarIcon icon;
         icon.pid = item.pid;
         icon.address = item.address;
+        icon.iconName = item.iconName;
+        icon.iconThemePath = item.iconThemePath;
+        if (const TrayPixmap* chosen = closestPixmap(item.iconPixmaps, kIconSide)) icon.pixmap = *chosen;
         icon.appName = cleanAppName(!item.title.empty() ? item.title : item.id);
         icon.label = !item.title.empty() ? item.title : (!item.id.empty() ? item.id : icon.appName);
         if (m_deps.frameOf) icon.frame = m_deps.frameOf(item);

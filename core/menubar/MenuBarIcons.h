@@ -22,6 +22,9 @@ struct MenuBarIcon {
     std::optional<Rect> frame;  // where the desktop tells it; without one, never hidden and kept in order
     bool isHidden = false;
     std::string address;  // where the item answers
+    std::string iconName;
+    std::string iconThemePath;
+    TrayPixmap pixmap;  // the item's own picture in the size nearest the view's; empty without one
 
     bool operator==(const MenuBarIcon&) const = default;
 };
@@ -33,6 +36,7 @@ public:
     static constexpr double kPollInterval = 2.0;
     static constexpr double kCollapseDelay = 0.35;  // for the panel to be out of the way
     static constexpr double kIgnoreClicksFor = 1.0;
+    static constexpr int kIconSide = 18;  // the side, in pixels, the Menu Bar tool draws an icon at
 
     struct Dependencies {
         TrayItems& tray;
@@ -46,6 +50,7 @@ public:
     };
 
     explicit MenuBarIcons(Dependencies deps);
+    ~MenuBarIcons();
     MenuBarIcons(const MenuBarIcons&) = delete;
     MenuBarIcons& operator=(const MenuBarIcons&) = delete;
 

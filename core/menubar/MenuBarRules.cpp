@@ -1,7 +1,9 @@
 #include "menubar/MenuBarRules.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdlib>
 
 namespace vantrelle {
 
@@ -41,6 +43,23 @@ std::string cleanAppName(std::string_view name) {
         }
     }
     return name.empty() ? "App" : std::string(name);
+}
+
+const TrayPixmap* closestPixmap(const std::vector<TrayPixmap>& pixmaps, int side) {
+    const TrayPixmap* best = nullptr;
+    int bestSide = 0;
+    for (const TrayPixmap& pixmap : pixmaps) {
+        if (!pixmap.isValid() || pixmap.width > kMaxTrayPixmapSide || pixmap.height > kMaxTrayPixmapSide)
+            continue;
+        const int longer = std::max(pixmap.width, pixmap.height);
+        const int distance = std::abs(longer - side);
+        const int bestDistance = std::abs(bestSide - side);
+        if (!best || distance < bestDistance || (distance == bestDistance && longer > bestSide)) {
+            best = &pixmap;
+            bestSide = longer;
+        }
+    }
+    return best;
 }
 
 }  // namespace vantrelle

@@ -7,6 +7,7 @@
 
 #include "overlay/Geometry.h"
 #include "overlay/Screen.h"
+#include "platform/TrayItems.h"
 
 namespace vantrelle {
 
@@ -25,6 +26,10 @@ struct NotchRange {
 // Behind the notch (touching it by a point counts), under the menus, or off the screen.
 [[nodiscard]] bool isBehindSomething(const Rect& frame, const std::optional<NotchRange>& range,
                                      double menusEnd, double screenRight);
+// The largest pixel count a tray picture may have; bigger ones are a program's mistake, not an icon.
+inline constexpr int kMaxTrayPixmapSide = 1024;
+// The usable picture whose longer side is closest to `side`, the larger on a tie; null without one.
+[[nodiscard]] const TrayPixmap* closestPixmap(const std::vector<TrayPixmap>& pixmaps, int side);
 // "Foo Helper" is "Foo"; a name that is only the suffix keeps it; a missing name is "App".
 [[nodiscard]] std::string cleanAppName(std::string_view name);
 

@@ -47,6 +47,8 @@ std::vector<TrayItem> SniTrayItems::items() {
         item.id = properties.value(QStringLiteral("Id")).toString().toStdString();
         item.title = properties.value(QStringLiteral("Title")).toString().toStdString();
         item.iconName = properties.value(QStringLiteral("IconName")).toString().toStdString();
+        item.iconThemePath = properties.value(QStringLiteral("IconThemePath")).toString().toStdString();
+        item.iconPixmaps = pixmapsFrom(properties.value(QStringLiteral("IconPixmap")));
         if (auto* interface = m_bus.interface()) {
             const auto pid = interface->servicePid(service);
             if (pid.isValid()) item.pid = static_cast<std::int32_t>(pid.value());
@@ -54,6 +56,33 @@ std::vector<TrayItem> SniTrayItems::items() {
         items.push_back(std::move(item));
     }
     return items;
+}
+
+std::vector<TrayPixmap> SniTrayItems::pixmapsFrom(const QVariant& value) {
+    if (!value.canConvert<QDBusArgument>()) return {};
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != QLatin1String("a(iiay)")) return {};
+    std::vector<TrayPixmap> pixmaps;
+    argument.beginArray();
+    while (!argument.atEnd()) {
+        TrayPixmap pixmap;
+        QByteArray bytes;
+        argument.beginStructure();
+        argument >> pixmap.width >> pixmap.height >> bytes;
+        argument.endStructure();
+        pixmap.argb.assign(bytes.begin(), bytes.end());
+        pixmaps.push_back(std::move(pixmap));
+    }
+    argument.endArray();
+    return pixmaps;
+}
+
+void SniTrayItems::watchIcons(std::function<void()> onNewIcon) {
+    m_relay.onNewIcon = std::move(onNewIcon);
+    if (m_subscribed || !m_relay.onNewIcon) return;
+    // Any sender and path: items live wherever their programs put them.
+    m_subscribed = m_bus.connect(QString(), QString(), kItemInterface, QStringLiteral("NewIcon"), &m_relay,
+                                 SLOT(newIcon()));
 }
 
 bool SniTrayItems::activate(const std::string& address, int x, int y) {

@@ -1,12 +1,48 @@
 #pragma once
 
+#include <QColor>
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusMetaType>
 #include <QMutex>
 #include <QObject>
 #include <QStringList>
 
 namespace vantrelle::testing {
+
+// One size of an item's picture as it goes over the bus: (iiay).
+struct FakePixmap {
+    int width = 0;
+    int height = 0;
+    QByteArray argb;
+};
+using FakePixmaps = QList<FakePixmap>;
+
+inline QDBusArgument& operator<<(QDBusArgument& out, const FakePixmap& pixmap) {
+    out.beginStructure();
+    out << pixmap.width << pixmap.height << pixmap.argb;
+    out.endStructure();
+    return out;
+}
+inline const QDBusArgument& operator>>(const QDBusArgument& in, FakePixmap& pixmap) {
+    in.beginStructure();
+    in >> pixmap.width >> pixmap.height >> pixmap.argb;
+    in.endStructure();
+    return in;
+}
+
+// A square of one colour, in network byte order.
+inline FakePixmap solidPixmap(int side, QRgb colour) {
+    QByteArray bytes;
+    for (int i = 0; i < side * side; ++i) {
+        bytes.append(static_cast<char>(qAlpha(colour)));
+        bytes.append(static_cast<char>(qRed(colour)));
+        bytes.append(static_cast<char>(qGreen(colour)));
+        bytes.append(static_cast<char>(qBlue(colour)));
+    }
+    return {side, side, bytes};
+}
 
 // A tray watcher written for the test: it lists whatever addresses the test gives it.
 class FakeStatusNotifierWatcher : public QObject {
@@ -30,13 +66,26 @@ class FakeStatusNotifierItem : public QObject, protected QDBusContext {
     Q_PROPERTY(QString Title READ title)
     Q_PROPERTY(QString Id READ id)
     Q_PROPERTY(QString IconName READ iconName)
+    Q_PROPERTY(vantrelle::testing::FakePixmaps IconPixmap READ iconPixmap)
 
 public:
     FakeStatusNotifierItem(QString title, QString id, bool activates)
         : m_title(std::move(title)), m_id(std::move(id)), m_activates(activates) {}
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QString id() const { return m_id; }
-    [[nodiscard]] static QString iconName() { return QStringLiteral("applications-system"); }
+    [[nodiscard]] QString iconName() const {
+        QMutexLocker lock(&m_mutex);
+        return m_iconName;
+    }
+    [[nodiscard]] FakePixmaps iconPixmap() const {
+        QMutexLocker lock(&m_mutex);
+        return m_pixmaps;
+    }
+    void setPicture(QString iconName, FakePixmaps pixmaps) {
+        QMutexLocker lock(&m_mutex);
+        m_iconName = std::move(iconName);
+        m_pixmaps = std::move(pixmaps);
+    }
     [[nodiscard]] QStringList calls() const {
         QMutexLocker lock(&m_mutex);
         return m_calls;
@@ -61,8 +110,12 @@ private:
     QString m_title;
     QString m_id;
     bool m_activates;
+    QString m_iconName;
+    FakePixmaps m_pixmaps;
     mutable QMutex m_mutex;
     QStringList m_calls;
 };
 
 }  // namespace vantrelle::testing
+
+Q_DECLARE_METATYPE(vantrelle::testing::FakePixmap)

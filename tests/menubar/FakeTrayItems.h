@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,11 +16,13 @@ public:
         activations.push_back(address + " " + std::to_string(x) + "," + std::to_string(y));
         return answers;
     }
+    void watchIcons(std::function<void()> onNewIcon) override { announce = std::move(onNewIcon); }
 
     bool watcher = true;
     bool answers = true;
     std::vector<TrayItem> list;
     std::vector<std::string> activations;
+    std::function<void()> announce;  // what an item's new picture calls
 };
 
 }  // namespace vantrelle::testing

@@ -36,7 +36,11 @@ protected:
     }
     void add(const std::string& address, const std::string& title, std::optional<Rect> frame,
              std::int32_t pid = 10) {
-        tray.list.push_back({address, "", title, "", pid});
+        TrayItem item;
+        item.address = address;
+        item.title = title;
+        item.pid = pid;
+        tray.list.push_back(item);
         if (frame) frames[address] = *frame;
     }
 
@@ -155,6 +159,52 @@ TEST_F(MenuBarIconsTest, OpeningCollapsesFirstAndSaysWhenTheItemRefuses) {
     tray.answers = true;
     icons.open(icons.icons()[0], {});
     EXPECT_FALSE(icons.status().has_value());  // cleared by the next open
+}
+
+TrayPixmap square(int side, std::size_t bytes) {
+    return {side, side, std::vector<std::uint8_t>(bytes, 0xff)};
+}
+
+TEST(MenuBarPixmap, PicksTheUsableSizeNearestTheViewsLargerOnATie) {
+    const auto full = [](int side) { return square(side, static_cast<std::size_t>(side * side * 4)); };
+    struct Case {
+        const char* name;
+        std::vector<TrayPixmap> pixmaps;
+        int wanted;  // the chosen one's width, 0 for none
+    };
+    const std::vector<Case> cases = {
+        {"none sent", {}, 0},
+        {"nearest", {full(48), full(16), full(32)}, 16},
+        {"a tie goes to the larger", {full(16), full(20)}, 20},
+        {"short bytes are skipped", {square(18, 18 * 18 * 4 - 1), full(48)}, 48},
+        {"no size is skipped", {{0, 18, {}}, {18, -2, {}}}, 0},
+        {"a huge one is skipped", {full(kMaxTrayPixmapSide + 1), full(64)}, 64},
+        {"a wide one counts its longer side",
+         {{36, 18, std::vector<std::uint8_t>(36 * 18 * 4)}, full(24)},
+         24},
+    };
+    for (const Case& c : cases) {
+        const auto chosen = closestPixmap(c.pixmaps, MenuBarIcons::kIconSide);
+        EXPECT_EQ(chosen ? chosen->width : 0, c.wanted) << c.name;
+    }
+}
+
+TEST_F(MenuBarIconsTest, AnAnnouncedPictureRefreshesOnlyWhileWatched) {
+    add("a", "A", std::nullopt, 1);
+    MenuBarIcons icons({tray, screens, scheduler, scheduler, {}, {}});
+    ASSERT_TRUE(tray.announce);
+    int changes = 0;
+    auto connection = icons.changed.connect([&] { ++changes; });
+    tray.list[0].iconPixmaps = {square(2, 16)};
+    tray.announce();
+    EXPECT_EQ(changes, 0);
+    icons.setActive(true);
+    EXPECT_EQ(icons.icons().at(0).pixmap, square(2, 16));
+    tray.list[0].iconPixmaps = {square(4, 64)};
+    tray.announce();
+    EXPECT_EQ(icons.icons().at(0).pixmap, square(4, 64));
+    EXPECT_EQ(changes, 2);
+    icons.setActive(false);
 }
 
 }  // namespace

@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QDBusMessage>
+#include <QDir>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include "FakeStatusNotifier.h"
+#include "GuiApplication.h"
+#include "MenuBarViewModel.h"
 #include "PrivateSessionBus.h"
 #include "TestApplication.h"
 #include "fakes/FakeOverlayPorts.h"
@@ -19,12 +24,22 @@ using testing::FakeStatusNotifierItem;
 using testing::FakeStatusNotifierWatcher;
 
 // The watcher and two items answer from a thread of their own, since the adapter's calls block.
-class SniTrayItemsTest : public testing::EventLoopTest {
+class SniTrayItemsTest : public ::testing::Test {
 protected:
+    // Pictures need a GUI application; the offscreen platform does without a display.
+    static void SetUpTestSuite() { testing::guiApplication(); }
     void SetUp() override {
         if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
             GTEST_SKIP() << "dbus-daemon is not installed";
         ASSERT_FALSE(bus.address().isEmpty());
+        qDBusRegisterMetaType<testing::FakePixmap>();
+        qDBusRegisterMetaType<testing::FakePixmaps>();
+        foo.setPicture(QStringLiteral("applications-system"), {});
+        // The 16 is the nearest usable size; the 18 is short of bytes.
+        auto broken = testing::solidPixmap(18, qRgb(255, 0, 0));
+        broken.argb.chop(1);
+        bar.setPicture(QString(), {testing::solidPixmap(48, qRgb(255, 0, 0)), broken,
+                                   testing::solidPixmap(16, qRgb(0, 160, 80))});
         serving.start();
         itemBus = QDBusConnection::connectToBus(bus.address(), QStringLiteral("fake-items"));
         ASSERT_TRUE(itemBus.isConnected());
@@ -101,6 +116,40 @@ TEST_F(SniTrayItemsTest, ListsTheWatchersItemsAndHidesTheOneBehindTheNotch) {
     EXPECT_EQ(second.id, "foo#0#" + std::to_string(::getpid()));
 }
 
+// The colour at the picture's centre, as the view would draw the row's source.
+QColor centreOf(MenuBarIconProvider& provider, const QString& source) {
+    const QString prefix = QStringLiteral("image://menubar/");
+    if (!source.startsWith(prefix)) return {};
+    QSize size;
+    const QImage image = provider.requestImage(source.mid(prefix.size()), &size, QSize(32, 32));
+    if (image.isNull() || size != QSize(32, 32)) return {};
+    return image.pixelColor(16, 16);
+}
+
+TEST_F(SniTrayItemsTest, TheItemsPicturesReachTheViewAndFollowNewIcon) {
+    MenuBarViewModel view(*icons, [] {});
+    std::unique_ptr<MenuBarIconProvider> provider(view.makeImageProvider());
+    view.setShown(true);
+    ASSERT_EQ(icons->icons().size(), 2U);
+    EXPECT_EQ(icons->icons()[1].iconName, "applications-system");
+    EXPECT_EQ(icons->icons()[0].pixmap.width, 16);
+
+    ASSERT_EQ(view.visible()->rows().size(), 1U);
+    const QString before = view.visible()->rows()[0].icon;
+    EXPECT_EQ(centreOf(*provider, before), QColor(0, 160, 80));
+    ASSERT_EQ(view.hidden()->rows().size(), 1U);
+    EXPECT_TRUE(centreOf(*provider, view.hidden()->rows()[0].icon).isValid());  // theme icon or initial
+
+    // The item changes its picture and says so; no poll is due on the virtual clock.
+    bar.setPicture(QString(), {testing::solidPixmap(16, qRgb(20, 40, 220))});
+    itemBus.send(QDBusMessage::createSignal(QStringLiteral("/org/ayatana/NotificationItem/bar"),
+                                            QStringLiteral("org.kde.StatusNotifierItem"),
+                                            QStringLiteral("NewIcon")));
+    ASSERT_TRUE(testing::spinUntil([&] { return view.visible()->rows()[0].icon != before; }));
+    EXPECT_EQ(centreOf(*provider, view.visible()->rows()[0].icon), QColor(20, 40, 220));
+    view.setShown(false);
+}
+
 TEST_F(SniTrayItemsTest, OpeningReachesTheItemAndFallsBackToItsMenu) {
     icons->refresh();
     ASSERT_EQ(icons->icons().size(), 2U);
@@ -123,6 +172,40 @@ TEST_F(SniTrayItemsTest, WithoutAWatcherTheToolSaysSo) {
     EXPECT_FALSE(icons->trusted());
     EXPECT_TRUE(icons->icons().empty());
     EXPECT_FALSE(tray->activate("org.example.Gone/StatusNotifierItem", 0, 0));
+}
+
+TEST(MenuBarIconProvider, TheProgramsOwnFolderComesFirstThenItsPixmap) {
+    testing::guiApplication();
+    QTemporaryDir folder;
+    ASSERT_TRUE(folder.isValid());
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("hicolor/22x22/apps")));
+    QImage own(22, 22, QImage::Format_ARGB32);
+    own.fill(QColor(200, 0, 200));
+    ASSERT_TRUE(own.save(folder.filePath(QStringLiteral("hicolor/22x22/apps/vantrelle-test-tray.png"))));
+
+    MenuBarIcon icon;
+    icon.id = "tray#0#1";
+    icon.appName = "Tray";
+    const auto green = testing::solidPixmap(16, qRgb(0, 160, 80));
+    icon.pixmap = {16, 16, std::vector<std::uint8_t>(green.argb.begin(), green.argb.end())};
+    const struct {
+        std::string name;
+        QString themePath;
+        QColor expected;
+    } cases[] = {
+        {"vantrelle-test-tray", folder.path(), QColor(200, 0, 200)},
+        {"vantrelle-test-missing", folder.path(), QColor(0, 160, 80)},
+        {"vantrelle-test-missing", QStringLiteral("/"), QColor(0, 160, 80)},  // bounded, not the disk
+        {"../vantrelle-test-tray", folder.path(), QColor(0, 160, 80)},
+    };
+    auto store = std::make_shared<MenuBarIconProvider::Store>();
+    MenuBarIconProvider provider(store);
+    for (const auto& c : cases) {
+        icon.iconName = c.name;
+        icon.iconThemePath = c.themePath.toStdString();
+        const QString source = MenuBarIconProvider::update(*store, {icon}).value(QStringLiteral("tray#0#1"));
+        EXPECT_EQ(centreOf(provider, source), c.expected) << c.name;
+    }
 }
 
 }  // namespace

@@ -114,7 +114,7 @@ protected:
         scheduler.runUntilIdle();
         engine.viewModels.launcher = &launcherView;
         engine.viewModels.dayProgress = &dayProgressView;
-        tray.list = {{"a", "nm-applet", "Network", "", 7}, {"b", "", "Foo Helper", "", 8}};
+        tray.list = {{"a", "nm-applet", "Network", "", 7, {}, {}}, {"b", "", "Foo Helper", "", 8, {}, {}}};
         engine.viewModels.quickToggles = &togglesView;
         engine.viewModels.menuBar = &menuBarView;
         engine.viewModels.shortcuts = &shortcutsView;

@@ -104,13 +104,24 @@ Item {
             required property string raw
             required property string title
             required property string detail
-            width: Math.min(label.implicitWidth + 24, 220)
+            required property string icon
+            width: Math.min(label.implicitWidth + picture.width + 30, 220)
             height: 30
             radius: 10
             color: press.containsMouse ? Theme.surfaceStrong : Theme.surface
+            Image {
+                id: picture
+                anchors { verticalCenter: parent.verticalCenter; left: parent.left; leftMargin: 10 }
+                width: MenuBar.iconSide
+                height: MenuBar.iconSide
+                sourceSize: Qt.size(MenuBar.iconSide, MenuBar.iconSide)
+                source: chip.icon
+                fillMode: Image.PreserveAspectFit
+                smooth: true
+            }
             Text {
                 id: label
-                anchors { verticalCenter: parent.verticalCenter; left: parent.left; right: parent.right; margins: 12 }
+                anchors { verticalCenter: parent.verticalCenter; left: picture.right; right: parent.right; leftMargin: 6; rightMargin: 12 }
                 text: chip.title
                 elide: Text.ElideRight
                 color: Theme.label
