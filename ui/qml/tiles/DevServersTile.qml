@@ -16,7 +16,7 @@ Column {
             required property int index
             required property int port
             required property string project
-            visible: index < 2
+            visible: index < 1  // what fits under the count in a tile
             text: ":" + port + " " + project
             color: Theme.secondaryLabel
             font.pixelSize: 10

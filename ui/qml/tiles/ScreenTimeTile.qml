@@ -12,7 +12,7 @@ Column {
             required property int index
             required property string name
             required property string duration
-            visible: index < 2
+            visible: index < 1  // what fits under the total in a tile
             text: name + " · " + duration
             color: Theme.secondaryLabel
             font.pixelSize: 10

@@ -15,7 +15,7 @@ Column {
         delegate: Text {
             required property int index
             required property string name
-            visible: index < 3
+            visible: index < 2  // what fits under the count in a tile
             width: parent ? parent.width : 0
             text: name
             color: Theme.secondaryLabel
