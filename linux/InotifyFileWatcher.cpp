@@ -12,12 +12,14 @@ namespace vantrelle {
 
 class InotifyFileWatcher::Watch final : public FileWatch {
 public:
-    Watch(InotifyFileWatcher& owner, int descriptor) : m_owner(owner), m_descriptor(descriptor) {}
-    ~Watch() override { m_owner.remove(m_descriptor); }
+    Watch(InotifyFileWatcher& owner, int descriptor, int id)
+        : m_owner(owner), m_descriptor(descriptor), m_id(id) {}
+    ~Watch() override { m_owner.remove(m_descriptor, m_id); }
 
 private:
     InotifyFileWatcher& m_owner;
     int m_descriptor;
+    int m_id;
 };
 
 InotifyFileWatcher::InotifyFileWatcher() {
@@ -49,14 +51,20 @@ std::unique_ptr<FileWatch> InotifyFileWatcher::watchFolder(const std::filesystem
 std::unique_ptr<FileWatch> InotifyFileWatcher::add(const std::filesystem::path& path, std::uint32_t mask,
                                                    std::function<void()> onChange) {
     if (m_fd < 0) return nullptr;
-    const int descriptor = ::inotify_add_watch(m_fd, path.c_str(), mask);
+    // IN_MASK_ADD: a second watch of the same path widens the events instead of replacing the first
+    // watch's.
+    const int descriptor = ::inotify_add_watch(m_fd, path.c_str(), mask | IN_MASK_ADD);
     if (descriptor < 0) return nullptr;
-    m_handlers[descriptor] = std::move(onChange);
-    return std::make_unique<Watch>(*this, descriptor);
+    const int id = m_nextId++;
+    m_handlers[descriptor][id] = std::move(onChange);
+    return std::make_unique<Watch>(*this, descriptor, id);
 }
 
-void InotifyFileWatcher::remove(int descriptor) {
-    if (m_handlers.erase(descriptor) > 0) ::inotify_rm_watch(m_fd, descriptor);
+void InotifyFileWatcher::remove(int descriptor, int id) {
+    auto it = m_handlers.find(descriptor);
+    if (it == m_handlers.end() || it->second.erase(id) == 0 || !it->second.empty()) return;
+    m_handlers.erase(it);
+    ::inotify_rm_watch(m_fd, descriptor);
 }
 
 void InotifyFileWatcher::drain() {
@@ -72,12 +80,14 @@ void InotifyFileWatcher::drain() {
             at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }
     }
+    // Copied first: a handler may drop its own watch or another one.
+    std::vector<std::function<void()>> handlers;
     for (int descriptor : woken) {
         auto it = m_handlers.find(descriptor);
         if (it == m_handlers.end()) continue;
-        auto handler = it->second;  // the handler may drop its own watch
-        handler();
+        for (const auto& [id, handler] : it->second) handlers.push_back(handler);
     }
+    for (const auto& handler : handlers) handler();
 }
 
 }  // namespace vantrelle

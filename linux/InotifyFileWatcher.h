@@ -27,11 +27,14 @@ private:
     std::unique_ptr<FileWatch> add(const std::filesystem::path& path, std::uint32_t mask,
                                    std::function<void()> onChange);
     void drain();
-    void remove(int descriptor);
+    void remove(int descriptor, int id);
 
     int m_fd = -1;
     QSocketNotifier* m_notifier = nullptr;
-    std::map<int, std::function<void()>> m_handlers;
+    // inotify hands out one descriptor per path, so two watches of one path share it: descriptor ->
+    // watch id -> handler. The descriptor is given back when its last watch goes.
+    std::map<int, std::map<int, std::function<void()>>> m_handlers;
+    int m_nextId = 0;
 };
 
 }  // namespace vantrelle

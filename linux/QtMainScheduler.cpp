@@ -29,7 +29,8 @@ Cancellable QtMainScheduler::startTimer(double seconds, bool repeating, std::fun
     timer->setTimerType(seconds < 2.0 ? Qt::PreciseTimer : Qt::CoarseTimer);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, repeating, token, work = std::move(work)] {
         if (!repeating) timer->deleteLater();
-        if (token->cancelled) return;
+        // A one-shot timer is spent once it fires, so its handle stops reporting it as pending.
+        if (repeating ? token->cancelled.load() : token->cancelled.exchange(true)) return;
         work();
     });
     token->onCancel = [guarded = QPointer<QTimer>(timer)] {

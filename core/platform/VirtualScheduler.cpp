@@ -45,9 +45,11 @@ void VirtualScheduler::advance(double seconds) {
     while (!m_queue.empty() && m_queue.top().due <= end) {
         Entry entry = m_queue.top();
         m_queue.pop();
-        if (entry.token->cancelled) continue;
+        // A one-shot item is spent once it starts, so its handle stops reporting it as pending.
+        const bool repeating = entry.interval > 0;
+        if (repeating ? entry.token->cancelled.load() : entry.token->cancelled.exchange(true)) continue;
         m_now = std::max(m_now, entry.due);
-        if (entry.interval > 0) {
+        if (repeating) {
             m_queue.push(
                 Entry{entry.due + entry.interval, m_sequence++, entry.interval, entry.token, entry.work});
         }

@@ -56,5 +56,22 @@ TEST_F(InotifyFileWatcherTest, AFolderWatchWakesWhenAFileIsCreatedRenamedInOrDel
     EXPECT_EQ(watcher.watchFolder(dir / "missing", [] {}), nullptr);
 }
 
+TEST_F(InotifyFileWatcherTest, TwoWatchesOfOnePathBothWakeAndDroppingOneKeepsTheOther) {
+    testing::TempDir dir;
+    InotifyFileWatcher watcher;
+    int first = 0;
+    int second = 0;
+    auto firstWatch = watcher.watchFolder(dir.path(), [&] { ++first; });
+    auto secondWatch = watcher.watchFolder(dir.path(), [&] { ++second; });
+    dir.write("a.txt", "x");
+    ASSERT_TRUE(spinUntil([&] { return first >= 1 && second >= 1; }));
+
+    firstWatch.reset();
+    const int firstSeen = first;
+    dir.write("b.txt", "y");
+    ASSERT_TRUE(spinUntil([&] { return second >= 2; }));
+    EXPECT_EQ(first, firstSeen);
+}
+
 }  // namespace
 }  // namespace vantrelle

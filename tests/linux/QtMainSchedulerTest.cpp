@@ -18,8 +18,9 @@ TEST_F(QtMainSchedulerTest, RunsPostedAndDueWorkAndHonoursCancellation) {
     scheduler.post([&] { ran.push_back(1); });
     WorkItem cancelled = scheduler.schedule(0.001, [&] { ran.push_back(99); });
     cancelled.cancel();
-    scheduler.after(0.01, [&] { ran.push_back(2); });
+    WorkItem due = scheduler.schedule(0.01, [&] { ran.push_back(2); });
     ASSERT_TRUE(spinUntil([&] { return ran.size() >= 2; }));
+    EXPECT_FALSE(due.isActive()) << "work that has run is no longer pending";
     spinUntil([] { return false; }, 50);
     EXPECT_EQ(ran, (std::vector<int>{1, 2}));
 }

@@ -52,8 +52,10 @@ TEST(VirtualScheduler, ReplacingAHeldWorkItemCancelsTheOldOne) {
     std::vector<int> ran;
     WorkItem item = scheduler.schedule(1, [&] { ran.push_back(1); });
     item = scheduler.schedule(2, [&] { ran.push_back(2); });
+    EXPECT_TRUE(item.isActive());
     scheduler.advance(3);
     EXPECT_EQ(ran, std::vector<int>{2});
+    EXPECT_FALSE(item.isActive()) << "work that has run is no longer pending";
 }
 
 TEST(VirtualScheduler, WorkMayClearItsOwnHandleWhileRunning) {
