@@ -76,6 +76,10 @@ void QuickOverlayWindows::layout(const Rect& panelFrame, const Rect& dropZoneFra
     const auto coordinates = DesktopCoordinates::current();
     if (!m_panel) {
         m_panel = makeWindow(QStringLiteral("NotchRoot"), true);
+        // Scripts that drive or photograph the panel wait for this line instead of guessing.
+        QObject::connect(
+            m_panel.get(), &QQuickWindow::frameSwapped, this, [] { DebugLog::write("overlay: first frame"); },
+            Qt::SingleShotConnection);
         // Without a compositor the drop zone is painted black like the notch it covers.
         m_dropZone = makeWindow(QStringLiteral("DropZone"), m_composited);
         if (onPointerMoved) {
