@@ -2,6 +2,7 @@
 
 #include "monitors/DesktopEntryIndex.h"
 #include "platform/Clock.h"
+#include "support/DemoMode.h"
 
 namespace vantrelle {
 
@@ -16,7 +17,10 @@ LauncherComposition::LauncherComposition(Deps deps)
       m_share(m_deps.mileage, SystemClock::shared(), m_clipboard),
       m_dayProgress(DayProgressModel::Deps{
           SystemClock::shared(), m_deps.scheduler, m_deps.settings,
-          [this] { return metresToday(m_deps.mileage, SystemClock::shared().now()); }}),
+          [this] {
+              return DemoMode::isOn() ? kDemoMetresToday
+                                      : metresToday(m_deps.mileage, SystemClock::shared().now());
+          }}),
       launcherView(m_launcher,
                    [this] {
                        if (m_shell) m_shell->collapse();

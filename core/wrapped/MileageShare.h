@@ -10,6 +10,8 @@ namespace vantrelle {
 
 // Today's metres of pointer travel, what is not yet booked included.
 [[nodiscard]] double metresToday(const CursorMileage& mileage, Date now);
+// What demo mode shows instead: a recording's pointer has hardly moved yet.
+inline constexpr double kDemoMetresToday = 1240;
 
 // A distance for people: "850 m" below a kilometre, "1.2 km" below ten, "12 km" from there on.
 [[nodiscard]] std::string distanceText(double metres);
