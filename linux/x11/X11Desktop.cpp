@@ -3,6 +3,9 @@
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -92,7 +95,12 @@ bool X11Desktop::isXWayland() const {
     constexpr char kName[] = "XWAYLAND";
     std::unique_ptr<xcb_query_extension_reply_t, decltype(&std::free)> reply(
         xcb_query_extension_reply(c, xcb_query_extension(c, sizeof(kName) - 1, kName), nullptr), &std::free);
-    return reply && reply->present;
+    if (reply && reply->present) return true;
+    // Xwayland before 23.1 has no such extension, but it names every output it offers XWAYLAND<n>.
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [](const QScreen* screen) {
+        return screen->name().startsWith(QLatin1String("XWAYLAND"));
+    });
 }
 
 }  // namespace vantrelle
