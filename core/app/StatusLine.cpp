@@ -58,7 +58,7 @@ const char* colourOf(std::string_view name, const StatusFacts& facts) {
     return nullptr;
 }
 
-std::string painted(std::string_view name, std::string value, const StatusFacts& facts, bool colour) {
+std::string painted(std::string_view name, const std::string& value, const StatusFacts& facts, bool colour) {
     const char* code = colour ? colourOf(name, facts) : nullptr;
     return code ? code + value + "\x1b[0m" : value;
 }

@@ -11,7 +11,7 @@
 namespace vantrelle {
 namespace {
 
-constexpr std::int64_t kMinutesPerDay = 24 * 60;
+constexpr std::int64_t kMinutesPerDay = std::int64_t{24} * 60;
 
 // `minutes` after the local midnight that starts `day`, on the wall clock.
 Date atMinutes(Date day, std::int64_t minutes) {

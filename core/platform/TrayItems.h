@@ -46,6 +46,7 @@ public:
     virtual bool activate(const std::string& address, int x, int y) = 0;
     // Called when an item announces a new picture; an empty function stops it. Watchers that can't
     // tell leave the pictures to the next listing.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     virtual void watchIcons(std::function<void()> /*onNewIcon*/) {}
 };
 

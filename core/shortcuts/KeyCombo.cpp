@@ -79,7 +79,8 @@ ComboMap decodeCombos(std::string_view text) {
             entry.is_object() && entry.contains("modifiers") ? unsigned32(entry["modifiers"]) : std::nullopt;
         const auto display = entry.is_object() ? entry.find("display") : entry.end();
         if (!keyCode || !modifiers || display == entry.end() || !display->is_string()) {
-            DebugLog::write([&] { return "shortcuts: skipped an unreadable shortcut for " + target; });
+            DebugLog::write(
+                [&tool = target] { return "shortcuts: skipped an unreadable shortcut for " + tool; });
             continue;
         }
         combos[target] = KeyCombo{*keyCode, *modifiers, display->get<std::string>()};

@@ -70,12 +70,13 @@ void ToolShortcuts::registerAll() {
         const int status = m_hotKeys.registerHotKey(id, combo.keyCode, combo.modifiers);
         if (status == 0) {
             m_ids[id] = key;
-            DebugLog::write([&] { return "shortcuts: " + key + " registered"; });
+            DebugLog::write([&tool = key] { return "shortcuts: " + tool + " registered"; });
         } else {
             failed.insert(key);
-            DebugLog::write([&] {
-                return "shortcuts: couldn't register " + combo.display + " for " + key + " (" +
-                       std::to_string(status) + ")";
+            DebugLog::write([&tool = key, &display = combo.display, status] {
+                std::string line = "shortcuts: couldn't register " + display;
+                line.append(" for ").append(tool).append(" (").append(std::to_string(status)).append(")");
+                return line;
             });
         }
     }

@@ -42,12 +42,10 @@ ToggleTable::ToggleTable(const DesktopTools& tools, bool removableDisks) : m_dis
     const bool kde = tools.desktop() == DesktopTools::Desktop::kde;
 
     // Plasma keeps its own colour schemes; gsettings there would change only GTK programs.
-    if (kde && !m_plasmaScheme.empty())
+    if (!m_plasmaScheme.empty() && (kde || m_gsettings.empty()))
         m_dark = Dark::kde;
     else if (!m_gsettings.empty())
         m_dark = Dark::gnome;
-    else if (!m_plasmaScheme.empty())
-        m_dark = Dark::kde;
 
     if (!m_wpctl.empty())
         m_mute = Mute::wpctl;
@@ -57,12 +55,10 @@ ToggleTable::ToggleTable(const DesktopTools& tools, bool removableDisks) : m_dis
     // The desktop's own tool first, then the other desktop's, then ImageMagick.
     const bool gnomeShot = !m_gnomeScreenshot.empty();
     const bool spectacle = !m_spectacle.empty();
-    if (kde && spectacle)
+    if (spectacle && (kde || !gnomeShot))
         m_shotToFile = Shot::spectacle;
     else if (gnomeShot)
         m_shotToFile = Shot::gnome;
-    else if (spectacle)
-        m_shotToFile = Shot::spectacle;
     else if (!m_import.empty())
         m_shotToFile = Shot::import;
     m_shotToClipboard = m_shotToFile;

@@ -62,12 +62,13 @@ void UpdateNotice::check(bool userInitiated) {
     if (m_checking) return;
     m_checking = true;
     DebugLog::write([&] { return "updates: checking " + m_deps.feedUrl; });
-    m_deps.http.get(m_deps.feedUrl, kTimeout,
-                    [this, alive = std::weak_ptr<bool>(m_alive), userInitiated](HttpResponse response) {
-                        if (alive.expired()) return;
-                        m_checking = false;
-                        handle(response, userInitiated);
-                    });
+    m_deps.http.get(
+        m_deps.feedUrl, kTimeout,
+        [this, alive = std::weak_ptr<bool>(m_alive), userInitiated](const HttpResponse& response) {
+            if (alive.expired()) return;
+            m_checking = false;
+            handle(response, userInitiated);
+        });
 }
 
 void UpdateNotice::handle(const HttpResponse& response, bool userInitiated) {

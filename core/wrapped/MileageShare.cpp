@@ -35,7 +35,7 @@ std::string mileageShareText(double metres) {
 }
 
 std::string MileageShare::share() {
-    const std::string text = mileageShareText(metresToday(m_mileage, m_clock.now()));
+    std::string text = mileageShareText(metresToday(m_mileage, m_clock.now()));
     m_clipboard.setText(text);
     DebugLog::write([&] { return "wrapped: copied today's mileage: " + text; });
     return text;
