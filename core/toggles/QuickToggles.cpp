@@ -92,8 +92,9 @@ void QuickToggles::toggleKeepAwake() {
 void QuickToggles::ejectDisks() {
     if (!m_deps.disks) return;
     m_queue->async([disks = m_deps.disks] {
-        const auto failures = disks->ejectAll();
-        for (const auto& failure : failures) DebugLog::write("toggles: eject " + failure);
+        const auto result = disks->ejectAll();
+        for (const auto& failure : result.failures) DebugLog::write("toggles: eject " + failure);
+        if (result.ejected == 0 && result.failures.empty()) DebugLog::write("toggles: nothing to eject");
     });
 }
 

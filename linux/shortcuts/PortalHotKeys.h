@@ -5,6 +5,7 @@
 #include <QVariantMap>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusObjectPath>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -30,23 +31,26 @@ public:
 private Q_SLOTS:
     void onActivated(const QDBusObjectPath& session, const QString& shortcutId, qulonglong timestamp,
                      const QVariantMap& options);
-    void onSessionCreated(uint response, const QVariantMap& results);
-    void onBound(uint response, const QVariantMap& results);
 
 private:
+    using Response = std::function<void(uint response, const QVariantMap& results)>;
+
     explicit PortalHotKeys(QDBusConnection bus);
     void scheduleBind();
     void bind();
-    void bindShortcuts();
-    // Calls a portal method that answers through the Request object of `token`; its Response goes to
-    // `slot`.
-    void request(const QString& method, const QVariantList& arguments, const QString& token,
-                 const char* slot);
+    void bindShortcuts(int generation);
+    void closeSession(const QString& session);
+    // Calls a portal method that answers through the Request object of a fresh token; its Response
+    // goes to `done`, once.
+    void request(const QString& method, QVariantList arguments, QVariantMap options, Response done);
+    QString nextToken() { return QStringLiteral("vantrelle%1").arg(++m_tokens); }
 
     QDBusConnection m_bus;
     Handler m_handler;
     std::map<std::uint32_t, QString> m_triggers;  // id -> "CTRL+ALT+k"
     QString m_session;
+    // Every bind starts a new generation; answers to an older one are stale and only cleaned up.
+    int m_generation = 0;
     bool m_bindQueued = false;
     int m_tokens = 0;
 };

@@ -6,7 +6,7 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusReply>
-#include <QSet>
+#include <QMap>
 
 namespace vantrelle {
 
@@ -50,17 +50,21 @@ bool UDisksRemovableDisks::available() {
     return interface && interface->isServiceRegistered(kService).value();
 }
 
-std::vector<std::string> UDisksRemovableDisks::ejectAll() {
+EjectResult UDisksRemovableDisks::ejectAll() {
     qDBusRegisterMetaType<Interfaces>();
     qDBusRegisterMetaType<ManagedObjects>();
-    std::vector<std::string> failures;
+    EjectResult result;
     const QDBusReply<ManagedObjects> reply = m_bus.call(QDBusMessage::createMethodCall(
         kService, QStringLiteral("/org/freedesktop/UDisks2"),
         QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects")));
-    if (!reply.isValid()) return {"listing failed: " + reply.error().message().toStdString()};
+    if (!reply.isValid()) {
+        result.failures.push_back("listing failed: " + reply.error().message().toStdString());
+        return result;
+    }
     const ManagedObjects objects = reply.value();
 
-    QSet<QString> drives;
+    // Drives in path order; one whose filesystem stays mounted must not lose power under it.
+    QMap<QString, bool> drives;  // drive -> every filesystem came off
     for (auto it = objects.begin(); it != objects.end(); ++it) {
         const Interfaces& interfaces = it.value();
         if (!interfaces.contains(kFilesystem) || !interfaces.contains(kBlock)) continue;
@@ -72,22 +76,28 @@ std::vector<std::string> UDisksRemovableDisks::ejectAll() {
         const QVariantMap driveProperties = objects.value(QDBusObjectPath(drive)).value(kDrive);
         if (!flag(driveProperties, "Removable") && !flag(driveProperties, "MediaRemovable")) continue;
         const QString error = call(m_bus, it.key().path(), kFilesystem, QStringLiteral("Unmount"));
-        if (!error.isEmpty()) {
-            failures.push_back(it.key().path().toStdString() + " stayed mounted: " + error.toStdString());
-            continue;
-        }
-        drives.insert(drive);
+        if (!error.isEmpty())
+            result.failures.push_back(it.key().path().toStdString() +
+                                      " stayed mounted: " + error.toStdString());
+        drives[drive] = drives.value(drive, true) && error.isEmpty();
     }
-    for (const QString& drive : drives) {
+    for (auto it = drives.begin(); it != drives.end(); ++it) {
+        if (!it.value()) continue;
+        const QString& drive = it.key();
         const QVariantMap properties = objects.value(QDBusObjectPath(drive)).value(kDrive);
+        const bool ejectable = flag(properties, "Ejectable");
         QString error;
-        if (flag(properties, "Ejectable")) error = call(m_bus, drive, kDrive, QStringLiteral("Eject"));
-        if ((error.isEmpty() || !flag(properties, "Ejectable")) && flag(properties, "CanPowerOff"))
+        if (ejectable) error = call(m_bus, drive, kDrive, QStringLiteral("Eject"));
+        // A stick that ejected still draws power until it is powered off too.
+        if (error.isEmpty() && flag(properties, "CanPowerOff"))
             error = call(m_bus, drive, kDrive, QStringLiteral("PowerOff"));
         if (!error.isEmpty())
-            failures.push_back(drive.toStdString() + " was unmounted, not ejected: " + error.toStdString());
+            result.failures.push_back(drive.toStdString() +
+                                      " was unmounted, not ejected: " + error.toStdString());
+        else
+            ++result.ejected;
     }
-    return failures;
+    return result;
 }
 
 }  // namespace vantrelle

@@ -278,22 +278,42 @@ TEST(QuickTogglesTest, DarkModeTakesTheDesktopsWordAfterSwitching) {
 
 class FakeDisks final : public RemovableDisks {
 public:
+    explicit FakeDisks(EjectResult result) : m_result(std::move(result)) {}
     bool available() override { return true; }
-    std::vector<std::string> ejectAll() override {
+    EjectResult ejectAll() override {
         ++ejects;
-        return {"/dev/sdb1 busy"};
+        return m_result;
     }
     int ejects = 0;
+
+private:
+    EjectResult m_result;
 };
 
-TEST(QuickTogglesTest, EjectGoesToTheDiskServiceAndLogsWhatStayed) {
-    testing::LogCapture log;
+TEST(QuickTogglesTest, EjectGoesToTheDiskServiceAndLogsWhatItDid) {
+    struct Row {
+        const char* name;
+        EjectResult result;
+        std::string logged;  // empty: nothing
+    };
+    const std::vector<Row> rows{
+        {"a busy filesystem", {0, {"/dev/sdb1 busy"}}, "toggles: eject /dev/sdb1 busy"},
+        {"no removable drives", {}, "toggles: nothing to eject"},
+        {"all went", {2, {}}, ""},
+    };
     StandIns bin({});
-    FakeDisks disks;
-    Fixture f(ToggleTable(bin.tools("GNOME"), true), &disks);
-    f.toggles.perform(QuickToggle::ejectDisks);
-    EXPECT_EQ(disks.ejects, 1);
-    EXPECT_NE(log.text().find("toggles: eject /dev/sdb1 busy"), std::string::npos);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        testing::LogCapture log;
+        FakeDisks disks(row.result);
+        Fixture f(ToggleTable(bin.tools("GNOME"), true), &disks);
+        f.toggles.perform(QuickToggle::ejectDisks);
+        EXPECT_EQ(disks.ejects, 1);
+        if (row.logged.empty())
+            EXPECT_EQ(log.text().find("toggles:"), std::string::npos);
+        else
+            EXPECT_NE(log.text().find(row.logged), std::string::npos);
+    }
     EXPECT_FALSE(ToggleTable(bin.tools("GNOME"), false).available(QuickToggle::ejectDisks));
 }
 

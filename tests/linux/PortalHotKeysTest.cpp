@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QStandardPaths>
+
+#include "FakeBusService.h"
+#include "PrivateSessionBus.h"
+#include "TestApplication.h"
+#include "fakes/LogCapture.h"
+#include "shortcuts/PortalHotKeys.h"
+
+namespace vantrelle {
+namespace {
+
+using testing::FakeBusService;
+using testing::spinUntil;
+
+const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPortalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+
+// The portal's GlobalShortcuts as a desktop runs it: each call answers with a Request object whose
+// Response carries the result.
+struct PortalBehaviour {
+    bool offersShortcuts = true;
+    uint sessionResponse = 0;
+    uint bindResponse = 0;
+    bool sessionHandleAsPath = false;  // portals differ in how they type session_handle
+};
+
+QString senderPart(const QDBusMessage& call) {
+    return call.service().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+}
+
+QList<QDBusMessage> answerPortal(const PortalBehaviour& portal, const QDBusMessage& call) {
+    const QString member = call.member();
+    if (member == QStringLiteral("Get")) {
+        if (!portal.offersShortcuts)
+            return {call.createErrorReply(QDBusError::UnknownInterface, QStringLiteral("no such interface"))};
+        return {call.createReply(QVariant::fromValue(QDBusVariant(uint(1))))};
+    }
+    if (member != QStringLiteral("CreateSession") && member != QStringLiteral("BindShortcuts"))
+        return {call.createReply()};
+    const auto options = qdbus_cast<QVariantMap>(call.arguments().constLast());
+    const QString request = kPortalPath + QStringLiteral("/request/") + senderPart(call) + QLatin1Char('/') +
+                            options.value(QStringLiteral("handle_token")).toString();
+    QVariantMap results;
+    uint response = portal.bindResponse;
+    if (member == QStringLiteral("CreateSession")) {
+        response = portal.sessionResponse;
+        const QString session = kPortalPath + QStringLiteral("/session/") + senderPart(call) +
+                                QLatin1Char('/') +
+                                options.value(QStringLiteral("session_handle_token")).toString();
+        results[QStringLiteral("session_handle")] =
+            portal.sessionHandleAsPath ? QVariant::fromValue(QDBusObjectPath(session)) : QVariant(session);
+    }
+    auto signal = QDBusMessage::createSignal(request, QStringLiteral("org.freedesktop.portal.Request"),
+                                             QStringLiteral("Response"));
+    signal << response << results;
+    return {call.createReply(QVariant::fromValue(QDBusObjectPath(request))), signal};
+}
+
+// "id=trigger" for each shortcut of a BindShortcuts call.
+QStringList boundTriggers(const QDBusMessage& bind) {
+    QStringList bound;
+    const auto list = bind.arguments().at(1).value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString id;
+        QVariantMap properties;
+        list.beginStructure();
+        list >> id >> properties;
+        list.endStructure();
+        bound << id + QLatin1Char('=') + properties.value(QStringLiteral("preferred_trigger")).toString();
+    }
+    list.endArray();
+    return bound;
+}
+
+bool haveBus() {
+    return !QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty();
+}
+
+// A private bus with the portal on it and our adapter as its client, with two combos registered.
+struct Rig {
+    explicit Rig(PortalBehaviour behaviour) {
+        testing::testApplication();
+        portal = std::make_unique<FakeBusService>(
+            bus.address(), kPortal, kPortalPath,
+            [behaviour](const QDBusMessage& call) { return answerPortal(behaviour, call); });
+        connection = QDBusConnection::connectToBus(bus.address(), name);
+        keys = PortalHotKeys::probe(connection);
+        if (!keys) return;
+        keys->install([this](std::uint32_t id) { fired.push_back(id); });
+        registered = keys->registerHotKey(1, 40, 6144) == 0 &&  // Ctrl+Alt+K
+                     keys->registerHotKey(2, 96, 0) == 0;       // F5
+    }
+    ~Rig() {
+        keys.reset();
+        QDBusConnection::disconnectFromBus(name);
+    }
+    Rig(const Rig&) = delete;
+    Rig& operator=(const Rig&) = delete;
+
+    [[nodiscard]] bool ready() const { return portal->ok() && keys && registered; }
+    [[nodiscard]] QList<QDBusMessage> binds() const { return portal->calls(QStringLiteral("BindShortcuts")); }
+    bool waitForBinds(qsizetype count) const {
+        return spinUntil([&] { return binds().size() >= count; });
+    }
+    void press(const QString& session, const QString& id) const {
+        auto signal = QDBusMessage::createSignal(kPortalPath, kShortcuts, QStringLiteral("Activated"));
+        signal << QVariant::fromValue(QDBusObjectPath(session)) << id << qulonglong(1) << QVariantMap();
+        if (!portal->send(signal)) ADD_FAILURE() << "could not send " << session.toStdString();
+    }
+
+    static inline int rigs = 0;
+    QString name = QStringLiteral("vantrelle-under-test-%1").arg(++rigs);
+    testing::PrivateSessionBus bus;
+    std::unique_ptr<FakeBusService> portal;
+    QDBusConnection connection{QString()};
+    std::unique_ptr<PortalHotKeys> keys;
+    bool registered = false;
+    std::vector<std::uint32_t> fired;
+};
+
+QString sessionOf(const QDBusMessage& bind) {
+    return bind.arguments().at(0).value<QDBusObjectPath>().path();
+}
+
+TEST(PortalHotKeysTest, ProbeFindsOnlyAPortalWithGlobalShortcuts) {
+    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+    testing::testApplication();
+    testing::PrivateSessionBus bus;
+    auto connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("probe"));
+    EXPECT_FALSE(PortalHotKeys::probe(connection)) << "no portal on the bus";
+    PortalBehaviour withoutShortcuts;
+    withoutShortcuts.offersShortcuts = false;
+    {
+        FakeBusService portal(
+            bus.address(), kPortal, kPortalPath,
+            [withoutShortcuts](const QDBusMessage& call) { return answerPortal(withoutShortcuts, call); });
+        ASSERT_TRUE(portal.ok());
+        EXPECT_FALSE(PortalHotKeys::probe(connection)) << "a portal without global shortcuts";
+    }
+    QDBusConnection::disconnectFromBus(QStringLiteral("probe"));
+}
+
+TEST(PortalHotKeysTest, BindsEveryComboInOneCallAndPassesOnlyItsOwnPresses) {
+    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+    for (const bool asPath : {false, true}) {
+        SCOPED_TRACE(asPath ? "session handle as object path" : "session handle as string");
+        PortalBehaviour behaviour;
+        behaviour.sessionHandleAsPath = asPath;
+        Rig rig(behaviour);
+        ASSERT_TRUE(rig.ready());
+        EXPECT_EQ(rig.keys->registerHotKey(3, 53, 0), -2) << "a key the portal has no name for";
+        EXPECT_TRUE(rig.portal->calls(QStringLiteral("CreateSession")).isEmpty()) << "binding waits a turn";
+        ASSERT_TRUE(rig.waitForBinds(1));
+        EXPECT_EQ(boundTriggers(rig.binds().first()),
+                  (QStringList{QStringLiteral("vantrelle-1=CTRL+ALT+k"), QStringLiteral("vantrelle-2=F5")}));
+        EXPECT_EQ(rig.portal->calls(QStringLiteral("CreateSession")).size(), 1);
+
+        const QString session = sessionOf(rig.binds().first());
+        rig.press(session, QStringLiteral("vantrelle-2"));
+        rig.press(session, QStringLiteral("vantrelle-9"));  // never bound
+        rig.press(session, QStringLiteral("vantrelle-3"));  // refused above
+        rig.press(session, QStringLiteral("other-app-1"));  // not ours
+        rig.press(kPortalPath + QStringLiteral("/session/x/y"),
+                  QStringLiteral("vantrelle-1"));  // not our session
+        rig.press(session, QStringLiteral("vantrelle-1"));
+        ASSERT_TRUE(spinUntil([&] { return !rig.fired.empty() && rig.fired.back() == 1; }));
+        EXPECT_EQ(rig.fired, (std::vector<std::uint32_t>{2, 1}));
+    }
+}
+
+TEST(PortalHotKeysTest, UnregisteringRebindsTheRestInAFreshSession) {
+    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+    Rig rig(PortalBehaviour{});
+    ASSERT_TRUE(rig.ready());
+    ASSERT_TRUE(rig.waitForBinds(1));
+    const QString first = sessionOf(rig.binds().first());
+    rig.keys->unregisterHotKey(2);
+    ASSERT_TRUE(rig.waitForBinds(2));
+    const auto rebind = rig.binds().at(1);
+    EXPECT_EQ(boundTriggers(rebind), QStringList{QStringLiteral("vantrelle-1=CTRL+ALT+k")});
+    const auto closes = rig.portal->calls(QStringLiteral("Close"));
+    ASSERT_EQ(closes.size(), 1);
+    EXPECT_EQ(closes.first().path(), first);
+
+    // The new session's presses count, the old one's don't.
+    const QString second = sessionOf(rebind);
+    EXPECT_NE(second, first);
+    rig.press(first, QStringLiteral("vantrelle-1"));
+    rig.press(second, QStringLiteral("vantrelle-2"));
+    rig.press(second, QStringLiteral("vantrelle-1"));
+    ASSERT_TRUE(spinUntil([&] { return !rig.fired.empty(); }));
+    EXPECT_EQ(rig.fired, std::vector<std::uint32_t>{1});
+}
+
+TEST(PortalHotKeysTest, ARefusalIsLogged) {
+    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+    struct Row {
+        const char* name;
+        uint sessionResponse;
+        uint bindResponse;
+        std::string logged;
+    };
+    const std::vector<Row> rows{
+        {"user cancelled the bind", 0, 1, "shortcuts: the portal did not bind the shortcuts (1)"},
+        {"bind failed", 0, 2, "shortcuts: the portal did not bind the shortcuts (2)"},
+        {"no session", 2, 0, "shortcuts: the portal refused a session (2)"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        testing::LogCapture log;
+        Rig rig({true, row.sessionResponse, row.bindResponse, false});
+        ASSERT_TRUE(rig.ready());
+        ASSERT_TRUE(spinUntil([&] { return log.text().find(row.logged) != std::string::npos; }));
+        EXPECT_EQ(log.text().find("bound the shortcuts"), std::string::npos);
+        // Still usable: clearing every combo closes what is left and asks nothing more.
+        rig.keys->unregisterHotKey(1);
+        rig.keys->unregisterHotKey(2);
+        QCoreApplication::processEvents();
+    }
+}
+
+}  // namespace
+}  // namespace vantrelle
