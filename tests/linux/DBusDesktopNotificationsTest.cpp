@@ -9,14 +9,12 @@
 #include <set>
 
 #include "TestApplication.h"
-#include "fakes/FakeLoginItem.h"
+#include "fakes/AppBasics.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/LogCapture.h"
 #include "focus/PomodoroModel.h"
 #include "focus/PomodoroNotifier.h"
 #include "notifications/DBusDesktopNotifications.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -83,7 +81,7 @@ private:
     uint m_lastId = 0;
 };
 
-class NotificationBusTest : public testing::EventLoopTest {
+class NotificationBusTest : public testing::EventLoopTest, protected testing::AppBasics {
 protected:
     void SetUp() override {
         if (!QDBusConnection::sessionBus().isConnected())
@@ -104,12 +102,6 @@ protected:
         scheduler.advance(1500 + PomodoroModel::kTickInterval);
     }
 
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     testing::RecordingSounds sounds;
     MapEnvironment environment;
     std::unique_ptr<DBusDesktopNotifications> adapter;
