@@ -19,8 +19,10 @@ class PomodoroFixture : public ::testing::Test, protected testing::AppBasics {
 protected:
     PomodoroFixture() { settings.setFocusMinutes(25); }
 
-    PomodoroModel& makeModel() {
-        notifier = std::make_unique<PomodoroNotifier>(&service, settings, notifications, demo);
+    // With the in-memory notification service unless another is given.
+    PomodoroModel& makeModel(DesktopNotifications* desktop = nullptr) {
+        notifier =
+            std::make_unique<PomodoroNotifier>(desktop ? desktop : &service, settings, notifications, demo);
         model = std::make_unique<PomodoroModel>(
             PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities, notifications,
                                         sounds, *notifier, &history, environment, demo});

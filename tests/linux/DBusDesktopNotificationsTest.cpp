@@ -9,11 +9,9 @@
 #include <set>
 
 #include "TestApplication.h"
-#include "fakes/AppBasics.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/LogCapture.h"
-#include "focus/PomodoroModel.h"
-#include "focus/PomodoroNotifier.h"
+#include "focus/PomodoroFixture.h"
 #include "notifications/DBusDesktopNotifications.h"
 
 namespace vantrelle {
@@ -81,32 +79,19 @@ private:
     uint m_lastId = 0;
 };
 
-class NotificationBusTest : public testing::EventLoopTest, protected testing::AppBasics {
+class NotificationBusTest : public testing::PomodoroFixture {
 protected:
+    static void SetUpTestSuite() { testing::testApplication(); }
     void SetUp() override {
         if (!QDBusConnection::sessionBus().isConnected())
             GTEST_SKIP() << "no session bus (run under dbus-run-session)";
     }
-
     void makeModel() {
         adapter = std::make_unique<DBusDesktopNotifications>();
-        notifier = std::make_unique<PomodoroNotifier>(adapter.get(), settings, notifications, false);
-        model = std::make_unique<PomodoroModel>(
-            PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities, notifications,
-                                        sounds, *notifier, nullptr, environment, false});
-        notifier->registerCategories(*model);
+        PomodoroFixture::makeModel(adapter.get());
     }
 
-    void finishWorkBlock() {
-        model->start(25, PomodoroPhase::focus);
-        scheduler.advance(1500 + PomodoroModel::kTickInterval);
-    }
-
-    testing::RecordingSounds sounds;
-    MapEnvironment environment;
     std::unique_ptr<DBusDesktopNotifications> adapter;
-    std::unique_ptr<PomodoroNotifier> notifier;
-    std::unique_ptr<PomodoroModel> model;
 };
 
 TEST_F(NotificationBusTest, OneWorkDoneAtATimeAndItsButtonsDriveTheTimer) {
