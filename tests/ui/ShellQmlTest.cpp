@@ -174,15 +174,9 @@ protected:
     MirrorViewModel mirrorView{mirrorCamera};
     // The launcher with one installed application, and Day Progress.
     testing::FakeProcessRunner launcherRunner;
-    LauncherModel launcher{{scheduler,
-                            queues,
-                            launcherRunner,
-                            scheduler,
-                            {home / "apps"},
-                            home / "appletsrc",
-                            "",
-                            home / "screentime",
-                            {}}};
+    std::vector<std::filesystem::path> appFolders{home / "apps"};
+    LauncherModel launcher{LauncherModel::Deps{scheduler, queues, launcherRunner, scheduler, appFolders,
+                                               home / "appletsrc", "", home / "screentime", nullptr}};
     LauncherViewModel launcherView{launcher, [] {}};
     CursorMileage mileage{home / "cursor-mileage.json", scheduler, true};
     class NoClipboard final : public Clipboard {
