@@ -114,13 +114,9 @@ TEST_F(ApplicationTest, AnUnreadableDefaultsFileIsMovedAsideAtStartAndSettingsSt
         Application app(environment);
         SharedInstance<AppSettings>::get().setShowDock(true);
     }
-    std::vector<std::string> aside;
-    for (const auto& entry : fs::directory_iterator(home / ".config/Vantrelle")) {
-        const std::string name = entry.path().filename().string();
-        if (name.rfind("defaults.json.unreadable-", 0) == 0) aside.push_back(name);
-    }
+    const auto aside = testing::unreadableCopies(home / ".config/Vantrelle/defaults.json");
     ASSERT_EQ(aside.size(), 1u);
-    EXPECT_EQ(home.read(".config/Vantrelle/" + aside[0]), handEdited);
+    EXPECT_EQ(home.read(".config/Vantrelle/" + aside[0].filename().string()), handEdited);
     EXPECT_NE(home.read(".config/Vantrelle/defaults.json").find("\"showDock\": true"), std::string::npos);
 }
 

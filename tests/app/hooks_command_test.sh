@@ -24,7 +24,6 @@ expect() {  # expect <status> <text in output> <arguments...>
 
 mkdir -p "$home/.claude"
 printf '{\n  "model": "opus",\n  "cleanupPeriodDays": 1e2\n}\n' >"$settings"
-chmod 600 "$settings"
 cp "$settings" "$home/original.json"
 
 expect 0 "are not installed in $settings" status
@@ -32,15 +31,10 @@ expect 0 "installed in $settings" install
 expect 0 "are installed in $settings" status
 expect 0 "removed from $settings" uninstall
 cmp -s "$settings" "$home/original.json" || { echo "FAIL: the settings changed after install and uninstall"; failures=$((failures + 1)); }
-[ "$(stat -c %a "$settings")" = 600 ] || { echo "FAIL: the settings lost their mode"; failures=$((failures + 1)); }
-[ -f "$settings.vantrelle-backup" ] || { echo "FAIL: no backup"; failures=$((failures + 1)); }
-
+# The edits themselves, the file's mode and the messages are checked where they are made; here, that
+# a refusal and a mistake reach the exit status.
 printf '{"model": "opus",}' >"$settings"
 expect 1 "it isn't valid JSON (line 1, column 18). Nothing was changed." install
-rm "$settings"
-mkfifo "$settings"
-expect 1 "it is a named pipe, not a regular file" status
-expect 0 "usage: vantrelle hooks status|install|uninstall" --help
 expect 2 "unknown argument" enable
 
 [ "$failures" -eq 0 ] && echo "hooks command: all checks passed"

@@ -1,5 +1,6 @@
 #include "fakes/TempDir.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -32,6 +33,23 @@ std::string TempDir::read(std::string_view relative) const {
     std::ostringstream buffer;
     buffer << in.rdbuf();
     return buffer.str();
+}
+
+std::vector<std::string> fileNamesIn(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::vector<std::filesystem::path> unreadableCopies(const std::filesystem::path& file) {
+    std::vector<std::filesystem::path> copies;
+    const std::string prefix = file.filename().string() + ".unreadable-";
+    for (const auto& name : fileNamesIn(file.parent_path())) {
+        if (name.starts_with(prefix)) copies.push_back(file.parent_path() / name);
+    }
+    return copies;
 }
 
 }  // namespace vantrelle::testing

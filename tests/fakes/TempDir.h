@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantrelle::testing {
 
@@ -23,5 +25,10 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+// The names in a folder, sorted.
+std::vector<std::string> fileNamesIn(const std::filesystem::path& folder);
+// The copies an unreadable `file` was moved aside to, beside it.
+std::vector<std::filesystem::path> unreadableCopies(const std::filesystem::path& file);
 
 }  // namespace vantrelle::testing

@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "catalog/AppSettings.h"
+#include "fakes/AppBasics.h"
 #include "fakes/FakeFileWatcher.h"
 #include "fakes/FakeImageCodec.h"
-#include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
 #include "files/DownloadsWatcher.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -15,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::TempDir;
 
-class DownloadsWatcherTest : public ::testing::Test {
+class DownloadsWatcherTest : public ::testing::Test, protected testing::AppBasics {
 protected:
     static fs::path made(const fs::path& folder) {
         fs::create_directories(folder);
@@ -29,14 +27,8 @@ protected:
     }
 
     TempDir dir;
-    VirtualScheduler scheduler;
     InlineQueueFactory queues;
     testing::FakeFileWatcher watcher;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     testing::FakeImageCodec codec;
     ImageConverter converter{codec, std::nullopt, dir / "Converted"};
     ShelfStore shelf{{dir / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};

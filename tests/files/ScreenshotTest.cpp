@@ -2,14 +2,12 @@
 
 #include <fstream>
 
+#include "fakes/AppBasics.h"
 #include "fakes/FakeFileWatcher.h"
 #include "fakes/FakeImageCodec.h"
-#include "fakes/FakeLoginItem.h"
 #include "fakes/TempDir.h"
 #include "files/ScreenCapture.h"
 #include "files/ScreenshotWatcher.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -79,7 +77,7 @@ TEST(ScreenCapture, CaptureFolderOrder) {
     EXPECT_EQ(screenshotFolder(environment, paths), dir / "nowhere");
 }
 
-class ScreenshotEngineTest : public ::testing::Test {
+class ScreenshotEngineTest : public ::testing::Test, protected testing::AppBasics {
 protected:
     void SetUp() override {
         engine.onCapture = [this](const fs::path& file) { captures.push_back(file); };
@@ -87,7 +85,6 @@ protected:
     void shot(const std::string& name) { dir.write(name, png({{"tEXt", text("Software", "grim")}})); }
 
     TempDir dir;
-    VirtualScheduler scheduler;
     InlineQueueFactory queues;
     testing::FakeFileWatcher watcher;
     ScreenshotScanEngine engine{{scheduler, queues, watcher, isScreenCapture}};
@@ -150,11 +147,6 @@ protected:
                                   demo});
     }
 
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     testing::FakeImageCodec codec;
     ImageConverter converter{codec, std::nullopt, dir / "Converted"};
     TempDir shelfDir;

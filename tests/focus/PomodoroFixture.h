@@ -4,25 +4,25 @@
 
 #include <memory>
 
+#include "fakes/AppBasics.h"
 #include "fakes/FakeDesktopNotifications.h"
-#include "fakes/FakeLoginItem.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/TempDir.h"
 #include "focus/PomodoroModel.h"
 #include "focus/PomodoroNotifier.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 #include "wrapped/WrappedHistory.h"
 
 namespace vantrelle::testing {
 
 // A focus timer on virtual time with its real notifier over an in-memory notification service.
-class PomodoroFixture : public ::testing::Test {
+class PomodoroFixture : public ::testing::Test, protected testing::AppBasics {
 protected:
     PomodoroFixture() { settings.setFocusMinutes(25); }
 
-    PomodoroModel& makeModel() {
-        notifier = std::make_unique<PomodoroNotifier>(&service, settings, notifications, demo);
+    // With the in-memory notification service unless another is given.
+    PomodoroModel& makeModel(DesktopNotifications* desktop = nullptr) {
+        notifier =
+            std::make_unique<PomodoroNotifier>(desktop ? desktop : &service, settings, notifications, demo);
         model = std::make_unique<PomodoroModel>(
             PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities, notifications,
                                         sounds, *notifier, &history, environment, demo});
@@ -36,12 +36,6 @@ protected:
         scheduler.advance(static_cast<double>(settings.focusMinutes()) * 60 + PomodoroModel::kTickInterval);
     }
 
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     RecordingSounds sounds;
     FakeDesktopNotifications service;
     TempDir dir;

@@ -1,22 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "fakes/FakeLoginItem.h"
+#include "fakes/AppBasics.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "focus/QuickTimerModel.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
 
-class QuickTimerModelTest : public ::testing::Test {
+class QuickTimerModelTest : public ::testing::Test, protected testing::AppBasics {
 protected:
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     testing::RecordingSounds sounds;
     QuickTimerModel timer{{scheduler, scheduler, settings, activities, notifications, sounds}};
 };

@@ -31,15 +31,10 @@ protected:
     }
 
     std::unique_ptr<LauncherModel> make(std::string desktop = "GNOME") {
-        auto model = std::make_unique<LauncherModel>(LauncherModel::Deps{clock,
-                                                                         queues,
-                                                                         runner,
-                                                                         clock,
-                                                                         {dir / "apps"},
-                                                                         dir / "appletsrc",
-                                                                         std::move(desktop),
-                                                                         dir / "screentime",
-                                                                         [this] { return today; }});
+        const std::vector<std::filesystem::path> folders{dir / "apps"};
+        auto model = std::make_unique<LauncherModel>(
+            LauncherModel::Deps{clock, queues, runner, clock, folders, dir / "appletsrc", std::move(desktop),
+                                dir / "screentime", [this] { return today; }});
         connection = model->changed.connect([this] { ++changes; });
         model->start();
         clock.runUntilIdle();

@@ -27,15 +27,9 @@ protected:
     }
 
     std::unique_ptr<LauncherModel> make() {
-        auto model = std::make_unique<LauncherModel>(LauncherModel::Deps{clock,
-                                                                         queues,
-                                                                         runner,
-                                                                         clock,
-                                                                         {dir / "apps"},
-                                                                         dir / "appletsrc",
-                                                                         "GNOME",
-                                                                         dir / "screentime",
-                                                                         {}});
+        const std::vector<std::filesystem::path> folders{dir / "apps"};
+        auto model = std::make_unique<LauncherModel>(LauncherModel::Deps{
+            clock, queues, runner, clock, folders, dir / "appletsrc", "GNOME", dir / "screentime", {}});
         model->start();
         clock.runUntilIdle();
         return model;

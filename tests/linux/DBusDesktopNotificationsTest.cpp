@@ -9,14 +9,10 @@
 #include <set>
 
 #include "TestApplication.h"
-#include "fakes/FakeLoginItem.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/LogCapture.h"
-#include "focus/PomodoroModel.h"
-#include "focus/PomodoroNotifier.h"
+#include "focus/PomodoroFixture.h"
 #include "notifications/DBusDesktopNotifications.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -83,38 +79,19 @@ private:
     uint m_lastId = 0;
 };
 
-class NotificationBusTest : public testing::EventLoopTest {
+class NotificationBusTest : public testing::PomodoroFixture {
 protected:
+    static void SetUpTestSuite() { testing::testApplication(); }
     void SetUp() override {
         if (!QDBusConnection::sessionBus().isConnected())
             GTEST_SKIP() << "no session bus (run under dbus-run-session)";
     }
-
     void makeModel() {
         adapter = std::make_unique<DBusDesktopNotifications>();
-        notifier = std::make_unique<PomodoroNotifier>(adapter.get(), settings, notifications, false);
-        model = std::make_unique<PomodoroModel>(
-            PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities, notifications,
-                                        sounds, *notifier, nullptr, environment, false});
-        notifier->registerCategories(*model);
+        PomodoroFixture::makeModel(adapter.get());
     }
 
-    void finishWorkBlock() {
-        model->start(25, PomodoroPhase::focus);
-        scheduler.advance(1500 + PomodoroModel::kTickInterval);
-    }
-
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
-    testing::RecordingSounds sounds;
-    MapEnvironment environment;
     std::unique_ptr<DBusDesktopNotifications> adapter;
-    std::unique_ptr<PomodoroNotifier> notifier;
-    std::unique_ptr<PomodoroModel> model;
 };
 
 TEST_F(NotificationBusTest, OneWorkDoneAtATimeAndItsButtonsDriveTheTimer) {

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <utility>
+
+#include "linux/TestApplication.h"
 
 namespace vantrelle::testing {
 
@@ -40,6 +45,21 @@ public:
 private:
     QProcess m_daemon;
     QString m_address;
+};
+
+// Tests on one private bus for the suite; they skip where dbus-daemon isn't installed.
+class PrivateSessionBusTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        testApplication();
+        bus = new PrivateSessionBus;
+    }
+    static void TearDownTestSuite() { delete std::exchange(bus, nullptr); }
+    void SetUp() override {
+        if (bus->address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
+    }
+
+    static inline PrivateSessionBus* bus = nullptr;
 };
 
 }  // namespace vantrelle::testing

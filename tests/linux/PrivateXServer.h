@@ -1,9 +1,16 @@
 #pragma once
 
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
 #include <QProcess>
 #include <QStandardPaths>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
+
+#include "linux/TestApplication.h"
 
 namespace vantrelle::testing {
 
@@ -34,5 +41,30 @@ private:
     std::unique_ptr<QProcess> m_server;
     std::string m_display;
 };
+
+// Tests on the suite's private X server; each case points DISPLAY at it (none is put back), or skips.
+class PrivateXServerTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        testApplication();
+        server.start();
+    }
+    static void TearDownTestSuite() { server.stop(); }
+    void SetUp() override {
+        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
+        ::setenv("DISPLAY", server.display().c_str(), 1);
+    }
+
+    static inline PrivateXServer server;
+};
+
+// An atom of another client's connection, as the adapters under test would see it.
+inline xcb_atom_t internAtom(xcb_connection_t* c, const char* name) {
+    auto* reply = xcb_intern_atom_reply(
+        c, xcb_intern_atom(c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    std::free(reply);
+    return atom;
+}
 
 }  // namespace vantrelle::testing

@@ -2,13 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QHostAddress>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QThread>
-#include <QTimer>
 
+#include "LoopbackServer.h"
 #include "QtHttpClient.h"
 #include "TestApplication.h"
 #include "calc/CalcEngine.h"
@@ -23,65 +19,6 @@ QCoreApplication& application() {
     return testing::testApplication();
 }
 
-// Answers every request with one canned response, or with nothing at all.
-class LoopbackServer {
-public:
-    LoopbackServer() {
-        EXPECT_TRUE(m_server.listen(QHostAddress::LocalHost, 0));
-        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
-            while (QTcpSocket* socket = m_server.nextPendingConnection()) {
-                socket->setParent(&m_server);
-                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { serve(socket); });
-            }
-        });
-    }
-
-    void respond(int status, QByteArray body) {
-        m_status = status;
-        m_body = std::move(body);
-        m_silent = false;
-    }
-    void stayQuiet() { m_silent = true; }
-
-    [[nodiscard]] std::string base() const {
-        return "http://127.0.0.1:" + std::to_string(m_server.serverPort());
-    }
-    [[nodiscard]] const QList<QByteArray>& requestLines() const { return m_requestLines; }
-
-private:
-    void serve(QTcpSocket* socket) {
-        QByteArray& pending = m_pending[socket];
-        pending += socket->readAll();
-        if (!pending.contains("\r\n\r\n")) return;
-        m_requestLines.push_back(pending.left(pending.indexOf("\r\n")));
-        if (m_silent) return;
-        QByteArray head = "HTTP/1.1 " + QByteArray::number(m_status) + " Whatever\r\n";
-        head += "Content-Type: application/json\r\nConnection: close\r\n";
-        head += "Content-Length: " + QByteArray::number(m_body.size()) + "\r\n\r\n";
-        socket->write(head + m_body);
-        socket->disconnectFromHost();
-    }
-
-    QTcpServer m_server;
-    std::map<QTcpSocket*, QByteArray> m_pending;
-    QList<QByteArray> m_requestLines;
-    int m_status = 200;
-    QByteArray m_body;
-    bool m_silent = false;
-};
-
-// Runs the event loop until `done` holds; a generous deadline turns a hang into a failure.
-template <typename Done>
-bool runUntil(Done done) {
-    QEventLoop loop;
-    QTimer deadline;
-    deadline.setSingleShot(true);
-    QObject::connect(&deadline, &QTimer::timeout, &loop, &QEventLoop::quit);
-    deadline.start(10'000);
-    while (!done() && deadline.isActive()) loop.processEvents(QEventLoop::WaitForMoreEvents);
-    return done();
-}
-
 constexpr const char* kRates =
     R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
 
@@ -93,18 +30,18 @@ protected:
             EXPECT_EQ(QThread::currentThread(), application().thread());
             response = std::move(r);
         });
-        EXPECT_TRUE(runUntil([&] { return response.has_value(); }));
+        EXPECT_TRUE(testing::spinUntil([&] { return response.has_value(); }));
         return response;
     }
     static std::optional<RateQuote> ask(RatesService& rates, std::string_view from, std::string_view to) {
         std::optional<std::optional<RateQuote>> answer;
         rates.rate(from, to, [&](std::optional<RateQuote> quote) { answer = quote; });
-        EXPECT_TRUE(runUntil([&] { return answer.has_value(); }));
+        EXPECT_TRUE(testing::spinUntil([&] { return answer.has_value(); }));
         return answer.value_or(std::nullopt);
     }
 
     QCoreApplication& app = application();  // first: the Qt objects below need it
-    LoopbackServer server;
+    testing::LoopbackServer server;
     QtHttpClient client;
     MemoryDefaultsStore defaults;
     MapEnvironment environment{{{"VANTRELLE_RATES_URL", server.base()}}};

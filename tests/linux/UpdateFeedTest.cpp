@@ -1,11 +1,8 @@
 // The update check through the real HTTP client against a feed that the test serves on loopback.
 #include <gtest/gtest.h>
 
-#include <QHostAddress>
-#include <QTcpServer>
-#include <QTcpSocket>
-
 #include "DebianPackage.h"
+#include "LoopbackServer.h"
 #include "QtHttpClient.h"
 #include "TestApplication.h"
 #include "fakes/LogCapture.h"
@@ -18,37 +15,6 @@ namespace {
 
 using testing::spinUntil;
 
-// Serves `body` as the feed to every request.
-class FeedServer {
-public:
-    FeedServer() {
-        EXPECT_TRUE(m_server.listen(QHostAddress::LocalHost, 0));
-        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
-            while (QTcpSocket* socket = m_server.nextPendingConnection()) {
-                socket->setParent(&m_server);
-                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-                    if (!socket->readAll().contains("\r\n\r\n")) return;
-                    ++requests;
-                    socket->write(
-                        "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n"
-                        "Content-Length: " +
-                        QByteArray::number(body.size()) + "\r\n\r\n" + body);
-                    socket->disconnectFromHost();
-                });
-            }
-        });
-    }
-    [[nodiscard]] std::string url() const {
-        return "http://127.0.0.1:" + std::to_string(m_server.serverPort()) + "/feed.json";
-    }
-
-    QByteArray body;
-    int requests = 0;
-
-private:
-    QTcpServer m_server;
-};
-
 class UpdateFeedTest : public testing::EventLoopTest {
 protected:
     std::unique_ptr<UpdateNotice> notice(std::string feed, std::string installed = "1.9.0") {
@@ -57,10 +23,11 @@ protected:
     }
     // Checks and waits for the answer.
     void check(UpdateNotice& n, bool userInitiated) {
-        const int before = server.requests;
+        const auto before = server.requestLines().size();
         n.check(userInitiated);
-        ASSERT_TRUE(spinUntil([&] { return server.requests > before && !n.isChecking(); }));
+        ASSERT_TRUE(spinUntil([&] { return server.requestLines().size() > before && !n.isChecking(); }));
     }
+    [[nodiscard]] std::string feed() const { return server.base() + "/feed.json"; }
     [[nodiscard]] std::optional<std::string> flashed() const {
         const auto& current = activities.current();
         if (!current || !current->is<LiveActivity::Update>()) return std::nullopt;
@@ -70,7 +37,7 @@ protected:
     QtHttpClient http;
     VirtualScheduler scheduler;
     LiveActivityCenter activities{scheduler};
-    FeedServer server;
+    testing::LoopbackServer server;
 };
 
 TEST_F(UpdateFeedTest, ANewerReleaseFlashesOnceAndAnOlderOneIsNoNews) {
@@ -89,16 +56,16 @@ TEST_F(UpdateFeedTest, ANewerReleaseFlashesOnceAndAnOlderOneIsNoNews) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.feed);
-        auto n = notice(server.url(), row.installed);
-        server.body = row.feed;
+        auto n = notice(feed(), row.installed);
+        server.respond(200, row.feed);
         check(*n, false);
         EXPECT_EQ(flashed(), row.flash);
         EXPECT_EQ(n->statusText(), row.status);
         scheduler.advance(UpdateNotice::kFlashSeconds);
         EXPECT_FALSE(activities.current()) << "the flash ends after its time";
     }
-    auto n = notice(server.url());
-    server.body = R"({"version":"2.0"})";
+    auto n = notice(feed());
+    server.respond(200, R"({"version":"2.0"})");
     check(*n, false);
     scheduler.advance(UpdateNotice::kFlashSeconds);
     check(*n, false);
@@ -110,12 +77,12 @@ TEST_F(UpdateFeedTest, ANewerReleaseFlashesOnceAndAnOlderOneIsNoNews) {
 
 TEST_F(UpdateFeedTest, AMalformedFeedIsLoggedAndIgnored) {
     testing::LogCapture log;
-    auto n = notice(server.url());
-    server.body = R"({"version":"1.10.0"})";
+    auto n = notice(feed());
+    server.respond(200, R"({"version":"1.10.0"})");
     check(*n, false);
     scheduler.advance(UpdateNotice::kFlashSeconds);
     for (const char* bad : {"<html>", R"({"version":"soon"})", "{\"version\":"}) {
-        server.body = bad;
+        server.respond(200, bad);
         check(*n, true);
         EXPECT_EQ(n->available()->version, "1.10.0") << bad << ": the state stays as it was";
         EXPECT_FALSE(activities.current());
@@ -128,7 +95,7 @@ TEST_F(UpdateFeedTest, WithoutAFeedThePackageManagerBringsUpdates) {
     EXPECT_EQ(n->statusText(), UpdateNotice::kPackageManagerText);
     n->start();
     n->check(true);
-    EXPECT_EQ(server.requests, 0);
+    EXPECT_TRUE(server.requestLines().empty());
     EXPECT_FALSE(n->isChecking());
     EXPECT_EQ(n->statusText(), UpdateNotice::kPackageManagerText);
     EXPECT_FALSE(activities.current());

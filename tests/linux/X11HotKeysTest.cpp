@@ -20,17 +20,11 @@ using testing::spinUntil;
 constexpr std::uint32_t kCtrlAlt = ComboModifier::ctrl | ComboModifier::alt;
 constexpr std::uint32_t kG = 5, kH = 4, kK = 40;  // stored key codes
 
-class X11HotKeysTest : public ::testing::Test {
+class X11HotKeysTest : public testing::PrivateXServerTest {
 protected:
-    static void SetUpTestSuite() {
-        testing::testApplication();
-        server.start();
-    }
-    static void TearDownTestSuite() { server.stop(); }
     void SetUp() override {
-        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
+        PrivateXServerTest::SetUp();
         if (QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty()) GTEST_SKIP() << "no xdotool";
-        ::setenv("DISPLAY", server.display().c_str(), 1);
     }
     static void press(const char* keys) {
         // Several key names in one argument list press them one after the other.
@@ -38,8 +32,6 @@ protected:
         arguments += QString::fromLatin1(keys).split(QLatin1Char(' '));
         ASSERT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
     }
-
-    static inline testing::PrivateXServer server;
 };
 
 TEST_F(X11HotKeysTest, AGrabHearsItsComboInEveryLockStateUntilReleased) {

@@ -21,22 +21,7 @@ namespace {
 
 using testing::spinUntil;
 
-// A private X server for the test suite; the tests skip where Xvfb isn't installed.
-class X11Adapters : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        testing::testApplication();
-        server.start();
-    }
-    static void TearDownTestSuite() { server.stop(); }
-    // Every case sets the DISPLAY it needs, so none is put back.
-    void SetUp() override {
-        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
-        ::setenv("DISPLAY", server.display().c_str(), 1);
-    }
-
-    static inline testing::PrivateXServer server;
-};
+using X11Adapters = testing::PrivateXServerTest;
 
 // Another program on the same display: owns a window and the drag selection.
 class OtherClient {
@@ -52,13 +37,7 @@ public:
     OtherClient(const OtherClient&) = delete;
     OtherClient& operator=(const OtherClient&) = delete;
 
-    xcb_atom_t atom(const char* name) {
-        auto* reply = xcb_intern_atom_reply(
-            m_c, xcb_intern_atom(m_c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
-        const xcb_atom_t atom = reply->atom;
-        std::free(reply);
-        return atom;
-    }
+    xcb_atom_t atom(const char* name) { return testing::internAtom(m_c, name); }
     void startDrag(const std::vector<const char*>& types) {
         std::vector<xcb_atom_t> atoms;
         for (const char* type : types) atoms.push_back(atom(type));

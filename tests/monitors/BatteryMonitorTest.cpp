@@ -64,16 +64,8 @@ private:
     PowerSource& m_inner;
 };
 
-class BatteryMonitorTest : public testing::EventLoopTest {
+class BatteryMonitorTest : public testing::PrivateSessionBusTest {
 protected:
-    static void SetUpTestSuite() {
-        testing::testApplication();
-        bus = new testing::PrivateSessionBus;
-    }
-    static void TearDownTestSuite() { delete std::exchange(bus, nullptr); }
-    void SetUp() override {
-        if (bus->address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
-    }
     void TearDown() override {
         upower.unregisterObject(kPath);
         upower.unregisterService(QString::fromLatin1(UPowerPowerSource::kService));
@@ -88,7 +80,6 @@ protected:
         return *current->as<LiveActivity::Battery>();
     }
 
-    static inline testing::PrivateSessionBus* bus = nullptr;
     QDBusConnection upower = QDBusConnection::connectToBus(bus->address(), QStringLiteral("upower"));
     QDBusConnection ours = QDBusConnection::connectToBus(bus->address(), QStringLiteral("ours"));
     FakeDisplayDevice device;

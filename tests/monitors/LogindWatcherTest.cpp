@@ -26,19 +26,8 @@ public Q_SLOTS:
     QDBusObjectPath GetSessionByPID(uint) { return QDBusObjectPath(kSessionPath); }
 };
 
-class LogindWatcherTest : public ::testing::Test {
+class LogindWatcherTest : public testing::PrivateSessionBusTest {
 protected:
-    static void SetUpTestSuite() {
-        testing::testApplication();
-        bus = new testing::PrivateSessionBus;
-    }
-    static void TearDownTestSuite() {
-        delete bus;
-        bus = nullptr;
-    }
-    void SetUp() override {
-        if (bus->address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
-    }
     void emitSignal(const QString& path, const QString& interface, const QString& name,
                     const QVariantList& args) {
         QDBusMessage message = QDBusMessage::createSignal(path, interface, name);
@@ -46,7 +35,6 @@ protected:
         logind.send(message);
     }
 
-    static inline testing::PrivateSessionBus* bus = nullptr;
     QDBusConnection logind = QDBusConnection::connectToBus(bus->address(), QStringLiteral("logind"));
     QDBusConnection ours = QDBusConnection::connectToBus(bus->address(), QStringLiteral("ours"));
     FakeManager manager;

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <memory>
 
 #include "fakes/FakeDesktopNotifications.h"
@@ -8,6 +7,7 @@
 #include "fakes/ScopedTimeZone.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
+#include "schedule/IcsFixtures.h"
 #include "support/JsonDefaultsStore.h"
 #include "support/LocalCalendar.h"
 #include "wrapped/WrappedReminders.h"
@@ -16,17 +16,7 @@ namespace vantrelle {
 namespace {
 
 using testing::FakeDesktopNotifications;
-
-Date local(int year, int month, int day, int hour, int minute = 0) {
-    std::tm parts{};
-    parts.tm_year = year - 1900;
-    parts.tm_mon = month - 1;
-    parts.tm_mday = day;
-    parts.tm_hour = hour;
-    parts.tm_min = minute;
-    parts.tm_isdst = -1;
-    return Date{static_cast<double>(std::mktime(&parts))};
-}
+using testing::localTime;
 
 // One launch of the app: its defaults read from the file the last launch left.
 struct Launch {
@@ -64,18 +54,18 @@ using Posts = std::vector<std::string>;
 
 TEST_F(WrappedRemindersTest, OneReminderAtTheEndOfEachWeekAndMonth) {
     // Thursday; January ends on Saturday the 31st, the week on Sunday 1 February.
-    auto app = launch(local(2026, 1, 29, 12));
+    auto app = launch(localTime(2026, 1, 29, 12));
     struct Step {
         Date until;
         Posts expected;
     };
     const Step steps[] = {
-        {local(2026, 1, 31, 17, 59), {}},
-        {local(2026, 1, 31, 18, 5), {"wrapped.month:thisMonth"}},
-        {local(2026, 2, 1, 17, 59), {"wrapped.month:thisMonth"}},
-        {local(2026, 2, 1, 18, 5), {"wrapped.month:thisMonth", "wrapped.week:thisWeek"}},
-        {local(2026, 2, 8, 17, 59), {"wrapped.month:thisMonth", "wrapped.week:thisWeek"}},
-        {local(2026, 2, 8, 23, 59),
+        {localTime(2026, 1, 31, 17, 59), {}},
+        {localTime(2026, 1, 31, 18, 5), {"wrapped.month:thisMonth"}},
+        {localTime(2026, 2, 1, 17, 59), {"wrapped.month:thisMonth"}},
+        {localTime(2026, 2, 1, 18, 5), {"wrapped.month:thisMonth", "wrapped.week:thisWeek"}},
+        {localTime(2026, 2, 8, 17, 59), {"wrapped.month:thisMonth", "wrapped.week:thisWeek"}},
+        {localTime(2026, 2, 8, 23, 59),
          {"wrapped.month:thisMonth", "wrapped.week:thisWeek", "wrapped.week:thisWeek"}},
     };
     for (const Step& step : steps) {
@@ -90,29 +80,29 @@ TEST_F(WrappedRemindersTest, OneReminderAtTheEndOfEachWeekAndMonth) {
 TEST_F(WrappedRemindersTest, ARestartNeverRepeatsAndAMissedOneComesTheNextDayOnly) {
     // Sunday evening, the first day of February: the week ends, and January's reminder was missed.
     const Posts both{"wrapped.week:thisWeek", "wrapped.month:lastMonth"};
-    launch(local(2026, 2, 1, 18, 30));
+    launch(localTime(2026, 2, 1, 18, 30));
     EXPECT_EQ(posted(), both);
-    launch(local(2026, 2, 1, 22));
-    launch(local(2026, 2, 2, 8));
+    launch(localTime(2026, 2, 1, 22));
+    launch(localTime(2026, 2, 2, 8));
     EXPECT_EQ(posted(), both) << "the same week, offered as last week, is not new";
 
     // Off over the next Sunday: Monday still offers last week, Tuesday nothing any more.
     service.delivered.clear();
-    launch(local(2026, 2, 9, 9));
+    launch(localTime(2026, 2, 9, 9));
     EXPECT_EQ(posted(), Posts{"wrapped.week:lastWeek"});
     service.delivered.clear();
-    launch(local(2026, 2, 17, 9));
+    launch(localTime(2026, 2, 17, 9));
     EXPECT_EQ(posted(), Posts{});
-    launch(local(2026, 3, 1, 0, 30));
+    launch(localTime(2026, 3, 1, 0, 30));
     EXPECT_EQ(posted(), Posts{"wrapped.month:lastMonth"});
 }
 
 TEST_F(WrappedRemindersTest, OffOrDemoMeansNone) {
-    auto off = std::make_unique<Launch>(dir / "defaults.json", local(2026, 1, 31, 19), service);
+    auto off = std::make_unique<Launch>(dir / "defaults.json", localTime(2026, 1, 31, 19), service);
     off->settings.setWrappedReminders(false);
     off->reminders.start();
     off->scheduler.advance(3 * 24 * 3600);
-    launch(local(2026, 2, 1, 19), true)->scheduler.advance(3600);
+    launch(localTime(2026, 2, 1, 19), true)->scheduler.advance(3600);
     EXPECT_EQ(service.posts, 0);
 
     off->settings.setWrappedReminders(true);

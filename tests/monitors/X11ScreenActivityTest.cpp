@@ -49,13 +49,7 @@ public:
     }
 
 private:
-    xcb_atom_t atom(const char* name) {
-        auto* reply = xcb_intern_atom_reply(
-            m_c, xcb_intern_atom(m_c, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
-        const xcb_atom_t atom = reply->atom;
-        std::free(reply);
-        return atom;
-    }
+    xcb_atom_t atom(const char* name) { return testing::internAtom(m_c, name); }
     void setClass(int index, const std::string& instance, const std::string& klass) {
         const std::string value = instance + '\0' + klass + '\0';
         xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, m_windows[index], XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
@@ -67,22 +61,15 @@ private:
     xcb_window_t m_windows[2] = {0, 0};
 };
 
-class X11ScreenActivityTest : public ::testing::Test {
+class X11ScreenActivityTest : public testing::PrivateXServerTest {
 protected:
-    static void SetUpTestSuite() {
-        testing::testApplication();
-        server.start();
-    }
-    static void TearDownTestSuite() { server.stop(); }
     void SetUp() override {
-        if (server.display().empty()) GTEST_SKIP() << "no Xvfb";
-        ::setenv("DISPLAY", server.display().c_str(), 1);
+        PrivateXServerTest::SetUp();
         apps.write("org.example.FakeEditor.desktop",
                    "[Desktop Entry]\nType=Application\nName=Fake Editor\nExec=fake-editor %F\n"
                    "StartupWMClass=FakeEditor\n");
     }
 
-    static inline testing::PrivateXServer server;
     testing::TempDir apps;
 };
 

@@ -4,28 +4,11 @@
 #
 #   monitor-commands-test.sh <vantrelle executable>
 set -uo pipefail
-fail() { echo "FAIL: $*"; exit 1; }
 vantrelle=$1
-work=$(mktemp -d)
-server=
-cleanup() { [[ -n $server ]] && kill "$server" 2>/dev/null; rm -rf "$work"; }
-trap cleanup EXIT
-export HOME=$work/home XDG_DATA_HOME=$work/data XDG_CONFIG_HOME=$work/config XDG_CACHE_HOME=$work/cache
+source "$(dirname "$0")/../ui/lib.sh"
 mkdir -p "$HOME/shop" "$XDG_DATA_HOME/Vantrelle/screentime"
-
-# A server on a free port below the ephemeral range; its "Serving" line says it listens.
-port=$(python3 -c 'import socket,random
-for _ in range(200):
-    p = random.randint(20000, 40000); s = socket.socket()
-    try: s.bind(("127.0.0.1", p)); s.close(); print(p); break
-    except OSError: pass')
-mkfifo "$work/server.out"
-(cd "$HOME/shop" && exec python3 -u -m http.server "$port" --bind 127.0.0.1 >"$work/server.out" 2>/dev/null) &
-server=$!
-exec 3<"$work/server.out"
-ready=
-while read -r -t 20 line <&3; do [[ $line == Serving* ]] && { ready=1; break; }; done
-[[ -n $ready ]] || fail "the test server did not start"
+# A server on a free port; its process is the one the list must name.
+start_http_server "$HOME/shop"
 
 "$vantrelle" servers --json >"$work/servers.json" || fail "servers --json fails"
 python3 - "$work/servers.json" "$port" "$server" <<'PY' || fail "servers --json misses the server: $(cat "$work/servers.json")"

@@ -4,13 +4,11 @@
 
 #include <optional>
 
-#include "fakes/FakeLoginItem.h"
+#include "fakes/AppBasics.h"
 #include "fakes/FakeOverlayPorts.h"
 #include "fakes/TempDir.h"
 #include "overlay/NotchOverlayController.h"
-#include "platform/VirtualScheduler.h"
 #include "support/DebugLog.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle::testing {
 
@@ -19,7 +17,7 @@ inline ScreenInfo laptopScreen() {
     return ScreenInfo{"eDP-1", Rect{0, 0, 1512, 982}, Rect{0, 0, 1512, 958}, std::nullopt, std::nullopt};
 }
 
-class OverlayFixture : public ::testing::Test {
+class OverlayFixture : public ::testing::Test, protected testing::AppBasics {
 protected:
     using Event = NotchOverlayController::MouseEvent;
 
@@ -62,12 +60,6 @@ protected:
     static constexpr Point insidePanel{756, 700};
     static constexpr Point farAway{100, 100};
 
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     MapEnvironment environment;
     RecordingWindows windows;
     FakeScreens screens;

@@ -1,21 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "fakes/FakeLoginItem.h"
-#include "platform/VirtualScheduler.h"
+#include "fakes/AppBasics.h"
 #include "preferences/ToolSwitch.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
 
-class ToolSwitchTest : public ::testing::Test {
-protected:
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    VirtualScheduler scheduler;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-};
+class ToolSwitchTest : public ::testing::Test, protected testing::AppBasics {};
 
 TEST_F(ToolSwitchTest, TurningAToolOffIsStoredAndSaysNothing) {
     const auto outcome = switchTool(settings, NotchTab::music, false);

@@ -2,14 +2,12 @@
 
 #include <optional>
 
+#include "fakes/AppBasics.h"
 #include "fakes/FakeCalendarSource.h"
-#include "fakes/FakeLoginItem.h"
 #include "fakes/LogCapture.h"
 #include "fakes/ScopedTimeZone.h"
-#include "platform/VirtualScheduler.h"
 #include "schedule/CalendarService.h"
 #include "schedule/MeetingLink.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
@@ -25,7 +23,7 @@ CalendarEvent meeting(std::string id, Date start, double length = 1800) {
     return event;
 }
 
-class CalendarServiceTest : public ::testing::Test {
+class CalendarServiceTest : public ::testing::Test, protected testing::AppBasics {
 protected:
     CalendarServiceTest() {
         m_headsUps = notifications.observeMessage(Notifications::meetingHeadsUp,
@@ -55,12 +53,6 @@ protected:
     }
 
     testing::ScopedTimeZone zone{"UTC"};
-    VirtualScheduler scheduler;  // 2027-01-15 08:00 UTC
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     FakeCalendarSource source;
     MapEnvironment environment;
     bool demo = false;

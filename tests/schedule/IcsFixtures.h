@@ -22,8 +22,8 @@ inline std::string calendar(std::string_view body, std::string_view extraHeader 
     return crlf;
 }
 
-// Local wall-clock time in the process's zone.
-inline Date localTime(int year, int month, int day, int hour = 0, int minute = 0) {
+// The parts of a wall-clock time, the zone left to the caller.
+inline std::tm wallClock(int year, int month, int day, int hour, int minute) {
     std::tm parts{};
     parts.tm_year = year - 1900;
     parts.tm_mon = month - 1;
@@ -31,16 +31,17 @@ inline Date localTime(int year, int month, int day, int hour = 0, int minute = 0
     parts.tm_hour = hour;
     parts.tm_min = minute;
     parts.tm_isdst = -1;
+    return parts;
+}
+
+// Local wall-clock time in the process's zone.
+inline Date localTime(int year, int month, int day, int hour = 0, int minute = 0) {
+    auto parts = wallClock(year, month, day, hour, minute);
     return Date{static_cast<double>(std::mktime(&parts))};
 }
 
 inline Date utcTime(int year, int month, int day, int hour = 0, int minute = 0) {
-    std::tm parts{};
-    parts.tm_year = year - 1900;
-    parts.tm_mon = month - 1;
-    parts.tm_mday = day;
-    parts.tm_hour = hour;
-    parts.tm_min = minute;
+    auto parts = wallClock(year, month, day, hour, minute);
     return Date{static_cast<double>(::timegm(&parts))};
 }
 

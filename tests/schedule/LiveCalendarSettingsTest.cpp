@@ -3,10 +3,9 @@
 #include <ctime>
 #include <map>
 
-#include "fakes/FakeLoginItem.h"
+#include "fakes/AppBasics.h"
 #include "fakes/ScopedTimeZone.h"
 #include "fakes/TempDir.h"
-#include "platform/VirtualScheduler.h"
 #include "schedule/IcsFixtures.h"
 #include "schedule/LiveCalendarSettings.h"
 #include "support/MemoryDefaultsStore.h"
@@ -48,7 +47,7 @@ std::string meeting(const std::string& uid, Date start, const std::string& extra
                              "\nDTEND:" + stamp(start + 1800) + "\n" + extra + "END:VEVENT\n");
 }
 
-class LiveCalendarSettingsTest : public ::testing::Test {
+class LiveCalendarSettingsTest : public ::testing::Test, protected testing::AppBasics {
 protected:
     LiveCalendarSettingsTest() {
         m_headsUps = notifications.observeMessage(Notifications::meetingHeadsUp,
@@ -64,12 +63,6 @@ protected:
 
     testing::ScopedTimeZone zone{"UTC"};
     testing::TempDir dir;
-    VirtualScheduler scheduler;
-    MemoryDefaultsStore defaults;
-    NotificationCenter notifications;
-    testing::FakeLoginItem loginItem;
-    AppSettings settings{defaults, notifications, loginItem, scheduler};
-    LiveActivityCenter activities{scheduler};
     MapEnvironment environment;
     FolderWatches watcher;
     CalendarPreferences preferences{defaults, dir / "data"};

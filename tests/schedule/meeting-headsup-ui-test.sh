@@ -6,14 +6,10 @@
 #   meeting-headsup-ui-test.sh <vantrelle binary>
 set -uo pipefail
 app=${1:?usage: meeting-headsup-ui-test.sh <vantrelle binary>}
-work=$(mktemp -d)
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
+source "$(dirname "$0")/../ui/lib.sh"
 fail() { echo "FAIL: $*"; echo "--- log"; cat "$work"/*.log 2>/dev/null; exit 1; }
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
-export VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
+start_display
+export VANTRELLE_BACKDROP=1
 
 # Runs the program with the hook until `text` shows in its log or 10 s pass, lingers, then stops it.
 run_until() {

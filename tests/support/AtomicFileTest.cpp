@@ -26,14 +26,6 @@ mode_t modeOf(const fs::path& path) {
     return info.st_mode & 07777;
 }
 
-std::vector<std::string> namesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 // ---- What is kept of the replaced file -------------------------------------------------------------
 
 TEST(AtomicFileKeeps, TheModeOfTheFileItReplaces) {
@@ -104,7 +96,8 @@ TEST(AtomicFileKeeps, ASymbolicLinkAndWritesItsTarget) {
         EXPECT_TRUE(fs::is_symlink(link)) << c.name;
         EXPECT_EQ(fs::read_symlink(link), c.linkTarget) << c.name;
         EXPECT_EQ(readWholeFile(real), "new") << c.name;
-        EXPECT_EQ(namesIn(real.parent_path()).size(), 1u) << c.name << ": no temporary file is left";
+        EXPECT_EQ(testing::fileNamesIn(real.parent_path()).size(), 1u)
+            << c.name << ": no temporary file is left";
     }
 }
 
@@ -133,7 +126,7 @@ TEST(AtomicFileRefuses, AFileTheUserMadeReadOnly) {
               "Couldn't write " + file.string() + ": the file is read-only (Permission denied)");
     EXPECT_EQ(dir.read("settings.json"), "{\"keep\": true}");
     EXPECT_EQ(modeOf(file), 0444u);
-    EXPECT_EQ(namesIn(dir.path()), std::vector<std::string>{"settings.json"});
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{"settings.json"});
 }
 
 TEST(AtomicFileRefuses, AReadOnlyLinkTargetAndNamesBoth) {
@@ -241,7 +234,7 @@ TEST(StaleTemporaryFiles, AKilledWritersFileIsGoneAfterTheNextSweepAndTheTargetI
     TempDir dir;
     const auto file = dir.write("defaults.json", "{\"old\": true}");
     writeAndGetKilled(file, 1 << 20);
-    const auto left = namesIn(dir.path());
+    const auto left = testing::fileNamesIn(dir.path());
     ASSERT_EQ(left.size(), 2u) << "the killed writer leaves its temporary file";
     EXPECT_TRUE(isTemporaryFileName(left[0])) << left[0];
     EXPECT_EQ(dir.read("defaults.json"), "{\"old\": true}");
@@ -249,7 +242,7 @@ TEST(StaleTemporaryFiles, AKilledWritersFileIsGoneAfterTheNextSweepAndTheTargetI
     LogCapture log;
     const auto removed = removeStaleTemporaryFiles(dir.path());
     EXPECT_EQ(removed, std::vector<fs::path>{dir / left[0]});
-    EXPECT_EQ(namesIn(dir.path()), std::vector<std::string>{"defaults.json"});
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{"defaults.json"});
     EXPECT_NE(log.text().find("files: removed " + (dir / left[0]).string()), std::string::npos) << log.text();
 }
 
@@ -291,7 +284,7 @@ TEST(StaleTemporaryFiles, AMissingFolderIsNoWork) {
 TEST(AtomicFile, ASuccessfulWriteLeavesOnlyTheFile) {
     TempDir dir;
     for (int i = 0; i < 20; ++i) ASSERT_TRUE(writeFileAtomically(dir / "d.json", std::to_string(i)));
-    EXPECT_EQ(namesIn(dir.path()), std::vector<std::string>{"d.json"});
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{"d.json"});
     EXPECT_EQ(dir.read("d.json"), "19");
     EXPECT_TRUE(writeFileAtomically(dir / "d.json", "").ok()) << "an empty file is a file too";
     EXPECT_EQ(dir.read("d.json"), "");

@@ -18,14 +18,6 @@ using testing::TempDir;
 // 2027-01-15T08:00:00Z
 constexpr Date kMorning{1'800'000'000.0};
 
-std::vector<std::string> namesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 class StoreFileTest : public ::testing::Test {
 protected:
     TempDir dir;
@@ -42,7 +34,7 @@ TEST_F(StoreFileTest, AnUnusableFileIsMovedAsideWithItsContentsAndLogged) {
     store.setAside("it isn't valid JSON");
 
     const std::string aside = "store.json.unreadable-20270115T080000Z";
-    EXPECT_EQ(namesIn(dir.path()), std::vector<std::string>{aside});
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{aside});
     EXPECT_EQ(dir.read(aside), "{\"a\": 1,}");
     EXPECT_NE(log.text().find("notes: moved unreadable " + file.string() + " aside to " +
                               (dir / aside).string() + " (it isn't valid JSON); starting from defaults"),
@@ -62,9 +54,10 @@ TEST_F(StoreFileTest, OnlyTheNewestThreeCopiesAreKept) {
         ASSERT_TRUE(store.read().has_value()) << contents;
         store.setAside("test");
     }
-    EXPECT_EQ(namesIn(dir.path()), (std::vector<std::string>{"store.json.unreadable-20270115T090000Z",
-                                                             "store.json.unreadable-20270116T080000Z",
-                                                             "store.json.unreadable-20270116T090000Z"}));
+    EXPECT_EQ(testing::fileNamesIn(dir.path()),
+              (std::vector<std::string>{"store.json.unreadable-20270115T090000Z",
+                                        "store.json.unreadable-20270116T080000Z",
+                                        "store.json.unreadable-20270116T090000Z"}));
     EXPECT_EQ(dir.read("store.json.unreadable-20270116T090000Z"), "last");
     EXPECT_EQ(dir.read("store.json.unreadable-20270115T090000Z"), "an hour later");
 }
@@ -101,7 +94,7 @@ TEST_F(StoreFileTest, WhatReadFinds) {
         c.make(folder);
         StoreFile store(folder / "store.json", "notes", clock);
         EXPECT_EQ(store.read(), c.text) << c.name;
-        const auto names = namesIn(folder.path());
+        const auto names = testing::fileNamesIn(folder.path());
         const bool aside = std::any_of(names.begin(), names.end(), [](const std::string& n) {
             return n.find(".unreadable-") != std::string::npos;
         });
@@ -134,7 +127,7 @@ TEST_F(StoreFileTest, AReadOnlyStoreNeverMovesNorWrites) {
     EXPECT_EQ(store.read(), "{broken");
     store.setAside("test");
     EXPECT_TRUE(store.write("{}"));
-    EXPECT_EQ(namesIn(dir.path()), std::vector<std::string>{"store.json"});
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{"store.json"});
     EXPECT_EQ(dir.read("store.json"), "{broken");
 }
 

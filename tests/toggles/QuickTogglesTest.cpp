@@ -50,63 +50,48 @@ struct CommandRow {
     std::string desktop;
     std::vector<std::string_view> programs;
     QuickToggle toggle;
-    std::string program;  // run from the stand-in folder; empty: hidden on this desktop
-    Args arguments;
+    std::string command;  // the program in the stand-in folder and its arguments; empty: hidden here
 };
 
+// Words split at single spaces.
+Args words(const std::string& text) {
+    Args out;
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = std::min(text.find(' ', start), text.size());
+        out.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return out;
+}
+
 TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
+    using enum QuickToggle;
+    const std::vector<std::string_view> gnomeKde{"gsettings", "plasma-apply-colorscheme"};
+    const std::vector<std::string_view> shots{"gnome-screenshot", "spectacle"};
     const std::vector<CommandRow> rows{
-        {"gnome dark",
-         "ubuntu:GNOME",
-         {"gsettings", "plasma-apply-colorscheme"},
-         QuickToggle::darkMode,
-         "gsettings",
-         {"set", "org.gnome.desktop.interface", "color-scheme", "prefer-dark"}},
-        {"kde dark",
-         "KDE",
-         {"gsettings", "plasma-apply-colorscheme"},
-         QuickToggle::darkMode,
-         "plasma-apply-colorscheme",
-         {"BreezeDark"}},
-        {"no dark tool", "GNOME", {"wpctl"}, QuickToggle::darkMode, "", {}},
-        {"pipewire mute",
-         "GNOME",
-         {"wpctl", "pactl"},
-         QuickToggle::mute,
-         "wpctl",
-         {"set-mute", "@DEFAULT_AUDIO_SINK@", "toggle"}},
-        {"pulse mute",
-         "GNOME",
-         {"pactl"},
-         QuickToggle::mute,
-         "pactl",
-         {"set-sink-mute", "@DEFAULT_SINK@", "toggle"}},
-        {"gnome shot",
-         "GNOME",
-         {"gnome-screenshot", "spectacle"},
-         QuickToggle::screenshot,
-         "gnome-screenshot",
-         {"--area", "--clipboard"}},
-        {"kde shot",
-         "KDE",
-         {"gnome-screenshot", "spectacle"},
-         QuickToggle::screenshot,
-         "spectacle",
-         {"--background", "--nonotify", "--region", "--clipboard"}},
-        {"import without xclip", "XFCE", {"import", "sh"}, QuickToggle::screenshot, "", {}},
-        {"sleep display", "XFCE", {"xset"}, QuickToggle::sleepDisplay, "xset", {"dpms", "force", "off"}},
-        {"lock", "XFCE", {"loginctl", "xset"}, QuickToggle::lockScreen, "loginctl", {"lock-session"}},
-        {"lock falls back", "XFCE", {"xset"}, QuickToggle::lockScreen, "xset", {"dpms", "force", "off"}},
-        {"trash", "GNOME", {"gio"}, QuickToggle::emptyTrash, "gio", {"trash", "--empty"}},
-        {"no trash tool", "GNOME", {}, QuickToggle::emptyTrash, "", {}},
-        {"no desktop icons", "GNOME", {"gsettings"}, QuickToggle::hideDesktopIcons, "", {}},
+        {"gnome dark", "ubuntu:GNOME", gnomeKde, darkMode,
+         "gsettings set org.gnome.desktop.interface color-scheme prefer-dark"},
+        {"kde dark", "KDE", gnomeKde, darkMode, "plasma-apply-colorscheme BreezeDark"},
+        {"no dark tool", "GNOME", {"wpctl"}, darkMode, ""},
+        {"pipewire mute", "GNOME", {"wpctl", "pactl"}, mute, "wpctl set-mute @DEFAULT_AUDIO_SINK@ toggle"},
+        {"pulse mute", "GNOME", {"pactl"}, mute, "pactl set-sink-mute @DEFAULT_SINK@ toggle"},
+        {"gnome shot", "GNOME", shots, screenshot, "gnome-screenshot --area --clipboard"},
+        {"kde shot", "KDE", shots, screenshot, "spectacle --background --nonotify --region --clipboard"},
+        {"import without xclip", "XFCE", {"import", "sh"}, screenshot, ""},
+        {"sleep display", "XFCE", {"xset"}, sleepDisplay, "xset dpms force off"},
+        {"lock", "XFCE", {"loginctl", "xset"}, lockScreen, "loginctl lock-session"},
+        {"lock falls back", "XFCE", {"xset"}, lockScreen, "xset dpms force off"},
+        {"trash", "GNOME", {"gio"}, emptyTrash, "gio trash --empty"},
+        {"no trash tool", "GNOME", {}, emptyTrash, ""},
+        {"no desktop icons", "GNOME", {"gsettings"}, hideDesktopIcons, ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         StandIns bin({});
         for (auto program : row.programs) bin.add(program);
         Fixture f(ToggleTable(bin.tools(row.desktop), false));
-        const bool expected = !row.program.empty();
+        const Args command = words(row.command);
+        const bool expected = !command.empty();
         EXPECT_EQ(f.toggles.table().available(row.toggle), expected);
         EXPECT_EQ(f.toggles.table().missingReason(row.toggle).has_value(), !expected);
         f.toggles.perform(row.toggle);
@@ -115,8 +100,8 @@ TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
             continue;
         }
         ASSERT_EQ(f.launcher.detached.size(), 1U);
-        EXPECT_EQ(f.launcher.detached[0].program, bin.bin(row.program));
-        EXPECT_EQ(f.launcher.detached[0].arguments, row.arguments);
+        EXPECT_EQ(f.launcher.detached[0].program, bin.bin(command[0]));
+        EXPECT_EQ(f.launcher.detached[0].arguments, Args(command.begin() + 1, command.end()));
     }
 }
 
@@ -195,65 +180,34 @@ TEST(QuickTogglesTest, LaunchFailuresAreLoggedAndLeaveKeepAwakeOff) {
 struct StateRow {
     const char* name;
     std::string desktop;
-    std::vector<std::string_view> programs;
+    std::string_view program;
     QuickToggle toggle;
-    ProcessResult reply;
+    int exitCode;
+    std::string reply;
     bool expected;
 };
 
 TEST(QuickTogglesTest, StatesAreReadFromTheDesktop) {
+    using enum QuickToggle;
     const std::vector<StateRow> rows{
-        {"gnome dark",
-         "GNOME",
-         {"gsettings"},
-         QuickToggle::darkMode,
-         {true, false, 0, "'prefer-dark'\n", {}},
-         true},
-        {"gnome light",
-         "GNOME",
-         {"gsettings"},
-         QuickToggle::darkMode,
-         {true, false, 0, "'default'\n", {}},
-         false},
-        {"kde dark",
-         "KDE",
-         {"plasma-apply-colorscheme"},
-         QuickToggle::darkMode,
-         {true, false, 0, " * BreezeClassic\n * BreezeDark (current color scheme)\n", {}},
-         true},
-        {"wpctl muted",
-         "GNOME",
-         {"wpctl"},
-         QuickToggle::mute,
-         {true, false, 0, "Volume: 0.40 [MUTED]\n", {}},
-         true},
-        {"pactl muted", "GNOME", {"pactl"}, QuickToggle::mute, {true, false, 0, "Mute: yes\n", {}}, true},
-        {"hidden shown",
-         "GNOME",
-         {"gsettings"},
-         QuickToggle::showHiddenFiles,
-         {true, false, 0, "true\n", {}},
-         true},
-        {"garbage reply",
-         "GNOME",
-         {"wpctl"},
-         QuickToggle::mute,
-         {true, false, 0, "\x01\xff nonsense", {}},
-         false},
-        {"failed reader",
-         "GNOME",
-         {"gsettings"},
-         QuickToggle::darkMode,
-         {true, false, 1, "'prefer-dark'", {}},
-         false},
+        {"gnome dark", "GNOME", "gsettings", darkMode, 0, "'prefer-dark'\n", true},
+        {"gnome light", "GNOME", "gsettings", darkMode, 0, "'default'\n", false},
+        {"kde dark", "KDE", "plasma-apply-colorscheme", darkMode, 0,
+         " * BreezeClassic\n * BreezeDark (current color scheme)\n", true},
+        {"wpctl muted", "GNOME", "wpctl", mute, 0, "Volume: 0.40 [MUTED]\n", true},
+        {"pactl muted", "GNOME", "pactl", mute, 0, "Mute: yes\n", true},
+        {"hidden shown", "GNOME", "gsettings", showHiddenFiles, 0, "true\n", true},
+        {"garbage reply", "GNOME", "wpctl", mute, 0, "\x01\xff nonsense", false},
+        {"failed reader", "GNOME", "gsettings", darkMode, 1, "'prefer-dark'", false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        StandIns bin({});
-        for (auto program : row.programs) bin.add(program);
+        StandIns bin({row.program});
         FakeProcessLauncher launcher;
-        FakeProcessRunner runner;
-        runner.answer = [&](const FakeProcessRunner::Call&) { return row.reply; };
+        FakeProcessRunner runner;  // answers the first reading, made as the toggles start
+        runner.answer = [&](const FakeProcessRunner::Call&) {
+            return ProcessResult{true, false, row.exitCode, row.reply, {}};
+        };
         InlineQueueFactory queues;
         VirtualScheduler scheduler;
         QuickToggles toggles({ToggleTable(bin.tools(row.desktop), false), launcher, runner, nullptr, queues,

@@ -5,6 +5,7 @@
 #include "DevServersViewModel.h"
 #include "GuiApplication.h"
 #include "ScreenTimeViewModel.h"
+#include "ViewModelFixture.h"
 #include "WrappedViewModel.h"
 #include "fakes/FakeDevServerPlatform.h"
 #include "fakes/FakeScreenActivity.h"
@@ -13,10 +14,6 @@
 
 namespace vantrelle::testing {
 namespace {
-
-QVariant role(const QAbstractListModel& model, int row, const char* name) {
-    return model.data(model.index(row), model.roleNames().key(name, -1));
-}
 
 class MonitorViewModels : public ::testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include "GuiApplication.h"
 #include "NotesViewModel.h"
 #include "TasksViewModel.h"
+#include "ViewModelFixture.h"
 #include "fakes/TempDir.h"
 #include "notes/NotesStore.h"
 #include "notes/TaskStore.h"
@@ -10,10 +11,6 @@
 
 namespace vantrelle::testing {
 namespace {
-
-QVariant cell(const QAbstractListModel& model, int row, const char* name) {
-    return model.data(model.index(row), model.roleNames().key(name, -1));
-}
 
 class NotesAndTasksViewModels : public ::testing::Test {
 protected:
@@ -43,14 +40,14 @@ TEST_F(NotesAndTasksViewModels, TheEditorsTextIsAnnouncedOnlyWhenAnotherNoteOpen
 
     auto& rows = *view.notes();
     ASSERT_EQ(rows.count(), 1);
-    EXPECT_EQ(cell(rows, 0, "title"), "Groceries");
-    EXPECT_EQ(cell(rows, 0, "preview"), "milk, eggs");
-    EXPECT_EQ(cell(rows, 0, "selected"), true);
+    EXPECT_EQ(role(rows, 0, "title"), "Groceries");
+    EXPECT_EQ(role(rows, 0, "preview"), "milk, eggs");
+    EXPECT_EQ(role(rows, 0, "selected"), true);
 
     view.newNote();
     EXPECT_EQ(selections, 2);
     EXPECT_EQ(view.text(), "");
-    view.select(cell(rows, 1, "noteId").toString());
+    view.select(role(rows, 1, "noteId").toString());
     EXPECT_EQ(view.text(), "Groceries\nmilk, eggs");
 }
 
@@ -63,8 +60,8 @@ TEST_F(NotesAndTasksViewModels, TheNotesTileListsTheLatestNotesWithText) {
     notes.newNote();  // blank: not on the tile
     auto& latest = *view.latest();
     ASSERT_EQ(latest.count(), static_cast<int>(NotesStore::kLatestShown));
-    EXPECT_EQ(cell(latest, 0, "title"), "four");
-    EXPECT_EQ(cell(latest, 1, "title"), "three");
+    EXPECT_EQ(role(latest, 0, "title"), "four");
+    EXPECT_EQ(role(latest, 1, "title"), "three");
     EXPECT_EQ(view.filledCount(), 4);
     view.close();  // the panel closing drops the blank note
     EXPECT_EQ(view.notes()->count(), 4);
@@ -74,17 +71,17 @@ TEST_F(NotesAndTasksViewModels, TasksSplitIntoOpenAndDoneAndTheTileShowsTheFirst
     TasksViewModel view(tasks);
     for (const char* title : {"a", "b", "c", "d", "e", "f"}) view.add(QString::fromUtf8(title));
     EXPECT_FALSE(view.add(QStringLiteral("   ")));
-    view.toggle(cell(*view.openTasks(), 0, "taskId").toString());
+    view.toggle(role(*view.openTasks(), 0, "taskId").toString());
     EXPECT_EQ(view.openCount(), 5);
     EXPECT_EQ(view.doneCount(), 1);
-    EXPECT_EQ(cell(*view.doneTasks(), 0, "title"), "a");
-    EXPECT_EQ(cell(*view.doneTasks(), 0, "isDone"), true);
+    EXPECT_EQ(role(*view.doneTasks(), 0, "title"), "a");
+    EXPECT_EQ(role(*view.doneTasks(), 0, "isDone"), true);
     ASSERT_EQ(view.nextTasks()->count(), static_cast<int>(TaskStore::kOpenShown));
-    EXPECT_EQ(cell(*view.nextTasks(), 0, "title"), "b");
+    EXPECT_EQ(role(*view.nextTasks(), 0, "title"), "b");
     view.clearDone();
     EXPECT_EQ(view.doneCount(), 0);
-    view.remove(cell(*view.openTasks(), 0, "taskId").toString());
-    EXPECT_EQ(cell(*view.openTasks(), 0, "title"), "c");
+    view.remove(role(*view.openTasks(), 0, "taskId").toString());
+    EXPECT_EQ(role(*view.openTasks(), 0, "title"), "c");
 }
 
 }  // namespace

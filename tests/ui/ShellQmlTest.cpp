@@ -9,12 +9,8 @@
 #include <QRegularExpression>
 #include <memory>
 
-#include "AIUsageViewModel.h"
-#include "CalcViewModel.h"
 #include "DayProgressViewModel.h"
 #include "DevServersViewModel.h"
-#include "FocusViewModel.h"
-#include "GuiApplication.h"
 #include "LauncherViewModel.h"
 #include "MediaViewModel.h"
 #include "MenuBarViewModel.h"
@@ -33,20 +29,16 @@
 #include "TasksViewModel.h"
 #include "TavoRunViewModel.h"
 #include "TodayViewModel.h"
+#include "ViewModelFixture.h"
 #include "WrappedViewModel.h"
-#include "calc/RatesService.h"
 #include "fakes/FakeCalendarSource.h"
-#include "fakes/FakeDesktopNotifications.h"
 #include "fakes/FakeDevServerPlatform.h"
-#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
 #include "fakes/FakeMediaProvider.h"
 #include "fakes/FakeProcessRunner.h"
 #include "fakes/FakeScreenActivity.h"
 #include "fakes/TempDir.h"
-#include "focus/PomodoroNotifier.h"
 #include "menubar/FakeTrayItems.h"
-#include "overlay/OverlayFixture.h"
 #include "schedule/CalendarDemo.h"
 #include "shortcuts/FakeHotKeys.h"
 #include "toggles/FakeProcessLauncher.h"
@@ -68,22 +60,15 @@ ToggleTable standInToggles(const TempDir& dir) {
     return ToggleTable(DesktopTools({dir / "bin"}, DesktopTools::Desktop::gnome), false);
 }
 
-class NoProcesses final : public ProcessTable {
-public:
-    std::optional<std::vector<ProcessInfo>> list(std::string&) override { return std::vector<ProcessInfo>{}; }
-};
-
 // Every component of the shell's QML module, built against real view models on demo figures: what
 // would show as a QML error or warning in the running program fails here, without a display.
-class ShellQml : public OverlayFixture {
+class ShellQml : public ViewModelFixture {
 protected:
-    ShellQml() {
+    ShellQml() : ViewModelFixture(true) {
         engine.setOutputWarningsToStandardError(false);
         QObject::connect(&engine, &QQmlEngine::warnings, &engine, [this](const QList<QQmlError>& list) {
             for (const auto& warning : list) problems.push_back(warning.toString().toStdString());
         });
-        hooksPaths.home = hooksHome.path();
-        hooksPaths.dataHome = hooksHome / "data";
         usage.applyDemo();
         shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
         engine.viewModels.shell = &shell;
@@ -135,34 +120,10 @@ protected:
         return std::exchange(problems, {});
     }
 
-    QGuiApplication& app = guiApplication();  // before any member that needs it
-    TempDir home;
-    NoProcesses processes;
-    InlineQueueFactory queues;
-    AIUsageModel usage{AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
-                                                  processes, settings, activities, nullptr, true}};
-    TempDir hooksHome;
-    AppPaths hooksPaths;
-    MapEnvironment hooksEnvironment{{{"VANTRELLE_CLAUDE_SETTINGS", (hooksHome / "settings.json").string()}}};
-    ClaudeHooks hooks{hooksPaths, hooksEnvironment};
-    ClaudeHookSwitch hookSwitch{hooks, queues, scheduler};
-    AIUsageViewModel usageView{usage, hookSwitch, scheduler};
-    FakeHttpClient http{scheduler};
-    RatesService rates{http, defaults, scheduler, environment};
-    CalcModel calc{rates, false};
-    CalcViewModel calcView{calc};
     FakeImageCodec imageCodec;
     ImageConverter converter{imageCodec, std::nullopt, home / "Converted"};
     ShelfStore shelf{{home / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};
     ShelfViewModel shelfView{shelf};
-    FakeDesktopNotifications desktopNotifications;
-    PomodoroNotifier pomodoroNotifier{&desktopNotifications, settings, notifications, true};
-    PomodoroModel pomodoro{PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities,
-                                                       notifications, sounds, pomodoroNotifier, nullptr,
-                                                       environment, true}};
-    QuickTimerModel quickTimer{{scheduler, scheduler, settings, activities, notifications, sounds}};
-    StopwatchModel stopwatch{scheduler, scheduler, activities};
-    FocusViewModel focusView{pomodoro, quickTimer, stopwatch, settings};
     TempDir notesHome;
     NotesStore notes{{notesHome.path(), notesHome.path(), scheduler, scheduler, notifications, true, {}}};
     NotesViewModel notesView{notes, scheduler};
@@ -213,15 +174,9 @@ protected:
     MirrorViewModel mirrorView{mirrorCamera};
     // The launcher with one installed application, and Day Progress.
     testing::FakeProcessRunner launcherRunner;
-    LauncherModel launcher{{scheduler,
-                            queues,
-                            launcherRunner,
-                            scheduler,
-                            {home / "apps"},
-                            home / "appletsrc",
-                            "",
-                            home / "screentime",
-                            {}}};
+    std::vector<std::filesystem::path> appFolders{home / "apps"};
+    LauncherModel launcher{LauncherModel::Deps{scheduler, queues, launcherRunner, scheduler, appFolders,
+                                               home / "appletsrc", "", home / "screentime", nullptr}};
     LauncherViewModel launcherView{launcher, [] {}};
     CursorMileage mileage{home / "cursor-mileage.json", scheduler, true};
     class NoClipboard final : public Clipboard {

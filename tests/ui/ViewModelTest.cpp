@@ -1,37 +1,19 @@
 #include <gtest/gtest.h>
 
-#include "AIUsageViewModel.h"
-#include "CalcViewModel.h"
-#include "FocusViewModel.h"
-#include "GuiApplication.h"
 #include "SettingsViewModel.h"
 #include "ShelfViewModel.h"
 #include "ShellModel.h"
 #include "SupportViewModel.h"
 #include "TodayViewModel.h"
-#include "calc/RatesService.h"
+#include "ViewModelFixture.h"
 #include "fakes/FakeCalendarSource.h"
-#include "fakes/FakeDesktopNotifications.h"
-#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeImageCodec.h"
-#include "fakes/FakeProcessTable.h"
 #include "fakes/ManualQueue.h"
-#include "fakes/TempDir.h"
-#include "focus/PomodoroNotifier.h"
-#include "overlay/OverlayFixture.h"
 
 namespace vantrelle::testing {
 namespace {
 
-// A role of a list model by the name the views use.
-QVariant role(const QAbstractListModel& model, int row, const char* name) {
-    return model.data(model.index(row), model.roleNames().key(name, -1));
-}
-
-class ViewModels : public OverlayFixture {
-protected:
-    ViewModels() { guiApplication(); }
-};
+using ViewModels = ViewModelFixture;
 
 TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     auto& overlay = started();
@@ -59,65 +41,53 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     EXPECT_EQ(changes, 2);
 }
 
-class FocusViewModels : public ViewModels {
-protected:
-    FakeDesktopNotifications service;
-    PomodoroNotifier notifier{&service, settings, notifications, false};
-    PomodoroModel pomodoro{PomodoroModel::Dependencies{scheduler, scheduler, settings, defaults, activities,
-                                                       notifications, sounds, notifier, nullptr, environment,
-                                                       false}};
-    QuickTimerModel quick{{scheduler, scheduler, settings, activities, notifications, sounds}};
-    StopwatchModel stopwatch{scheduler, scheduler, activities};
-    FocusViewModel view{pomodoro, quick, stopwatch, settings};
-};
-
-TEST_F(FocusViewModels, TheStartButtonRunsTheSelectedModeThenPausesAndResumes) {
+TEST_F(ViewModels, FocusStartButtonRunsTheSelectedModeThenPausesAndResumes) {
     settings.setBreakMinutes(7);
-    view.selectMode(QStringLiteral("shortBreak"));
-    EXPECT_EQ(view.timeString(), "07:00");
-    view.startPause();
-    EXPECT_EQ(view.status(), "running");
-    EXPECT_TRUE(view.inBreak());
-    EXPECT_EQ(view.statusText(), "Break");
-    view.startPause();
-    EXPECT_EQ(view.status(), "paused");
-    view.startPause();
-    EXPECT_EQ(view.status(), "running");
-    view.selectMode(QStringLiteral("nonsense"));
-    EXPECT_EQ(view.mode(), "shortBreak");
+    focusView.selectMode(QStringLiteral("shortBreak"));
+    EXPECT_EQ(focusView.timeString(), "07:00");
+    focusView.startPause();
+    EXPECT_EQ(focusView.status(), "running");
+    EXPECT_TRUE(focusView.inBreak());
+    EXPECT_EQ(focusView.statusText(), "Break");
+    focusView.startPause();
+    EXPECT_EQ(focusView.status(), "paused");
+    focusView.startPause();
+    EXPECT_EQ(focusView.status(), "running");
+    focusView.selectMode(QStringLiteral("nonsense"));
+    EXPECT_EQ(focusView.mode(), "shortBreak");
 }
 
-TEST_F(FocusViewModels, ACustomTimerRemembersItsLengthAndBadLengthsAreRefused) {
-    view.startCustom(12);
+TEST_F(ViewModels, FocusCustomTimerRemembersItsLengthAndBadLengthsAreRefused) {
+    focusView.startCustom(12);
     EXPECT_EQ(settings.customTimerMinutes(), 12);
-    EXPECT_EQ(view.mode(), "custom");
-    EXPECT_EQ(view.timeString(), "12:00");
-    view.startCustom(0);
-    view.startQuick(-1);
+    EXPECT_EQ(focusView.mode(), "custom");
+    EXPECT_EQ(focusView.timeString(), "12:00");
+    focusView.startCustom(0);
+    focusView.startQuick(-1);
     EXPECT_EQ(settings.customTimerMinutes(), 12);
-    EXPECT_EQ(view.quickStatus(), "idle");
+    EXPECT_EQ(focusView.quickStatus(), "idle");
 }
 
-TEST_F(FocusViewModels, QuickTimerAndStopwatchSignalTheirOwnChanges) {
+TEST_F(ViewModels, QuickTimerAndStopwatchSignalTheirOwnChanges) {
     int focusChanges = 0, quickChanges = 0;
-    QObject::connect(&view, &FocusViewModel::changed, &view, [&] { ++focusChanges; });
-    QObject::connect(&view, &FocusViewModel::quickChanged, &view, [&] { ++quickChanges; });
-    view.startQuick(3);
-    EXPECT_EQ(view.quickLabel(), "3 min");
-    EXPECT_EQ(view.quickTime(), "03:00");
+    QObject::connect(&focusView, &FocusViewModel::changed, &focusView, [&] { ++focusChanges; });
+    QObject::connect(&focusView, &FocusViewModel::quickChanged, &focusView, [&] { ++quickChanges; });
+    focusView.startQuick(3);
+    EXPECT_EQ(focusView.quickLabel(), "3 min");
+    EXPECT_EQ(focusView.quickTime(), "03:00");
     scheduler.advance(30);
-    EXPECT_EQ(view.quickTime(), "02:30");
+    EXPECT_EQ(focusView.quickTime(), "02:30");
     EXPECT_GT(quickChanges, 0);
     EXPECT_EQ(focusChanges, 0) << "an idle focus timer costs its views nothing";
 
-    view.startPauseStopwatch();
+    focusView.startPauseStopwatch();
     scheduler.advance(4.25);
-    view.lapOrResetStopwatch();
-    EXPECT_EQ(view.laps(), QStringList{QStringLiteral("Lap 1  00:04.2")});
-    view.startPauseStopwatch();
-    view.lapOrResetStopwatch();
-    EXPECT_EQ(view.stopwatchTime(), "00:00.0");
-    EXPECT_TRUE(view.laps().isEmpty());
+    focusView.lapOrResetStopwatch();
+    EXPECT_EQ(focusView.laps(), QStringList{QStringLiteral("Lap 1  00:04.2")});
+    focusView.startPauseStopwatch();
+    focusView.lapOrResetStopwatch();
+    EXPECT_EQ(focusView.stopwatchTime(), "00:00.0");
+    EXPECT_TRUE(focusView.laps().isEmpty());
 }
 
 TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOff) {
@@ -189,19 +159,7 @@ TEST_F(ViewModels, ShellWidensTheClosedShellByAWingEachSideWhileAnActivityIsLive
 }
 
 TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
-    TempDir home;
-    FakeProcessTable processes;
-    InlineQueueFactory queues;
-    AIUsageModel model(AIUsageModel::Dependencies{environment, home.path(), scheduler, scheduler, queues,
-                                                  processes, settings, activities, nullptr, true});
-    TempDir claude;
-    MapEnvironment hookEnvironment({{"VANTRELLE_CLAUDE_SETTINGS", (claude / "settings.json").string()}});
-    AppPaths paths;
-    paths.home = claude.path();
-    paths.dataHome = claude / "data";
-    ClaudeHooks hooks(paths, hookEnvironment);
-    ClaudeHookSwitch hookSwitch(hooks, queues, scheduler);
-    AIUsageViewModel view(model, hookSwitch, scheduler);
+    auto& view = usageView;
     scheduler.runUntilIdle();
     EXPECT_FALSE(view.block().open);
     EXPECT_EQ(view.sessions()->count(), 0);
@@ -211,7 +169,7 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     int resets = 0;
     QObject::connect(view.sessions(), &QAbstractItemModel::rowsInserted, &view, [&] { ++inserted; });
     QObject::connect(view.sessions(), &QAbstractItemModel::modelReset, &view, [&] { ++resets; });
-    model.applyDemo();
+    usage.applyDemo();
     EXPECT_EQ(inserted, 1);
     EXPECT_EQ(resets, 0);
     EXPECT_EQ(view.today().cost.front(), '$');
@@ -228,9 +186,9 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     EXPECT_LE(block.progress, 1.0);
     EXPECT_TRUE(block.burn.endsWith("/min"));
     const auto& sessions = *view.sessions();
-    ASSERT_EQ(sessions.count(), static_cast<int>(model.sessions().size()));
+    ASSERT_EQ(sessions.count(), static_cast<int>(usage.sessions().size()));
     ASSERT_GT(sessions.count(), 0);
-    EXPECT_EQ(role(sessions, 0, "project"), QString::fromStdString(model.sessions().front().projectName));
+    EXPECT_EQ(role(sessions, 0, "project"), QString::fromStdString(usage.sessions().front().projectName));
     EXPECT_EQ(role(sessions, 0, "cost").toString().front(), '$');
 
     int hookSignals = 0;
@@ -240,7 +198,7 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
     scheduler.runUntilIdle();
     EXPECT_TRUE(view.hooksInstalled());
     EXPECT_TRUE(view.hookError().isEmpty());
-    claude.write("settings.json", "{broken,");
+    hooksHome.write("settings.json", "{broken,");
     view.setHooksInstalled(false);
     scheduler.runUntilIdle();
     EXPECT_TRUE(view.hookError().startsWith("Couldn't read your Claude Code settings in "))
@@ -251,10 +209,7 @@ TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
 }
 
 TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
-    FakeHttpClient http(scheduler);
-    RatesService rates(http, defaults, scheduler, environment);
-    CalcModel calc(rates, false);
-    CalcViewModel view(calc);
+    auto& view = calcView;
     view.setInput(QStringLiteral("24*7"));
     EXPECT_EQ(view.answer(), "168");
     EXPECT_TRUE(view.commit());
@@ -276,9 +231,10 @@ TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
 TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     TempDir dir;
     FakeImageCodec codec;
-    ManualQueueFactory queues;
+    ManualQueueFactory manualQueues;
     ImageConverter converter(codec, std::nullopt, dir / "Converted");
-    ShelfStore store({dir / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}});
+    ShelfStore store(
+        {dir / "shelf.json", scheduler, scheduler, manualQueues, activities, converter, false, {}});
     ShelfViewModel view(store);
     const auto photo = dir.write("files/my photo.png", "p");
     codec.declare(photo, ImageFileType::png, 100, 100);
@@ -304,7 +260,7 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     view.convert(id, QStringLiteral("jpg"));
     EXPECT_EQ(view.convertingId(), QString());
     EXPECT_EQ(role(items, 0, "busy"), true);
-    queues.runAll();
+    manualQueues.runAll();
     scheduler.runUntilIdle();
     EXPECT_EQ(role(items, 0, "busy"), false);
     EXPECT_EQ(view.message(), "Saved my photo.jpg, 5 bytes");
@@ -461,7 +417,6 @@ TEST_F(ViewModels, CalendarFoldersAndAddressesAreEditedInTheSettingsAndStoredAtO
 }
 
 TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
-    TempDir home;
     AppPaths paths;
     paths.dataHome = home / "data";
     paths.configHome = home / "config";

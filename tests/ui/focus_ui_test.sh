@@ -4,34 +4,15 @@
 # leaves, the closed notch shows the block's time left with its ring.
 set -euo pipefail
 app=${1:?usage: focus_ui_test.sh <vantrelle binary>}
-work=$(mktemp -d)
-log=$work/v.log
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
+source "$(dirname "$0")/lib.sh"
+start_display
 
 # A fresh home whose focus blocks last one minute.
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 mkdir -p "$XDG_CONFIG_HOME/Vantrelle"
 printf '{"focusMinutes": 1, "notchOutline": false}\n' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
-export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
-"$app" >"$work/app.out" 2>&1 &
-app_pid=$!
-for _ in $(seq 200); do grep -q "launch: starting background services" "$log" 2>/dev/null && break; sleep 0.05; done
-grep -q "launch: starting background services" "$log" || fail "the program did not start"
+start_app VANTRELLE_BACKDROP=1
 sleep 0.5
 
-# Raw pointer events come only from real motion: jump next to the point, then step onto it.
-move_to() { xdotool mousemove $(($1 - 1)) "$2" mousemove_relative 1 0; }
-click_at() { move_to "$1" "$2"; sleep 0.2; xdotool click 1; }
-wait_for() {
-  local text=$1
-  for _ in $(seq 100); do grep -qF "$text" "$log" && return 0; sleep 0.05; done
-  fail "no '$text' in the log"
-}
 shot() { import -window root "$work/$1.png"; }
 # The share of pixels in a box (w h x y) of the ring's grey track: neutral, neither black nor white. The
 # backdrop behind the notch is coloured, so only the ring makes these.

@@ -11,21 +11,9 @@ if [[ -z "${VANTRELLE_MUSIC_TEST_BUS:-}" ]]; then
   exec env VANTRELLE_MUSIC_TEST_BUS=1 dbus-run-session -- "$0" "$@"
 fi
 
-work=$(mktemp -d)
-log=$work/v.log
-trap 'kill ${mpv_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
-wait_for() {  # a log line containing $1 within $2 seconds
-  for _ in $(seq $(($2 * 20))); do grep -qF "$1" "$log" 2>/dev/null && return 0; sleep 0.05; done
-  fail "no '$1' within $2 s"
-}
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
-export XDG_CACHE_HOME=$work/home/.cache
-export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
-export VANTRELLE_START_EXPANDED=1 VANTRELLE_PIN_EXPANDED=1 VANTRELLE_START_TAB=music
+source "$(dirname "$0")/lib.sh"
+start_display
+export VANTRELLE_BACKDROP=1 VANTRELLE_START_EXPANDED=1 VANTRELLE_PIN_EXPANDED=1 VANTRELLE_START_TAB=music
 
 "$app" >"$work/app.out" 2>&1 &
 app_pid=$!
@@ -33,7 +21,7 @@ wait_for "launch: start media" 10
 
 sox -n "$work/tone.wav" synth 30 sine 440
 mpv --ao=null --no-video --idle=no --no-terminal "$work/tone.wav" >/dev/null 2>&1 &
-mpv_pid=$!
+helper_pid=$!
 wait_for "media: player org.mpris.MediaPlayer2.mpv appeared" 10
 wait_for "media: apply Music 'tone.wav' playing=true" 10
 sleep 1
@@ -43,8 +31,8 @@ colours=$(convert "$work/music.png" -crop 700x300+406+40 -format "%k" info:)
 (( colours > 20 )) || fail "the music view looks empty ($colours colours)"
 [[ -n "${VANTRELLE_MUSIC_SHOT:-}" ]] && cp "$work/music.png" "$VANTRELLE_MUSIC_SHOT"
 
-kill "$mpv_pid"
-wait "$mpv_pid" 2>/dev/null || true
+kill "$helper_pid"
+wait "$helper_pid" 2>/dev/null || true
 wait_for "media: player org.mpris.MediaPlayer2.mpv quit" 10
 wait_for "media: apply nil" 10
 echo "PASS"

@@ -4,28 +4,12 @@
 # closes; and the screen shows the shell where it should.
 set -euo pipefail
 app=${1:?usage: notch_ui_test.sh <vantrelle binary>}
-work=$(mktemp -d)
-log=$work/v.log
-# The program ends cleanly on SIGTERM, still writing its files: wait for it before removing them.
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-
-# To stderr: a failure inside $(wait_for ...) must still be seen.
-fail() { { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; } >&2; exit 1; }
-
-# A private display on the first free number.
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-
-# A fresh home, so no setting of the machine's user reaches the test, and a runtime folder of its own,
-# so the single-instance lock is this test's alone.
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+source "$(dirname "$0")/lib.sh"
+start_display
+# A runtime folder of its own, so the single-instance lock is this test's alone.
 export XDG_RUNTIME_DIR=$work/run
 mkdir -p "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
-export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
-"$app" >"$work/app.out" 2>&1 &
-app_pid=$!
-for _ in $(seq 200); do grep -q "launch: starting background services" "$log" 2>/dev/null && break; sleep 0.05; done
-grep -q "launch: starting background services" "$log" || fail "the program did not start"
+start_app VANTRELLE_BACKDROP=1
 sleep 0.5
 
 now() { date +%s.%N; }
@@ -33,7 +17,8 @@ seconds_of() {  # a log stamp HH:MM:SS.mmm as seconds of the day
   IFS=: read -r h m s <<<"$1"; echo "$((10#$h * 3600 + 10#$m * 60)) + $s" | bc -l
 }
 today_seconds() { local t; t=$(date +%H:%M:%S.%N); seconds_of "${t:0:12}"; }
-# Raw pointer events come only from real motion: jump next to the point, then step onto it.
+# Raw pointer events come only from real motion: jump next to the point, then step onto it at once (the
+# times measured here start at arrival).
 move_to() { xdotool mousemove $(($1 - 1)) "$2" mousemove_relative 1 0; }
 
 lines_before=0

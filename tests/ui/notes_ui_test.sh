@@ -4,18 +4,9 @@
 # debounce), and a task typed and entered is saved; both are there after a restart.
 set -euo pipefail
 app=${1:?usage: notes_ui_test.sh <vantrelle binary>}
-work=$(mktemp -d)
-log=$work/v.log
-# The program ends cleanly on SIGTERM, still writing its files: wait for it before removing them.
-trap 'kill ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
-export VANTRELLE_DEBUG_LOG=$log VANTRELLE_BACKDROP=1 QT_QUICK_BACKEND=software
+source "$(dirname "$0")/lib.sh"
+start_display
+export VANTRELLE_BACKDROP=1
 data=$XDG_DATA_HOME/Vantrelle
 
 # Starts the program open on a tool and waits until the panel has opened and settled.
@@ -23,12 +14,9 @@ start_on() {
   : >"$log"
   VANTRELLE_START_EXPANDED=1 VANTRELLE_PIN_EXPANDED=1 VANTRELLE_START_TAB=$1 "$app" >>"$work/app.out" 2>&1 &
   app_pid=$!
-  for _ in $(seq 200); do grep -q "overlay: expand" "$log" 2>/dev/null && break; sleep 0.05; done
-  grep -q "overlay: expand" "$log" || fail "the panel did not open on $1"
+  wait_for "overlay: expand" 10
   sleep 1
 }
-# The overlay follows raw pointer motion: jump next to the point, then step onto it.
-move_to() { xdotool mousemove $(($1 - 1)) "$2"; sleep 0.2; xdotool mousemove_relative 1 0; }
 # Ends the program the way a logout does; it must exit cleanly.
 terminate() {
   kill -TERM "$app_pid"

@@ -4,31 +4,20 @@
 set -euo pipefail
 app=${1:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
 source_bin=${2:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
-work=$(mktemp -d)
-log=$work/v.log
-trap 'kill ${source_pid:-} ${app_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-
+source "$(dirname "$0")/lib.sh"
 fail() {
   echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null
   echo "--- program"; cat "$work/app.out" 2>/dev/null; echo "--- source"; cat "$work/source.out" 2>/dev/null
   exit 1
 }
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
-export VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software
+start_display
 mkdir -p "$HOME/Downloads"
-"$app" >"$work/app.out" 2>&1 &
-app_pid=$!
-for _ in $(seq 200); do grep -q "launch: starting background services" "$log" 2>/dev/null && break; sleep 0.05; done
-grep -q "launch: starting background services" "$log" || fail "the program did not start"
+start_app
 
 dropped="$work/report draft.txt"
 echo "numbers" >"$dropped"
 "$source_bin" "$dropped" >"$work/source.out" 2>&1 &
-source_pid=$!
+helper_pid=$!
 for _ in $(seq 200); do grep -q ready "$work/source.out" 2>/dev/null && break; sleep 0.05; done
 grep -q ready "$work/source.out" || fail "the drag source did not show"
 

@@ -6,35 +6,23 @@
 set -euo pipefail
 app=${1:?usage: shortcuts_ui_test.sh <vantrelle binary> <key_grabber binary>}
 grabber=${2:?usage: shortcuts_ui_test.sh <vantrelle binary> <key_grabber binary>}
-work=$(mktemp -d)
-log=$work/v.log
-trap 'kill ${app_pid:-} ${grabber_pid:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
-fail() { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; exit 1; }
-
-source "$(dirname "$0")/../../scripts/virtual-display.sh"
-start_virtual_display "$work"
-
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
+source "$(dirname "$0")/lib.sh"
+start_display
 mkdir -p "$XDG_CONFIG_HOME/Vantrelle"
 # The stored combos: G is key code 5, K is 40; Ctrl and Alt are 4096 and 2048.
 combos='{"game":{"keyCode":5,"modifiers":6144,"display":"Ctrl+Alt+G"},"calc":{"keyCode":40,"modifiers":6144,"display":"Ctrl+Alt+K"}}'
 printf '{"notchOutline": false, "toolShortcuts": {"base64": "%s"}}\n' "$(printf '%s' "$combos" | base64 -w0)" \
   >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
-export VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software VANTRELLE_CLAUDE_EVENTS=$work/claude-events.jsonl
+export VANTRELLE_CLAUDE_EVENTS=$work/claude-events.jsonl
 # No session bus, so no shortcuts portal: the key grabs on the X server are what is tested here.
 export DBUS_SESSION_BUS_ADDRESS=unix:path=$work/no-bus
 
 # Another program holds Ctrl+Alt+K (keysym k, Control|Mod1).
 mkfifo "$work/grabber.out"
 "$grabber" 6b 12 >"$work/grabber.out" &
-grabber_pid=$!
+helper_pid=$!
 read -r -t 10 line <"$work/grabber.out" || true
 [[ ${line:-} == grabbed ]] || fail "the other client could not grab Ctrl+Alt+K"
-
-wait_for() {
-  for _ in $(seq $(($2 * 20))); do grep -qF "$1" "$log" 2>/dev/null && return 0; sleep 0.05; done
-  fail "no '$1' within $2 s"
-}
 
 "$app" >"$work/app.out" 2>&1 &
 app_pid=$!
