@@ -15,6 +15,10 @@ public:
     virtual ~HotKeys() = default;
     // Where pressed combos go, by the id they were registered with; on the main thread.
     virtual void install(Handler handler) = 0;
+    // Where refusals go that come after registerHotKey answered 0 (a desktop that asks the user
+    // first); on the main thread. Desktops that answer at once never call it.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
+    virtual void installRefusals(Handler /*refused*/) {}
     // 0 when the combo now reaches us; any other status means the desktop refused it (another
     // program holds it, or the key doesn't exist on this keyboard).
     [[nodiscard]] virtual int registerHotKey(std::uint32_t id, std::uint32_t keyCode,

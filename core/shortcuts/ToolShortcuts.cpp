@@ -51,6 +51,13 @@ RecordedKey ToolShortcuts::record(const KeyPress& press, ShortcutTarget target) 
     return recorded;
 }
 
+void ToolShortcuts::refused(std::uint32_t id) {
+    const auto found = m_ids.find(id);
+    if (found == m_ids.end() || !m_failed.insert(found->second).second) return;
+    DebugLog::write([&] { return "shortcuts: the desktop refused " + found->second; });
+    changed.emit();
+}
+
 void ToolShortcuts::save() const {
     const std::string json = encodeCombos(m_combos);
     m_defaults.set(defaultsKey, Bytes(json.begin(), json.end()));
@@ -63,6 +70,7 @@ void ToolShortcuts::registerAll() {
     if (!m_handlerInstalled) {
         m_handlerInstalled = true;
         m_hotKeys.install([this](std::uint32_t id) { fire(id); });
+        m_hotKeys.installRefusals([this](std::uint32_t id) { refused(id); });
     }
     std::uint32_t nextId = 1;
     for (const auto& [key, combo] : m_combos) {

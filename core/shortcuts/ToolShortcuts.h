@@ -35,6 +35,8 @@ public:
     void registerAll();
     // A press of the combo registered under `id` in the current pass.
     void fire(std::uint32_t id);
+    // The desktop refused `id` of the current pass after accepting it first.
+    void refused(std::uint32_t id);
 
     [[nodiscard]] const ComboMap& combos() const { return m_combos; }
     // Targets whose combo the desktop refused, by key.

@@ -115,6 +115,17 @@ void PortalHotKeys::install(Handler handler) {
         DebugLog::write("shortcuts: can't listen to the portal's Activated signal");
 }
 
+void PortalHotKeys::installRefusals(Handler refused) {
+    m_refused = std::move(refused);
+}
+
+void PortalHotKeys::refuseAll() {
+    if (!m_refused) return;
+    std::vector<std::uint32_t> ids;
+    for (const auto& [id, trigger] : m_triggers) ids.push_back(id);
+    for (std::uint32_t id : ids) m_refused(id);  // the handler may unregister
+}
+
 int PortalHotKeys::registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) {
     const std::string trigger = xdgTrigger(keyCode, modifiers);
     if (trigger.empty()) return -2;
@@ -153,6 +164,7 @@ void PortalHotKeys::bind() {
                     DebugLog::write([&] {
                         return "shortcuts: the portal refused a session (" + std::to_string(response) + ")";
                     });
+                    refuseAll();
                     return;
                 }
                 m_session = session;
@@ -179,13 +191,15 @@ void PortalHotKeys::bindShortcuts(int generation) {
             {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts), QString()}, {},
             [this, generation](uint response, const QVariantMap&) {
                 if (generation != m_generation) return;
-                if (response != 0)
+                if (response != 0) {
                     DebugLog::write([&] {
                         return "shortcuts: the portal did not bind the shortcuts (" +
                                std::to_string(response) + ")";
                     });
-                else
+                    refuseAll();
+                } else {
                     DebugLog::write("shortcuts: the portal bound the shortcuts");
+                }
             });
 }
 

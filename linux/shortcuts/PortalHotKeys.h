@@ -25,6 +25,7 @@ public:
     static std::unique_ptr<PortalHotKeys> probe(const QDBusConnection& bus);
 
     void install(Handler handler) override;
+    void installRefusals(Handler refused) override;
     int registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
     void unregisterHotKey(std::uint32_t id) override;
 
@@ -40,6 +41,8 @@ private:
     void bind();
     void bindShortcuts(int generation);
     void closeSession(const QString& session);
+    // Tells the refusal handler of every id in the list the portal just refused.
+    void refuseAll();
     // Calls a portal method that answers through the Request object of a fresh token; its Response
     // goes to `done`, once.
     void request(const QString& method, QVariantList arguments, QVariantMap options, Response done);
@@ -47,6 +50,7 @@ private:
 
     QDBusConnection m_bus;
     Handler m_handler;
+    Handler m_refused;
     std::map<std::uint32_t, QString> m_triggers;  // id -> "CTRL+ALT+k"
     QString m_session;
     // Every bind starts a new generation; answers to an older one are stale and only cleaned up.

@@ -217,8 +217,11 @@ TEST(PortalHotKeysTest, ARefusalIsLogged) {
         SCOPED_TRACE(row.name);
         testing::LogCapture log;
         Rig rig({true, row.sessionResponse, row.bindResponse, false});
+        std::vector<std::uint32_t> refused;
+        rig.keys->installRefusals([&](std::uint32_t id) { refused.push_back(id); });
         ASSERT_TRUE(rig.ready());
         ASSERT_TRUE(spinUntil([&] { return log.text().find(row.logged) != std::string::npos; }));
+        EXPECT_EQ(refused, (std::vector<std::uint32_t>{1, 2}));
         EXPECT_EQ(log.text().find("bound the shortcuts"), std::string::npos);
         // Still usable: clearing every combo closes what is left and asks nothing more.
         rig.keys->unregisterHotKey(1);

@@ -20,7 +20,14 @@ public:
         live[id] = {keyCode, modifiers};
         return 0;
     }
+    void installRefusals(Handler onRefused) override { refusals = std::move(onRefused); }
     void unregisterHotKey(std::uint32_t id) override { live.erase(id); }
+
+    // The desktop changes its mind about an accepted combo, as a portal does after asking the user.
+    void refuseLater(std::uint32_t id) {
+        live.erase(id);
+        if (refusals) refusals(id);
+    }
 
     // Presses a combo: the handler hears it only while it is registered.
     void press(std::uint32_t keyCode, std::uint32_t modifiers) const {
@@ -29,6 +36,7 @@ public:
     }
 
     Handler handler;
+    Handler refusals;
     int installs = 0;
     std::map<std::uint32_t, std::pair<std::uint32_t, std::uint32_t>> live;
     std::set<std::pair<std::uint32_t, std::uint32_t>> taken;

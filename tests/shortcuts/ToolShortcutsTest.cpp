@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "fakes/LogMessages.h"
 #include "platform/VirtualScheduler.h"
 #include "shortcuts/FakeHotKeys.h"
@@ -81,6 +83,17 @@ TEST_F(ShortcutsTest, RefusedCombosFailButStayStored) {
     hotKeys.taken.clear();
     shortcuts.registerAll();
     EXPECT_TRUE(shortcuts.failed().empty());
+
+    // A desktop that asks the user first refuses after accepting; an id of no pass is ignored.
+    int changes = 0;
+    auto connection = shortcuts.changed.connect([&] { ++changes; });
+    hotKeys.refuseLater(99);
+    const auto notchId = std::find_if(shortcuts.ids().begin(), shortcuts.ids().end(),
+                                      [](const auto& entry) { return entry.second == "notch"; });
+    ASSERT_NE(notchId, shortcuts.ids().end());
+    hotKeys.refuseLater(notchId->first);
+    EXPECT_EQ(shortcuts.failed(), (std::set<std::string, std::less<>>{"notch"}));
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(ShortcutsTest, StoredKeysOfRemovedToolsNeverFireAndBadDataReadsEmpty) {
