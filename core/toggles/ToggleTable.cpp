@@ -91,7 +91,7 @@ std::optional<std::string> ToggleTable::missingReason(QuickToggle toggle) const 
             return "Needs gnome-screenshot, spectacle, or ImageMagick's import with xclip.";
         case QuickToggle::screenshotToFile:
             if (m_shotToFile != Shot::none) return std::nullopt;
-            return "Needs gnome-screenshot, spectacle or ImageMagick's import.";
+            return "Needs gnome-screenshot, spectacle, or ImageMagick's import.";
         case QuickToggle::sleepDisplay:
             if (m_sleepDisplay) return std::nullopt;
             return "Needs xset (X11 display power).";
