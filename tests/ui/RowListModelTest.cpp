@@ -76,6 +76,7 @@ TEST(RowListModelTest, ReplacingTheRowsAnnouncesOnlyWhatChangedCameOrWent) {
         EXPECT_EQ(model.rows(), r.next);
         EXPECT_EQ(model.count(), static_cast<int>(r.next.size()));
         EXPECT_EQ(model.rowCount(), model.count());
+        EXPECT_EQ(model.property("count").toInt(), model.count());  // as QML reads it
     }
 }
 
@@ -84,10 +85,14 @@ TEST(RowListModelTest, RolesAreNamedForTheViewsAndForeignIndexesReadNothing) {
     ToolListModel model;
     model.setRows({row("calc")});
     const auto names = model.roleNames();
-    const int raw = names.key("raw", -1);
-    const int tint = names.key("tint", -1);
-    ASSERT_NE(raw, -1);
-    ASSERT_NE(tint, -1);
+    using Role = ToolListModel::Role;
+    const QHash<int, QByteArray> expected{{static_cast<int>(Role::raw), "raw"},
+                                          {static_cast<int>(Role::title), "title"},
+                                          {static_cast<int>(Role::icon), "icon"},
+                                          {static_cast<int>(Role::tint), "tint"}};
+    EXPECT_EQ(names, expected);
+    const int raw = static_cast<int>(Role::raw);
+    const int tint = static_cast<int>(Role::tint);
     EXPECT_EQ(model.data(model.index(0), raw).toString(), "calc");
     EXPECT_EQ(model.data(model.index(0), tint).value<QColor>(), QColor(Qt::red));
     EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
