@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant CalcEntryListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::entryIndex:
@@ -16,13 +16,6 @@ QVariant CalcEntryListModel::data(const QModelIndex& index, int role) const {
             return row->detail;
     }
     return {};
-}
-
-QHash<int, QByteArray> CalcEntryListModel::roleNames() const {
-    return {{static_cast<int>(Role::entryIndex), "entryIndex"},
-            {static_cast<int>(Role::expression), "expression"},
-            {static_cast<int>(Role::result), "result"},
-            {static_cast<int>(Role::detail), "detail"}};
 }
 
 }  // namespace vantrelle

@@ -6,8 +6,16 @@
 
 namespace vantrelle {
 
+struct CalcEntryRow {
+    int entryIndex = 0;
+    QString expression;
+    QString result;
+    QString detail;
+    bool operator==(const CalcEntryRow&) const = default;
+};
+
 // The calculator's kept lines, newest first; `entryIndex` is the line's place for recall.
-class CalcEntryListModel : public RowListModel {
+class CalcEntryListModel : public VANTRELLE_ROW_LIST(CalcEntryRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Calc.entries")
@@ -21,25 +29,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        int entryIndex = 0;
-        QString expression;
-        QString result;
-        QString detail;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant CalendarFolderListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::path:
@@ -14,12 +14,6 @@ QVariant CalendarFolderListModel::data(const QModelIndex& index, int role) const
             return row->found;
     }
     return {};
-}
-
-QHash<int, QByteArray> CalendarFolderListModel::roleNames() const {
-    return {{static_cast<int>(Role::path), "path"},
-            {static_cast<int>(Role::added), "added"},
-            {static_cast<int>(Role::found), "found"}};
 }
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant ChoiceListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::raw:
@@ -20,12 +20,6 @@ QVariant ChoiceListModel::data(const QModelIndex& index, int role) const {
             return row->chosen;
     }
     return {};
-}
-
-QHash<int, QByteArray> ChoiceListModel::roleNames() const {
-    return {{static_cast<int>(Role::raw), "raw"},   {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::icon), "icon"}, {static_cast<int>(Role::detail), "detail"},
-            {static_cast<int>(Role::tint), "tint"}, {static_cast<int>(Role::chosen), "chosen"}};
 }
 
 }  // namespace vantrelle

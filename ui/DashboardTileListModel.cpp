@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant DashboardTileListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::raw:
@@ -22,13 +22,6 @@ QVariant DashboardTileListModel::data(const QModelIndex& index, int role) const 
             return row->view;
     }
     return {};
-}
-
-QHash<int, QByteArray> DashboardTileListModel::roleNames() const {
-    return {{static_cast<int>(Role::raw), "raw"},   {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::icon), "icon"}, {static_cast<int>(Role::subtitle), "subtitle"},
-            {static_cast<int>(Role::tool), "tool"}, {static_cast<int>(Role::tint), "tint"},
-            {static_cast<int>(Role::view), "view"}};
 }
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant DevServerListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::port:
@@ -24,13 +24,6 @@ QVariant DevServerListModel::data(const QModelIndex& index, int role) const {
             return row->stopping;
     }
     return {};
-}
-
-QHash<int, QByteArray> DevServerListModel::roleNames() const {
-    return {{static_cast<int>(Role::port), "port"},         {static_cast<int>(Role::project), "project"},
-            {static_cast<int>(Role::kind), "kind"},         {static_cast<int>(Role::process), "process"},
-            {static_cast<int>(Role::pid), "pid"},           {static_cast<int>(Role::url), "url"},
-            {static_cast<int>(Role::isDocker), "isDocker"}, {static_cast<int>(Role::stopping), "stopping"}};
 }
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant LauncherAppListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::appId:
@@ -14,12 +14,6 @@ QVariant LauncherAppListModel::data(const QModelIndex& index, int role) const {
             return row->iconSource;
     }
     return {};
-}
-
-QHash<int, QByteArray> LauncherAppListModel::roleNames() const {
-    return {{static_cast<int>(Role::appId), "appId"},
-            {static_cast<int>(Role::name), "name"},
-            {static_cast<int>(Role::iconSource), "iconSource"}};
 }
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant NoteListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::noteId:
@@ -18,14 +18,6 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const {
             return row->selected;
     }
     return {};
-}
-
-QHash<int, QByteArray> NoteListModel::roleNames() const {
-    return {{static_cast<int>(Role::noteId), "noteId"},
-            {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::preview), "preview"},
-            {static_cast<int>(Role::changed), "changed"},
-            {static_cast<int>(Role::selected), "selected"}};
 }
 
 }  // namespace vantrelle

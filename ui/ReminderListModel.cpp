@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant ReminderListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::title:
@@ -16,13 +16,6 @@ QVariant ReminderListModel::data(const QModelIndex& index, int role) const {
             return row->done;
     }
     return {};
-}
-
-QHash<int, QByteArray> ReminderListModel::roleNames() const {
-    return {{static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::due), "due"},
-            {static_cast<int>(Role::calendar), "calendar"},
-            {static_cast<int>(Role::done), "done"}};
 }
 
 }  // namespace vantrelle

@@ -6,8 +6,16 @@
 
 namespace vantrelle {
 
+struct ReminderRow {
+    QString title;
+    QString due;
+    QString calendar;
+    bool done = false;
+    bool operator==(const ReminderRow&) const = default;
+};
+
 // Today's reminders, open ones first.
-class ReminderListModel : public RowListModel {
+class ReminderListModel : public VANTRELLE_ROW_LIST(ReminderRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Reminders.items")
@@ -16,25 +24,9 @@ public:
     enum class Role { title = Qt::UserRole + 1, due, calendar, done };
     Q_ENUM(Role)
 
-    struct Row {
-        QString title;
-        QString due;
-        QString calendar;
-        bool done = false;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

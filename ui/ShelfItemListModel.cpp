@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant ShelfItemListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::itemId:
@@ -18,14 +18,6 @@ QVariant ShelfItemListModel::data(const QModelIndex& index, int role) const {
             return row->busy;
     }
     return {};
-}
-
-QHash<int, QByteArray> ShelfItemListModel::roleNames() const {
-    return {{static_cast<int>(Role::itemId), "itemId"},
-            {static_cast<int>(Role::name), "name"},
-            {static_cast<int>(Role::url), "url"},
-            {static_cast<int>(Role::isImage), "isImage"},
-            {static_cast<int>(Role::busy), "busy"}};
 }
 
 }  // namespace vantrelle

@@ -6,8 +6,17 @@
 
 namespace vantrelle {
 
+struct ShelfItemRow {
+    QString itemId;
+    QString name;
+    QString url;
+    bool isImage = false;
+    bool busy = false;
+    bool operator==(const ShelfItemRow&) const = default;
+};
+
 // The shelf's items, newest first. `url` is empty for a file that can't be found any more.
-class ShelfItemListModel : public RowListModel {
+class ShelfItemListModel : public VANTRELLE_ROW_LIST(ShelfItemRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Shelf.items")
@@ -22,26 +31,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        QString itemId;
-        QString name;
-        QString url;
-        bool isImage = false;
-        bool busy = false;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

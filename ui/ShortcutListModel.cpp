@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant ShortcutListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::target:
@@ -18,14 +18,6 @@ QVariant ShortcutListModel::data(const QModelIndex& index, int role) const {
             return row->recording;
     }
     return {};
-}
-
-QHash<int, QByteArray> ShortcutListModel::roleNames() const {
-    return {{static_cast<int>(Role::target), "target"},
-            {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::display), "display"},
-            {static_cast<int>(Role::note), "note"},
-            {static_cast<int>(Role::recording), "recording"}};
 }
 
 }  // namespace vantrelle

@@ -6,8 +6,17 @@
 
 namespace vantrelle {
 
+struct ShortcutRow {
+    QString target;
+    QString title;
+    QString display;
+    QString note;
+    bool recording = false;
+    bool operator==(const ShortcutRow&) const = default;
+};
+
 // The shortcut rows of the settings: the notch, then every tool, each with its combo.
-class ShortcutListModel : public RowListModel {
+class ShortcutListModel : public VANTRELLE_ROW_LIST(ShortcutRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Shortcuts")
@@ -22,24 +31,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        QString target;
-        QString title;
-        QString display;
-        QString note;
-        bool recording = false;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

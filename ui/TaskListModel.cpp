@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::taskId:
@@ -14,12 +14,6 @@ QVariant TaskListModel::data(const QModelIndex& index, int role) const {
             return row->isDone;
     }
     return {};
-}
-
-QHash<int, QByteArray> TaskListModel::roleNames() const {
-    return {{static_cast<int>(Role::taskId), "taskId"},
-            {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::isDone), "isDone"}};
 }
 
 }  // namespace vantrelle

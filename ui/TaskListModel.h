@@ -6,8 +6,15 @@
 
 namespace vantrelle {
 
+struct TaskRow {
+    QString taskId;
+    QString title;
+    bool isDone = false;
+    bool operator==(const TaskRow&) const = default;
+};
+
 // To-do items as a list shows them.
-class TaskListModel : public RowListModel {
+class TaskListModel : public VANTRELLE_ROW_LIST(TaskRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Tasks.openTasks or Tasks.doneTasks")
@@ -20,24 +27,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        QString taskId;
-        QString title;
-        bool isDone = false;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

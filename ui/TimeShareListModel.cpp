@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant TimeShareListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::key:
@@ -18,14 +18,6 @@ QVariant TimeShareListModel::data(const QModelIndex& index, int role) const {
             return row->fraction;
     }
     return {};
-}
-
-QHash<int, QByteArray> TimeShareListModel::roleNames() const {
-    return {{static_cast<int>(Role::key), "key"},
-            {static_cast<int>(Role::name), "name"},
-            {static_cast<int>(Role::category), "category"},
-            {static_cast<int>(Role::duration), "duration"},
-            {static_cast<int>(Role::fraction), "fraction"}};
 }
 
 }  // namespace vantrelle

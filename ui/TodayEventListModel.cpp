@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant TodayEventListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::title:
@@ -24,13 +24,6 @@ QVariant TodayEventListModel::data(const QModelIndex& index, int role) const {
             return row->isNext;
     }
     return {};
-}
-
-QHash<int, QByteArray> TodayEventListModel::roleNames() const {
-    return {{static_cast<int>(Role::title), "title"},       {static_cast<int>(Role::time), "time"},
-            {static_cast<int>(Role::calendar), "calendar"}, {static_cast<int>(Role::allDay), "allDay"},
-            {static_cast<int>(Role::declined), "declined"}, {static_cast<int>(Role::joinUrl), "joinUrl"},
-            {static_cast<int>(Role::service), "service"},   {static_cast<int>(Role::isNext), "isNext"}};
 }
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant ToolListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::raw:
@@ -16,13 +16,6 @@ QVariant ToolListModel::data(const QModelIndex& index, int role) const {
             return row->tint;
     }
     return {};
-}
-
-QHash<int, QByteArray> ToolListModel::roleNames() const {
-    return {{static_cast<int>(Role::raw), "raw"},
-            {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::icon), "icon"},
-            {static_cast<int>(Role::tint), "tint"}};
 }
 
 }  // namespace vantrelle

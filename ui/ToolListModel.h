@@ -7,8 +7,16 @@
 
 namespace vantrelle {
 
+struct ToolRow {
+    QString raw;
+    QString title;
+    QString icon;
+    QColor tint;
+    bool operator==(const ToolRow&) const = default;
+};
+
 // The enabled tools in dock order: the rail's and the dock's items.
-class ToolListModel : public RowListModel {
+class ToolListModel : public VANTRELLE_ROW_LIST(ToolRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from Shell.tabs")
@@ -22,25 +30,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        QString raw;
-        QString title;
-        QString icon;
-        QColor tint;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

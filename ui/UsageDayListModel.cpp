@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant UsageDayListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::label:
@@ -18,14 +18,6 @@ QVariant UsageDayListModel::data(const QModelIndex& index, int role) const {
             return row->isToday;
     }
     return {};
-}
-
-QHash<int, QByteArray> UsageDayListModel::roleNames() const {
-    return {{static_cast<int>(Role::label), "label"},
-            {static_cast<int>(Role::tokens), "tokens"},
-            {static_cast<int>(Role::cost), "cost"},
-            {static_cast<int>(Role::fraction), "fraction"},
-            {static_cast<int>(Role::isToday), "isToday"}};
 }
 
 }  // namespace vantrelle

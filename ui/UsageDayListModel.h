@@ -6,8 +6,17 @@
 
 namespace vantrelle {
 
+struct UsageDayRow {
+    QString label;
+    QString tokens;
+    QString cost;
+    double fraction = 0;
+    bool isToday = false;
+    bool operator==(const UsageDayRow&) const = default;
+};
+
 // The last seven days of agent usage, oldest first, as the panel's bars show them.
-class UsageDayListModel : public RowListModel {
+class UsageDayListModel : public VANTRELLE_ROW_LIST(UsageDayRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Read from AIUsage.days")
@@ -22,26 +31,9 @@ public:
     };
     Q_ENUM(Role)
 
-    struct Row {
-        QString label;
-        QString tokens;
-        QString cost;
-        double fraction = 0;
-        bool isToday = false;
-        bool operator==(const Row&) const = default;
-    };
+    using RowList::RowList;
 
-    using RowListModel::RowListModel;
-
-    void setRows(std::vector<Row> rows) { replaceRows(m_rows, std::move(rows)); }
-    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-private:
-    std::vector<Row> m_rows;
 };
 
 }  // namespace vantrelle

@@ -3,7 +3,7 @@
 namespace vantrelle {
 
 QVariant UsageSessionListModel::data(const QModelIndex& index, int role) const {
-    const Row* row = rowAt(m_rows, index);
+    const Row* row = rowAt(index);
     if (!row) return {};
     switch (static_cast<Role>(role)) {
         case Role::sessionState:
@@ -28,19 +28,6 @@ QVariant UsageSessionListModel::data(const QModelIndex& index, int role) const {
             return row->lastPrompt;
     }
     return {};
-}
-
-QHash<int, QByteArray> UsageSessionListModel::roleNames() const {
-    return {{static_cast<int>(Role::sessionState), "sessionState"},
-            {static_cast<int>(Role::tool), "tool"},
-            {static_cast<int>(Role::project), "project"},
-            {static_cast<int>(Role::title), "title"},
-            {static_cast<int>(Role::branch), "branch"},
-            {static_cast<int>(Role::modelFamily), "modelFamily"},
-            {static_cast<int>(Role::tokens), "tokens"},
-            {static_cast<int>(Role::cost), "cost"},
-            {static_cast<int>(Role::active), "active"},
-            {static_cast<int>(Role::lastPrompt), "lastPrompt"}};
 }
 
 }  // namespace vantrelle
