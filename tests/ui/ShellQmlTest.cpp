@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QQmlComponent>
 #include <QRegularExpression>
+#include <map>
 #include <memory>
 
 #include "DayProgressViewModel.h"
@@ -300,6 +301,12 @@ TEST_F(ShellQml, EverySettingsPageShowsWithoutErrors) {
         EXPECT_EQ(settingsView.page(), page);
         EXPECT_EQ(std::exchange(problems, {}), std::vector<std::string>{});
     }
+    // The toggles page says why each missing toggle is missing; gio is the only stand-in here.
+    std::map<QString, QString> missing;
+    for (const auto& row : togglesView.missing()->rows()) missing[row.raw] = row.detail;
+    EXPECT_EQ(missing.count(QStringLiteral("emptyTrash")), 0U);
+    EXPECT_EQ(missing[QStringLiteral("mute")],
+              QStringLiteral("Needs wpctl (PipeWire) or pactl (PulseAudio)."));
 }
 
 TEST_F(ShellQml, ASingletonWithoutItsModelIsAnErrorNotACrash) {
