@@ -405,7 +405,7 @@ void Application::wireFocus() {
     m_focusView = std::make_unique<FocusViewModel>(m_pomodoro, m_quickTimer, m_stopwatch, m_settings);
     m_shell->registerToolView(NotchTab::focus, QStringLiteral("FocusView"));
     m_shell->registerTileView(DashTile::pomodoro, QStringLiteral("PomodoroTile"));
-    m_shell->timerReadings = [this] { return focusReadings(); };
+    m_shell->setTimerReadings([this] { return focusReadings(); });
 }
 
 TimerReadings Application::focusReadings() const {

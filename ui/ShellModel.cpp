@@ -59,10 +59,15 @@ ShellModel* ShellModel::create(QQmlEngine* engine, QJSEngine*) {
     return ShellEngine::provide(engine, &ShellEngine::ViewModels::shell);
 }
 
+void ShellModel::setTimerReadings(std::function<TimerReadings()> readings) {
+    m_timerReadings = std::move(readings);
+    refreshCells();
+}
+
 void ShellModel::refreshCells() {
     const auto& current = m_activities.current();
     CollapsedCells next =
-        current ? collapsedCells(*current, m_clock.now(), timerReadings()) : CollapsedCells{};
+        current ? collapsedCells(*current, m_clock.now(), m_timerReadings()) : CollapsedCells{};
     if (next.ticksEverySecond != m_tick.isActive()) {
         if (next.ticksEverySecond) {
             m_tick.start();

@@ -151,8 +151,9 @@ public:
     // The drawn shell, its corner radius and the dock in window pixels, for the window shape.
     Q_INVOKABLE void reportShape(const QRectF& shell, qreal cornerRadius, const QRectF& dock);
 
-    // Timers the closed notch reads each second; filled by the focus models when they exist.
-    std::function<TimerReadings()> timerReadings = [] { return TimerReadings{}; };
+    // Timers the closed notch reads each second, from the focus models; read at once, so a timer
+    // restored at start shows its digits from the first frame.
+    void setTimerReadings(std::function<TimerReadings()> readings);
     std::function<void()> onOpenSettings;
     std::function<void()> onQuit;
     std::function<void(QRectF shell, qreal cornerRadius, QRectF dock)> onShapeChanged;
@@ -175,6 +176,7 @@ private:
     AppSettings& m_settings;
     LiveActivityCenter& m_activities;
     const Clock& m_clock;
+    std::function<TimerReadings()> m_timerReadings = [] { return TimerReadings{}; };
     CollapsedCells m_cells;
     QString m_kind;
     QHash<QString, QString> m_toolViews;

@@ -8,7 +8,7 @@ namespace vantrelle {
 namespace {
 
 // Symbol name → Material Icons code point (name in the font).
-constexpr std::array<std::pair<std::string_view, char32_t>, 61> kGlyphs{{
+constexpr std::array<std::pair<std::string_view, char32_t>, 60> kGlyphs{{
     {"square.grid.2x2", 0xe9b0},                     // grid_view
     {"calendar", 0xe935},                            // calendar_today
     {"checklist", 0xe6b1},                           // checklist
@@ -48,7 +48,6 @@ constexpr std::array<std::pair<std::string_view, char32_t>, 61> kGlyphs{{
     {"questionmark", 0xe8fd},                        // help_outline
     {"slider.horizontal.3", 0xe429},                 // tune
     {"square.grid.3x3", 0xe9b0},                     // grid_view
-    {"xmark", 0xf1cf},                               // close_fullscreen
     {"arrow.clockwise", 0xe5d5},                     // refresh
     {"play.fill", 0xe037},                           // play_arrow
     {"pause.fill", 0xe034},                          // pause

@@ -39,6 +39,19 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     activities.set(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::approval}},
                    LiveActivityCenter::Source::agentAlert);
     EXPECT_EQ(changes, 2);
+
+    // A focus timer restored at start, before the focus models are wired: its digits show as soon as
+    // they are, not at the next second's tick.
+    activities.set(std::nullopt, LiveActivityCenter::Source::agentAlert);
+    activities.set(std::nullopt, LiveActivityCenter::Source::meeting);
+    activities.set(LiveActivity{LiveActivity::Pomodoro{}}, LiveActivityCenter::Source::pomodoro);
+    EXPECT_EQ(shell.trailingText(), "--:--");
+    shell.setTimerReadings([] {
+        TimerReadings readings;
+        readings.pomodoroRemaining = 1500;
+        return readings;
+    });
+    EXPECT_EQ(shell.trailingText(), "25:00");
 }
 
 TEST_F(ViewModels, FocusStartButtonRunsTheSelectedModeThenPausesAndResumes) {
