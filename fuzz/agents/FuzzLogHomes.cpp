@@ -51,7 +51,9 @@ public:
         return static_cast<std::int64_t>(kind) * 97 + byte();
     }
     std::string raw() {
-        const std::size_t length = std::min<std::size_t>(byte(), m_size - m_at);
+        // The wanted length is read first: as an argument beside `m_size - m_at` its read could come last.
+        const std::size_t wanted = byte();
+        const std::size_t length = std::min(wanted, m_size - m_at);
         std::string text(reinterpret_cast<const char*>(m_data + m_at), length);
         m_at += length;
         return text;
