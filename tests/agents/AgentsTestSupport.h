@@ -1,5 +1,9 @@
 #pragma once
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -61,15 +65,6 @@ inline std::string claudeAssistant(std::string_view id, std::string_view request
             "\n";
     return line;
 }
-
-}  // namespace vantrelle::testing
-
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <cmath>
-
-namespace vantrelle::testing {
 
 inline void setModified(const std::filesystem::path& file, Date date) {
     timespec times[2];

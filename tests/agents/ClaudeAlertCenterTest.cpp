@@ -83,32 +83,29 @@ TEST_F(ClaudeAlertCenterTest, EventsFromBeforeTheLaunchAreNeverReplayed) {
     EXPECT_EQ(c.alerts().size(), 1u);
 }
 
-TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedButWaitingIsUpgraded) {
+TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedAndIsShownBeforeAnOlderWaiting) {
     auto& c = started();
-    append(notification("a", "permission_prompt"));
+    append(notification("a", "permission_prompt", "/work/api/"));
     append(notification("a", "idle_prompt"));
     EXPECT_EQ(c.alerts().at("a").kind, AgentAlertKind::approval);
-    append(notification("b", "idle_prompt"));
-    EXPECT_EQ(c.alerts().at("b").kind, AgentAlertKind::waiting);
-    append(notification("b", "elicitation_dialog"));
+    append(notification("b", "idle_prompt", "/work/web"));
+    append(notification("b", "elicitation_dialog", "/work/web"));
     EXPECT_EQ(c.alerts().at("b").kind, AgentAlertKind::approval);
     EXPECT_EQ(sounds.played, (std::vector<std::string>{"Ping", "Tink", "Ping"}));
-    EXPECT_EQ(posted.front(), "Claude needs your approval");
-    EXPECT_EQ(posted[1], "Claude is waiting for you");
-}
+    EXPECT_EQ(posted, (std::vector<std::string>{"Claude needs your approval", "Claude is waiting for you",
+                                                "Claude needs your approval"}));
+    EXPECT_EQ(shown(), (LiveActivity::AgentAlert{"api", AgentAlertKind::approval})) << "older first";
 
-TEST_F(ClaudeAlertCenterTest, ApprovalIsShownBeforeAnOlderWaitingAndOlderFirstAmongEquals) {
-    auto& c = started();
-    append(notification("w", "idle_prompt", "/work/web"));
+    append(notification("w", "idle_prompt", "/work/cli"));
     scheduler.advance(120);
-    append(notification("a", "permission_prompt", "/work/api/"));
-    EXPECT_EQ(shown(), (LiveActivity::AgentAlert{"api", AgentAlertKind::approval}));
-    append(notification("a2", "permission_prompt", "/work/cli"));
-    EXPECT_EQ(shown()->project, "api");
-    EXPECT_EQ(c.alerts().size(), 3u);
+    append(notification("c", "permission_prompt", "/work/cli"));
+    append(stop("a"));
+    append(stop("b"));
+    EXPECT_EQ(shown(), (LiveActivity::AgentAlert{"cli", AgentAlertKind::approval}))
+        << "before the older wait";
 }
 
-TEST_F(ClaudeAlertCenterTest, ALineSplitOverTwoWritesIsHandledOnceAfterTheSecond) {
+TEST_F(ClaudeAlertCenterTest, ASplitLineIsHandledOnceWholeAndMalformedLinesAreDropped) {
     auto& c = started();
     const std::string line = notification("s", "permission_prompt");
     append(line.substr(0, 25));
@@ -118,16 +115,12 @@ TEST_F(ClaudeAlertCenterTest, ALineSplitOverTwoWritesIsHandledOnceAfterTheSecond
     EXPECT_EQ(c.alerts().size(), 1u);
     append("");
     EXPECT_EQ(sounds.played.size(), 1u);
+
+    append("not json\n[1,2]\n{\"cwd\":\"/x\"}\n\n" + notification("t", "permission_prompt"));
+    EXPECT_EQ(c.alerts().size(), 2u);
 }
 
-TEST_F(ClaudeAlertCenterTest, MalformedLinesAreDroppedAndTheRestHandled) {
-    auto& c = started();
-    append("not json\n[1,2]\n{\"cwd\":\"/x\"}\n\n" + notification("s", "permission_prompt"));
-    EXPECT_EQ(c.alerts().size(), 1u);
-    EXPECT_EQ(c.alerts().at("s").project, "api");
-}
-
-TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
+TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooksAndAPromptClears) {
     settings.setPlaySounds(false);
     auto& c = started();
     append(notification("s", "permission_prompt"));
@@ -137,7 +130,6 @@ TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
     append(stop("s"));
     EXPECT_TRUE(c.alerts().empty());
     EXPECT_FALSE(c.isSweeping());
-    EXPECT_FALSE(shown());
     EXPECT_EQ(activities.current(), (LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::done}}));
     EXPECT_EQ(posted.back(), "Claude finished in api");
     EXPECT_TRUE(sounds.played.empty());
@@ -145,14 +137,10 @@ TEST_F(ClaudeAlertCenterTest, StopClearsFlashesDoneAndSkipsActiveStopHooks) {
     EXPECT_FALSE(activities.current());
 
     append(stop("never-alerted"));  // still flashes and tells the game
-    EXPECT_EQ(posted.back(), "Claude finished in api");
     EXPECT_TRUE(activities.current().has_value());
-}
 
-TEST_F(ClaudeAlertCenterTest, PromptSubmitClearsTheSession) {
-    auto& c = started();
-    append(notification("s", "idle_prompt"));
-    append(R"({"session_id":"s","hook_event_name":"UserPromptSubmit"})"
+    append(notification("p", "idle_prompt"));
+    append(R"({"session_id":"p","hook_event_name":"UserPromptSubmit"})"
            "\n");
     EXPECT_TRUE(c.alerts().empty());
 }
@@ -174,7 +162,7 @@ TEST_F(ClaudeAlertCenterTest, SweepDropsAnsweredAndStaleAlerts) {
     EXPECT_FALSE(c.isSweeping());
 }
 
-TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAreTrimmed) {
+TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndOnlyFilesOver32KBAreTrimmed) {
     auto& c = started();
     append(notification("a", "permission_prompt"));
     std::ofstream(events, std::ios::trunc).flush();
@@ -183,24 +171,16 @@ TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndLargeReadFilesAr
     append(notification("b", "permission_prompt"));
     EXPECT_TRUE(c.alerts().contains("b"));
 
-    std::string big;
-    while (big.size() < 40'000)
-        big += R"({"session_id":"x","hook_event_name":"Other"})"
-               "\n";
-    append(big);
+    std::ofstream(events, std::ios::trunc).flush();
+    watcher.wake();
+    std::string filler = R"({"session_id":"x","hook_event_name":"Other","pad":")";
+    filler += std::string(32'768 - filler.size() - 3, 'p') + "\"}\n";
+    append(filler);
+    EXPECT_EQ(std::filesystem::file_size(events), 32'768u) << "exactly 32 KB is kept";
+    append(R"({"session_id":"x","hook_event_name":"Other"})"
+           "\n");
     EXPECT_EQ(std::filesystem::file_size(events), 0u);
     EXPECT_EQ(c.offset(), 0u);
-}
-
-TEST_F(ClaudeAlertCenterTest, AFileOfExactly32768BytesIsKept) {
-    auto& c = started();
-    std::string filler = R"({"session_id":"x","hook_event_name":"Other","pad":")";
-    const std::string tail = "\"}\n";
-    filler += std::string(32'768 - filler.size() - tail.size(), 'p') + tail;
-    ASSERT_EQ(filler.size(), 32'768u);
-    append(filler);
-    EXPECT_EQ(std::filesystem::file_size(events), 32'768u);
-    EXPECT_EQ(c.offset(), 32'768u);
 }
 
 TEST_F(ClaudeAlertCenterTest, DemoModeAndAnUnwatchableFileStayQuiet) {

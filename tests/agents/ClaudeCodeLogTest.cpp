@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "AgentsTestSupport.h"
 #include "agents/ClaudeCodeLog.h"
 #include "fakes/TempDir.h"
@@ -35,32 +37,15 @@ protected:
     }
 
     static std::string stamp(Date date) { return formatIsoDate(date); }
+
+    // Input, output and cache read of each event, in order.
+    using Tokens = std::array<std::int64_t, 3>;
+    static std::vector<Tokens> tokens(const AILogSnapshot& snapshot) {
+        std::vector<Tokens> result;
+        for (const auto& e : snapshot.events()) result.push_back({e.input, e.output, e.cacheRead});
+        return result;
+    }
 };
-
-TEST_F(ClaudeCodeLogTest, AStreamedReplyCountsOnceAtItsFinalSize) {
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 3) + claudeAssistant("m1", "r1", 10, 9) +
-                               claudeAssistant("m1", "r1", 10, 159));
-    const auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].output, 159);
-    EXPECT_EQ(snapshot.events()[0].cacheRead, 3);
-    EXPECT_EQ(snapshot.events()[0].cacheWrite, 4);
-    EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
-    EXPECT_EQ(snapshot.sessions().at("s1").modelCounts.at("claude-sonnet-4-5"), 1);
-}
-
-TEST_F(ClaudeCodeLogTest, TheLastLineOfAStreamedReplyInALaterScanRaisesTheEventAlreadyCounted) {
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 3) + claudeAssistant("m1", "r1", 10, 9));
-    auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].output, 9);
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 10, 159, "2030-01-01T10:00:03.000Z"));
-    snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].output, 159);
-    EXPECT_EQ(snapshot.events()[0].timestamp, testing::iso("2030-01-01T10:00:03Z"));  // the final line's
-    EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
-}
 
 TEST_F(ClaudeCodeLogTest, AReplyCopiedIntoAResumedSessionCountsOnceInTheOlderSession) {
     const auto prompt = [](std::string_view date) {
@@ -76,22 +61,18 @@ TEST_F(ClaudeCodeLogTest, AReplyCopiedIntoAResumedSessionCountsOnceInTheOlderSes
                  claudeAssistant("m2", "r2", 1, 1, "2030-01-01T11:00:00.000Z"));
     auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 2u);
-    const auto& older = snapshot.sessions().at("b-older");
-    const auto& resumed = snapshot.sessions().at("a-resumed");
-    EXPECT_EQ(older.messages, 1);
-    EXPECT_EQ(older.modelCounts.at("claude-sonnet-4-5"), 1);
-    EXPECT_EQ(resumed.messages, 1);  // only its own reply m2
-    std::int64_t output = 0;
-    for (const auto& event : snapshot.events()) {
-        if (event.sessionId == "b-older") output += event.output;
-    }
-    EXPECT_EQ(output, 159);
+    EXPECT_EQ(snapshot.events()[0].sessionId, "b-older");
+    EXPECT_EQ(snapshot.events()[0].output, 159);
+    EXPECT_EQ(snapshot.sessions().at("b-older").messages, 1);
+    EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 1);  // only its own reply m2
 
-    // With the older log gone, the copy is what remains, and the reply moves to the resumed session.
+    // With the older log gone, its session goes, the copy is what remains, and the reply moves.
     std::filesystem::remove(claudeFile("b-older.jsonl"));
     snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 2);
+    EXPECT_FALSE(snapshot.sessions().contains("b-older"));
+    EXPECT_EQ(log.fileCount(), 1u);
 }
 
 TEST_F(ClaudeCodeLogTest, LogsThatStartTogetherGiveASharedReplyToThePathThatSortsFirst) {
@@ -101,15 +82,6 @@ TEST_F(ClaudeCodeLogTest, LogsThatStartTogetherGiveASharedReplyToThePathThatSort
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].sessionId, "y");
     EXPECT_EQ(snapshot.sessions().at("z").messages, 0);
-}
-
-TEST_F(ClaudeCodeLogTest, AReplyWithoutRequestIdOrUuidCountsEachTime) {
-    appendTo(claudeFile(), claudeAssistant("m1", "", 1, 1) + claudeAssistant("m1", "", 1, 1));
-    EXPECT_EQ(log.scan().events().size(), 2u);
-    appendTo(claudeFile(), claudeAssistant("m1", "", 1, 1));
-    const auto snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 3u);
-    EXPECT_EQ(snapshot.sessions().at("s1").messages, 3);
 }
 
 TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
@@ -166,16 +138,6 @@ TEST_F(ClaudeCodeLogTest, AShrinkingFileIsForgottenAndReadFromItsStartInTheSameS
     EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
 }
 
-TEST_F(ClaudeCodeLogTest, RemovedFilesTakeTheirSessionsAndEventsWithThem) {
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1));
-    ASSERT_EQ(log.scan().sessions().size(), 1u);
-    std::filesystem::remove(claudeFile());
-    const auto snapshot = log.scan();
-    EXPECT_TRUE(snapshot.events().empty());
-    EXPECT_TRUE(snapshot.sessions().empty());
-    EXPECT_EQ(log.fileCount(), 0u);
-}
-
 TEST_F(ClaudeCodeLogTest, AnEventOlderThanThirtyDaysCountsInMessagesButIsPruned) {
     const Date old = clock.now() - 31 * 86400.0;
     appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1, stamp(old)) +
@@ -224,16 +186,12 @@ TEST_F(ClaudeCodeLogTest, BadFiguresNeverStopTheScanAndNeverTurnTotalsNegative) 
         claudeFile(),
         R"({"type":"assistant","requestId":"r","timestamp":"2030-01-01T10:00:00Z","message":{"id":"m","usage":{"input_tokens":)" +
             max + R"(,"output_tokens":)" + max +
-            R"(,"cache_read_input_tokens":-5,"cache_creation_input_tokens":1e300}}})" + "\n" +
-            R"({"type":"assistant","requestId":"r9","timestamp":"9999-12-31T00:00:00Z","message":{"id":"m","usage":{"output_tokens":1}}})" +
-            "\n");
+            R"(,"cache_read_input_tokens":-5,"cache_creation_input_tokens":1e300}}})" + "\n");
     const auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].cacheRead, 0);
     EXPECT_EQ(snapshot.events()[0].cacheWrite, 0);  // not an exact integer
     EXPECT_EQ(snapshot.events()[0].totalTokens(), std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(log.problems().futureLines, 1);
-    EXPECT_EQ(snapshot.sessions().at("s1").lastTimestamp, testing::iso("2030-01-01T10:00:00Z"));
 }
 
 TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
@@ -249,26 +207,10 @@ TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
              "\n" +
                  tokenCount(100, 10, 40) + tokenCount(150, 10, 60));
     auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 2u);
-    EXPECT_EQ(snapshot.events()[0].input, 60);
-    EXPECT_EQ(snapshot.events()[0].output, 10);
-    EXPECT_EQ(snapshot.events()[0].cacheRead, 40);
-    EXPECT_EQ(snapshot.events()[1].input, 30);
-    EXPECT_EQ(snapshot.events()[1].output, 0);
-    EXPECT_EQ(snapshot.events()[1].cacheRead, 20);
+    EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{60, 10, 40}, {30, 0, 20}}));
     EXPECT_EQ(snapshot.events()[1].model, "gpt-5-codex");
     EXPECT_EQ(snapshot.sessions().at("rollout-c1").cwd, "/home/dev/api");
     EXPECT_EQ(snapshot.sessions().at("rollout-c1").branch, "dev");
-
-    // A counter that falls gives nothing; the next delta runs from the lower value.
-    appendTo(codexFile(), tokenCount(20, 10, 0) +
-                              R"({"type":"event_msg","payload":{"type":"token_count","info":null}})"
-                              "\n" +
-                              tokenCount(30, 10, 0));
-    snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 3u);
-    EXPECT_EQ(snapshot.events()[2].input, 10);
-    EXPECT_EQ(snapshot.sessions().at("rollout-c1").messages, 3);
 }
 
 TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
@@ -287,10 +229,7 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
                  R"({"type":"user","content":[{"text":"make"},{"text":"it"}]})"
                  "\n");
     auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].input, 70);
-    EXPECT_EQ(snapshot.events()[0].output, 7);
-    EXPECT_EQ(snapshot.events()[0].cacheRead, 30);
+    EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{70, 7, 30}}));
     const auto& meta = snapshot.sessions().at("chat");
     EXPECT_EQ(meta.cwd, "/home/dev/site");
     EXPECT_EQ(meta.title, "Subagent");
@@ -299,8 +238,7 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     appendTo(geminiFile("chat.jsonl"), reply("g1", 500) + R"({"$rewindTo":"g1"})"
                                                           "\n");
     snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].input, 470);
+    EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{470, 7, 30}}));
     EXPECT_EQ(snapshot.sessions().at("chat").messages, 1);
 
     // A whole-file log rewritten with fewer messages loses the vanished ones.
@@ -325,12 +263,6 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     write(".gemini/tmp/abc/chats/whole.json", "{ broken" + std::string(200, ' '));
     snapshot = log.scan();
     EXPECT_EQ(snapshot.events().size(), 2u);
-}
-
-TEST_F(ClaudeCodeLogTest, HomeComesFromTheEnvironmentHook) {
-    environment.set("VANTRELLE_AI_HOME", "/elsewhere");
-    EXPECT_EQ(ClaudeCodeLog::resolveHome(environment, "/home/me"), "/elsewhere");
-    EXPECT_EQ(ClaudeCodeLog::resolveHome(MapEnvironment{}, "/home/me"), "/home/me");
 }
 
 }  // namespace

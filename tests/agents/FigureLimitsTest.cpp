@@ -64,8 +64,6 @@ TEST(FigureLimitsTest, DurationsThatAreNotFiniteAreShownNotFatal) {
         EXPECT_EQ(AIFormat::duration(row.seconds), row.duration);
         EXPECT_EQ(AIFormat::remaining(row.seconds), row.remaining);
     }
-    EXPECT_EQ(AIFormat::tokens(kMin), std::to_string(kMin));
-    EXPECT_EQ(AIFormat::tokens(kMax), "9223372036.85B");
 }
 
 }  // namespace

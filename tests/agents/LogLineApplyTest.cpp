@@ -49,32 +49,6 @@ protected:
     }
 };
 
-TEST_F(LogLineApplyTest, AClaudeReplyIsASightingUnderItsKeyNotYetAMessage) {
-    applyClaude(assistant("2030-01-01T10:00:00Z", 9), context);
-    ASSERT_EQ(sink.claudeReplies.size(), 1u);
-    const auto& sighting = sink.claudeReplies[0];
-    EXPECT_EQ(sighting.key, "m1|r1");
-    EXPECT_EQ(sighting.figures.output, 9);
-    EXPECT_EQ(sighting.figures.time, iso("2030-01-01T10:00:00Z"));
-    EXPECT_EQ(sink.models.at(sighting.figures.model), "claude-sonnet-4-5");
-    // Messages are counted once per reply across all logs, by the scanner, not per line here.
-    EXPECT_EQ(meta.messages, 0);
-    EXPECT_EQ(meta.firstTimestamp, iso("2030-01-01T10:00:00Z"));
-}
-
-TEST_F(LogLineApplyTest, TheLinesOfAStreamedReplyMergeAsTheyArrive) {
-    applyClaude(assistant("2030-01-01T10:00:00Z", 3), context);
-    ClaudeLine last = assistant("2030-01-01T10:00:02Z", 159);
-    last.model = "claude-opus-4-8";
-    applyClaude(last, context);
-    applyClaude(assistant("2030-01-01T10:00:03Z", 9), context);
-    ASSERT_EQ(sink.claudeReplies.size(), 1u);
-    const auto& figures = sink.claudeReplies[0].figures;
-    EXPECT_EQ(figures.output, 159);
-    EXPECT_EQ(figures.time, iso("2030-01-01T10:00:02Z"));
-    EXPECT_EQ(sink.models.at(figures.model), "claude-opus-4-8");
-}
-
 TEST_F(LogLineApplyTest, TheReplyKeyFallsBackToTheUuidAndIsEmptyWithNeither) {
     struct Row {
         const char* name;
@@ -93,17 +67,6 @@ TEST_F(LogLineApplyTest, TheReplyKeyFallsBackToTheUuidAndIsEmptyWithNeither) {
         EXPECT_EQ(sink.claudeReplies[0].key, row.key);
         EXPECT_EQ(sink.claudeReplies[0].figures.time, context.now);  // no date: the moment of reading
     }
-}
-
-TEST_F(LogLineApplyTest, NegativeTokenCountsCountAsZero) {
-    ClaudeLine line = assistant("", -5);
-    line.input = kMin, line.cacheRead = -1, line.cacheWrite = -1;
-    applyClaude(line, context);
-    const auto& event = sink.claudeReplies.at(0).figures;
-    EXPECT_EQ(event.input, 0);
-    EXPECT_EQ(event.output, 0);
-    EXPECT_EQ(event.cacheRead, 0);
-    EXPECT_EQ(event.cacheWrite, 0);
 }
 
 TEST_F(LogLineApplyTest, ALineDatedMoreThanADayAheadIsIgnoredAndCounted) {

@@ -1,6 +1,7 @@
-// The reading rule as a property: a log that arrives in random pieces, with line feeds anywhere and
-// scans between the pieces, gives exactly what one read of the finished log gives. For each tool, on
-// many generated logs, with cuts inside lines, inside strings and inside multi-byte characters.
+// The reading rule as a property: logs that arrive in random pieces, with line feeds anywhere and
+// scans between the pieces (some of a log that hasn't grown, its last line unfinished), give exactly what
+// one read of the finished logs gives. For all tools, on many generated logs, with cuts inside lines,
+// inside strings and inside multi-byte characters.
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
@@ -89,15 +90,6 @@ std::vector<AIUsageEvent> sorted(std::vector<AIUsageEvent> events) {
     return events;
 }
 
-struct Tool {
-    const char* name;
-    const char* file;
-    std::string (*make)(std::mt19937&);
-};
-const Tool kTools[] = {{"claude code", ".claude/projects/p/s1.jsonl", claudeLog},
-                       {"codex", ".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog},
-                       {"gemini", ".gemini/tmp/h/chats/chat.jsonl", geminiLog}};
-
 class LogPiecesPropertyTest : public ::testing::Test {
 protected:
     VirtualScheduler clock{iso("2030-01-01T12:00:00Z")};
@@ -151,19 +143,8 @@ protected:
     }
 };
 
-TEST_F(LogPiecesPropertyTest, EachToolsLogReadInPiecesGivesWhatOneReadGives) {
-    for (const Tool& tool : kTools) {
-        for (std::uint32_t seed = 1; seed <= 25; ++seed) {
-            SCOPED_TRACE(std::string(tool.name) + ", seed " + std::to_string(seed));
-            std::mt19937 random(seed);
-            expectSameAsOneRead({{tool.file, tool.make(random)}}, random);
-            if (HasFatalFailure()) return;
-        }
-    }
-}
-
 TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneReadGives) {
-    for (std::uint32_t seed = 100; seed < 110; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 30; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);
         // Two Claude Code logs share their replies: a resumed session copies the older one's.
@@ -174,27 +155,6 @@ TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneRea
                              {".gemini/tmp/h/chats/chat.jsonl", geminiLog(random)}},
                             random);
         if (HasFatalFailure()) return;
-    }
-}
-
-TEST_F(LogPiecesPropertyTest, AnUnchangedLogWithAnUnfinishedTailScannedAHundredTimesStaysAsItIs) {
-    for (const Tool& tool : kTools) {
-        SCOPED_TRACE(tool.name);
-        std::mt19937 random(7);
-        const std::string text = tool.make(random);
-        testing::TempDir home;
-        const auto file = home / tool.file;
-        testing::appendTo(file, text.substr(0, text.size() - 25));  // the last line cut short
-        testing::setModified(file, clock.now());
-        ClaudeCodeLog log(environment, home.path(), clock);
-        const auto first = log.scan();
-        const LogProblems problems = log.problems();  // the cut line is not among them
-        for (int i = 0; i < 100; ++i) {
-            const auto again = log.scan();
-            ASSERT_EQ(again.events(), first.events());
-            ASSERT_EQ(again.sessions(), first.sessions());
-        }
-        EXPECT_EQ(log.problems(), problems);
     }
 }
 

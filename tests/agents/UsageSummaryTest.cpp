@@ -72,6 +72,7 @@ TEST_F(UsageSummaryTest, GeminiCountsForTheDayButHasNoWindow) {
     // 14:00, 08:30Z, and has run 50 minutes.
     EXPECT_EQ(summary.block->start, iso("2030-01-02T08:30:00Z"));
     EXPECT_DOUBLE_EQ(summary.block->burnTokensPerMinute, 300'000.0 / 50);
+    EXPECT_EQ(summary.block->projectedTokens, 300'000 / 50 * 300);  // at this pace for the five hours
 }
 
 TEST_F(UsageSummaryTest, ActiveTimeCapsPausesAtTenMinutesAndCountsTheRunningTail) {
@@ -108,12 +109,44 @@ TEST_F(UsageSummaryTest, ASessionWithoutEventsTakesItsFiguresFromTheLog) {
     EXPECT_EQ(s.lastActivity, iso("2030-01-02T08:30:00Z"));
 }
 
-TEST_F(UsageSummaryTest, NoEventsNoWindowAndEmptyWeek) {
-    const auto summary = summarize("2030-01-02T09:00:00Z");
-    EXPECT_EQ(summary.today, AITotals{});
-    EXPECT_FALSE(summary.block);
-    EXPECT_TRUE(summary.sessions.empty());
-    for (const auto& day : summary.last7Days) EXPECT_EQ(day.tokens, 0);
+TEST_F(UsageSummaryTest, WindowsOpenAtTheFullHourAndLastFiveHours) {
+    testing::useTimeZone("UTC");
+    events = {event("2030-01-01T09:10:00Z", "s", 100), event("2030-01-01T13:59:00Z", "s", 100),
+              event("2030-01-01T14:00:00Z", "s", 100)};
+    const auto found = usageBlocks(sortedByTime(events));
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].start, iso("2030-01-01T09:00:00Z"));
+    EXPECT_EQ(found[0].tokens, 200);
+    EXPECT_EQ(found[0].lastActivity, iso("2030-01-01T13:59:00Z"));
+    EXPECT_EQ(found[1].start, iso("2030-01-01T14:00:00Z"));
+}
+
+TEST_F(UsageSummaryTest, TheWindowStaysUntilFiveHoursOfSilenceAndItsBudgetIsTheHeaviestWindow) {
+    testing::useTimeZone("UTC");
+    events = {event("2030-01-01T01:00:00Z", "big", 3'000'000), event("2030-01-01T09:10:00Z", "a", 100),
+              event("2030-01-01T13:50:00Z", "a", 100)};
+    auto summary = summarize("2030-01-01T18:40:00Z");
+    ASSERT_TRUE(summary.block);
+    EXPECT_EQ(summary.block->start, iso("2030-01-01T09:00:00Z"));
+    EXPECT_EQ(summary.block->tokens, 200);
+    EXPECT_EQ(summary.block->budget, 3'000'000);
+    EXPECT_EQ(summarize("2030-01-01T18:40:00Z", {}, 2'000'000).block->budget, 2'000'000);  // unless set
+    EXPECT_FALSE(summarize("2030-01-01T18:50:00Z").block);
+}
+
+TEST_F(UsageSummaryTest, ASessionFromJustBeforeMidnightIsListedForTwoMinutesAndAtMostFiftyAre) {
+    testing::useTimeZone("UTC");
+    events = {event("2030-01-01T23:59:00Z", "late", 1)};
+    sessions.emplace("late", meta("late"));
+    EXPECT_EQ(summarize("2030-01-02T00:00:30Z").sessions.size(), 1u);
+    EXPECT_TRUE(summarize("2030-01-02T00:02:00Z").sessions.empty());
+
+    for (int i = 0; i < 51; ++i) {
+        const std::string id = "s" + std::to_string(i);
+        events.push_back(event("2030-01-02T10:00:00Z", id, 1));
+        sessions.emplace(id, meta(id));
+    }
+    EXPECT_EQ(summarize("2030-01-02T18:40:00Z").sessions.size(), 50u);
 }
 
 }  // namespace

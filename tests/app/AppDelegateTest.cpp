@@ -95,31 +95,23 @@ TEST(LaunchHooks, KeepTheTableOrderWhateverTheRegistrationOrder) {
     EXPECT_EQ(hooks.evaluate(malformed, scheduler), 0);
 }
 
-TEST(StatusMenu, RowsKeepTheirOrderAndMissingCommandsAreDisabled) {
+// The rows' texts are plain data; what is computed is which rows can be used.
+TEST(StatusMenu, MissingCommandsAreDisabledAndAnUpdatesNoteReplacesTheCheck) {
     int opened = 0;
     StatusMenuCommands commands;
     commands.openNotch = [&] { ++opened; };
-    commands.quit = [] {};
     commands.checkForUpdates = [] {};
-    const auto rows = statusMenuRows(commands);
-    ASSERT_EQ(rows.size(), 9u);
-    EXPECT_EQ(rows[0].text, "Open notch");
-    EXPECT_TRUE(rows[0].enabled);
+    auto rows = statusMenuRows(commands);
     rows[0].action();
     EXPECT_EQ(opened, 1);
     EXPECT_FALSE(rows[1].enabled) << "no focus timer yet";
-    EXPECT_TRUE(rows[4].isDivider);
-    EXPECT_EQ(rows[5].text, "Check for Updates…");
     EXPECT_FALSE(rows[5].enabled) << "no updater and no self-version check";
-    EXPECT_EQ(rows[6].shortcut, "Ctrl+,");
-    EXPECT_EQ(rows[8].text, "Quit Vantrelle");
-    EXPECT_EQ(rows[8].shortcut, "Ctrl+Q");
-
     commands.canCheckForUpdates = true;
     EXPECT_TRUE(statusMenuRows(commands)[5].enabled);
     commands.updatesNote = "Updates come from your package manager.";
-    EXPECT_EQ(statusMenuRows(commands)[5].text, commands.updatesNote);
-    EXPECT_FALSE(statusMenuRows(commands)[5].enabled);
+    rows = statusMenuRows(commands);
+    EXPECT_EQ(rows[5].text, commands.updatesNote);
+    EXPECT_FALSE(rows[5].enabled);
 }
 
 }  // namespace

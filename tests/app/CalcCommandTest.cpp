@@ -90,26 +90,28 @@ TEST(CalcCommand, AnswersEveryTableLineAsThePanelsEngine) {
     }
 }
 
-TEST(CalcCommand, OneExpressionPrintsTheAnswerAndItsDetail) {
+TEST(CalcCommand, AnArgumentOrEachLineOfInputIsAnsweredAndAnyRefusalExitsOne) {
     testing::TempDir home;
-    CommandRun run = runCalc(home, "'12% of 80'", "");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, calcText(CalcEngine::evaluate("12% of 80", std::nullopt, nullptr)));
-
-    run = runCalc(home, "'1 / 0'", "");
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.output, "Division by zero\n");
-}
-
-TEST(CalcCommand, StandardInputGivesOneAnswerPerLineAndKeepsBlankLines) {
-    testing::TempDir home;
-    CommandRun run = runCalc(home, "", "2 + 2\nans * 10\n\n$5 in eur\n");
-    EXPECT_EQ(run.status, 1);  // no saved rates offline
-    EXPECT_EQ(run.output, "4\n40\n\nRates unavailable right now\n");
-
-    run = runCalc(home, "", "");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, "");
+    const struct {
+        const char* name;
+        std::string arguments, input;
+        int status;
+        std::string output;
+    } rows[] = {
+        {"one expression", "'12% of 80'", "", 0,
+         calcText(CalcEngine::evaluate("12% of 80", std::nullopt, nullptr))},
+        {"refused", "'1 / 0'", "", 1, "Division by zero\n"},
+        // No saved rates offline; a blank line keeps its place.
+        {"standard input", "", "2 + 2\nans * 10\n\n$5 in eur\n", 1, "4\n40\n\nRates unavailable right now\n"},
+        {"no input", "", "", 0, ""},
+        {"a bad option", "--frobnicate", "", 2, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const CommandRun run = runCalc(home, row.arguments, row.input);
+        EXPECT_EQ(run.status, row.status);
+        EXPECT_EQ(run.output, row.output);
+    }
 }
 
 TEST(CalcCommand, CurrencyFromTheRatesThePanelSavedEvenWhenOld) {
@@ -123,12 +125,6 @@ TEST(CalcCommand, CurrencyFromTheRatesThePanelSavedEvenWhenOld) {
     EXPECT_NE(run.output.find(R"("kind":"currency")"), std::string::npos) << run.output;
     EXPECT_NE(run.output.find(R"("value":9.0)"), std::string::npos) << run.output;
     EXPECT_EQ(home.read("config/Vantrelle/defaults.json"), saved) << "read, never written";
-}
-
-TEST(CalcCommand, BadOptionsExitWithTwo) {
-    testing::TempDir home;
-    const CommandRun run = runCalc(home, "--frobnicate", "");
-    EXPECT_EQ(run.status, 2);
 }
 
 }  // namespace

@@ -25,7 +25,6 @@ TEST(LaunchFiles, MovesTheLegacyDataInAndSweepsBothRootsOfKilledWritersFiles) {
     VirtualScheduler clock;
     home.write("data/Kestrand/wrapped-history.json", "legacy");
     const std::vector<fs::path> leftovers = {
-        home.write("config/Vantrelle/" + temporaryFilePrefix("defaults.json") + "Ab12Cd", "half"),
         home.write("config/Vantrelle/defaults.json.Q1w2E3", "half, from an earlier version"),
         home.write("data/Vantrelle/wrapped-history.json.z9X8c7", "half, from an earlier version"),
         // Migrated in first, then swept.

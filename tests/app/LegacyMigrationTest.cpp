@@ -29,60 +29,40 @@ protected:
     std::map<fs::path, Date> created;
 };
 
-TEST_F(LegacyMigrationTest, MovesEverythingAndRemovesTheLegacyRoot) {
-    dir.write("Kestrand/notes.json", "[1]");
-    dir.write("Kestrand/screentime/2026-11-20.json", "{}");
+TEST_F(LegacyMigrationTest, MovesEverythingMergingSubFoldersAndRemovesTheLegacyRoot) {
     migration().migrate(legacy(), current());
-    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "[1]");
-    EXPECT_EQ(dir.read("Vantrelle/screentime/2026-11-20.json"), "{}");
-    EXPECT_FALSE(fs::exists(legacy()));
-}
+    EXPECT_FALSE(fs::exists(current())) << "a clean install creates nothing";
 
-TEST_F(LegacyMigrationTest, SubFolderOnBothSidesMergesAndTheEmptiedSourceGoes) {
+    dir.write("Kestrand/notes.json", "[1]");
     dir.write("Kestrand/screentime/2026-11-19.json", "old day");
     dir.write("Vantrelle/screentime/2026-11-22.json", "new day");
     migration().migrate(legacy(), current());
+    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "[1]");
     EXPECT_EQ(dir.read("Vantrelle/screentime/2026-11-19.json"), "old day");
     EXPECT_EQ(dir.read("Vantrelle/screentime/2026-11-22.json"), "new day");
     EXPECT_FALSE(fs::exists(legacy()));
+    migration().migrate(legacy(), current());  // a second run finds nothing to do
+    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "[1]");
 }
 
-TEST_F(LegacyMigrationTest, AFreshTargetIsReplacedAndAnOlderOneWins) {
+TEST_F(LegacyMigrationTest, AFreshTargetIsReplacedAndAnOlderOneOrAFolderWins) {
     dir.write("Kestrand/tasks.json", "legacy tasks");
     dir.write("Kestrand/notes.json", "legacy notes");
     created[dir.write("Vantrelle/tasks.json", "first-launch tasks")] = clock.now() - 599;
     created[dir.write("Vantrelle/notes.json", "user's newer notes")] = clock.now() - 600;
-    migration().migrate(legacy(), current());
-    EXPECT_EQ(dir.read("Vantrelle/tasks.json"), "legacy tasks");
-    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "user's newer notes");
-    // The kept legacy file keeps the legacy root in place.
-    EXPECT_EQ(dir.read("Kestrand/notes.json"), "legacy notes");
-    EXPECT_FALSE(fs::exists(legacy() / "tasks.json"));
-}
-
-TEST_F(LegacyMigrationTest, UnreadableCreationDateCountsAsOld) {
-    dir.write("Kestrand/shelf.json", "legacy");
-    dir.write("Vantrelle/shelf.json", "current");  // no date known
-    migration().migrate(legacy(), current());
-    EXPECT_EQ(dir.read("Vantrelle/shelf.json"), "current");
-}
-
-TEST_F(LegacyMigrationTest, NoLegacyRootMeansNoWorkAndASecondRunIsANoOp) {
-    migration().migrate(legacy(), current());
-    EXPECT_FALSE(fs::exists(current())) << "a clean install creates nothing";
-
-    dir.write("Kestrand/notes.json", "x");
-    migration().migrate(legacy(), current());
-    migration().migrate(legacy(), current());
-    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "x");
-}
-
-TEST_F(LegacyMigrationTest, AFileFacingAFolderIsLeftAlone) {
+    dir.write("Kestrand/shelf.json", "legacy shelf");
+    dir.write("Vantrelle/shelf.json", "current shelf");  // no date known: counts as old
     dir.write("Kestrand/Converted", "a file");
     dir.write("Vantrelle/Converted/a.png", "png");
     migration().migrate(legacy(), current());
+    EXPECT_EQ(dir.read("Vantrelle/tasks.json"), "legacy tasks");
+    EXPECT_EQ(dir.read("Vantrelle/notes.json"), "user's newer notes");
+    EXPECT_EQ(dir.read("Vantrelle/shelf.json"), "current shelf");
     EXPECT_EQ(dir.read("Vantrelle/Converted/a.png"), "png");
+    // The kept legacy files keep the legacy root in place.
+    EXPECT_EQ(dir.read("Kestrand/notes.json"), "legacy notes");
     EXPECT_EQ(dir.read("Kestrand/Converted"), "a file");
+    EXPECT_FALSE(fs::exists(legacy() / "tasks.json"));
 }
 
 TEST(LegacyMigrationDates, ReadsTheBirthTimeWhereTheFileSystemKeepsOne) {

@@ -25,14 +25,6 @@ TEST(DashTile, ShortListsAreFilledFromTheDefaultsFirst) {
         (std::vector<DashTile>{today, shelf, launcher, pomodoro, dayProgress, tasks, notes, reminders}));
 }
 
-TEST(DashTile, TilesOpenTheirToolAndTheSelfContainedOnesNone) {
-    EXPECT_EQ(toolForTile(pomodoro), NotchTab::focus);
-    EXPECT_EQ(toolForTile(systemStats), NotchTab::stats);
-    EXPECT_EQ(toolForTile(aiUsage), NotchTab::aiUsage);
-    EXPECT_FALSE(toolForTile(quickToggles));
-    EXPECT_FALSE(toolForTile(launcher));
-}
-
 TEST(DashTile, RawNamesRoundTrip) {
     for (std::size_t i = 0; i < kDashTileCount; ++i) {
         const auto tile = static_cast<DashTile>(i);
