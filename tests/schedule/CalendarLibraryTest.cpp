@@ -114,13 +114,14 @@ TEST_F(CalendarLibraryTest, TheUsersOwnAttendeeEntryDecidesWhetherTheMeetingIsDe
     EXPECT_FALSE(isDeclined(day(2026, 11, 3)[0])) << "another user didn't decline anything";
 }
 
-// Which field wins is MeetingLinkTest's table; this is the escaped text of a real file reaching it.
-TEST_F(CalendarLibraryTest, AMeetingLinkIsFoundInTheUnescapedDescription) {
+// Which field wins is MeetingLinkTest's table; this is the text of a real file reaching it, unescaped.
+TEST_F(CalendarLibraryTest, LocationAndDescriptionAreReadUnescapedAndTheLinkFoundInThem) {
     write("calendars/work/calls.ics",
           "BEGIN:VEVENT\nUID:b\nSUMMARY:Notes call\nDTSTART:20261103T100000Z\nLOCATION:Room 4\n"
           "DESCRIPTION:Agenda\\nJoin: https://zoom.us/j/9876543210\\, thanks\nEND:VEVENT\n");
     const auto events = day(2026, 11, 3);
     ASSERT_EQ(events.size(), 1u);
+    EXPECT_EQ(events[0].location, "Room 4");
     EXPECT_EQ(events[0].notes, "Agenda\nJoin: https://zoom.us/j/9876543210, thanks");
     EXPECT_EQ(MeetingLink::url(events[0]), "https://zoom.us/j/9876543210");
 }
