@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "CalcGrammarRows.h"
 #include "calc/CalcEngine.h"
 #include "calc/ConversionQuery.h"
 #include "calc/CurrencyNames.h"
 #include "calc/UnitTable.h"
 
 namespace vantrelle {
+
 namespace {
 
 RatesTable sampleRates() {
@@ -22,7 +24,6 @@ TEST(ConversionQuery, SplitsAtTheLastConnectiveButNeverTheFirstWord) {
         const char* text;
         std::optional<ConversionQuery> query;
     } rows[] = {
-        {"100 km in miles", ConversionQuery{"100 km", "miles"}},
         {"5 in in cm", ConversionQuery{"5 in", "cm"}},
         {"10 usd to us dollars", ConversionQuery{"10 usd", "us dollars"}},
         {"1 kg as lb", ConversionQuery{"1 kg", "lb"}},
@@ -48,8 +49,6 @@ TEST(SplitAmount, SymbolAmountAndRest) {
         {"5km", SplitAmount{"", 5, "km"}},
         {"-40 f", SplitAmount{"", -40, "f"}},
         {"2.5e3 m", SplitAmount{"", 2500, "m"}},
-        {"3 eur", SplitAmount{"", 3, "eur"}},
-        {"100 rs.", SplitAmount{"", 100, "rs."}},
         {"km", std::nullopt},
         {".5 km", std::nullopt},
         {"$", std::nullopt},
@@ -82,21 +81,17 @@ TEST(UnitConversion, AnswerAndDetail) {
     EXPECT_EQ(eval("1 mm in mi").detail, "1 mm = 6.21371e-7 mi · 1 mm = 6.21371e-7 mi");
 }
 
-TEST(UnitConversion, EveryDimensionAndSpelling) {
+// The factors themselves are checked against GNU units (UnitsCrossCheckTest); these rows are the
+// spellings that reach them.
+TEST(UnitConversion, Spellings) {
     expectShown({
         {"100 km in miles", "62.137119 miles"},
-        {"5 in in cm", "12.7 cm"},
-        {"5 km → mi", "3.106856 mi"},
         {"1 kg as lbs", "2.204623 lbs"},
         {"1,500 g to kg", "1.5 kg"},
-        {"1 gal in l", "3.785412 l"},
-        {"1 kib in b", "1,024 b"},
-        {"1 wk in h", "168 h"},
         {"10 m/s in km/h", "36 km/h"},
         {"1 acre in sqft", "43,560 sqft"},
         {"1 m² in sqft", "10.76391 sqft"},
         {"1 knot in km/h", "1.852 km/h"},
-        {"1 kcal in kj", "4.184 kj"},
         {"12\" in cm", "30.48 cm"},
         {"3' in in", "36 in"},
     });
@@ -108,7 +103,6 @@ TEST(UnitConversion, TemperatureGoesThroughItsOffset) {
     EXPECT_EQ(boiling.detail, "100 c = 212 f");  // no factor for an affine scale
     expectShown({
         {"-40 f to celsius", "-40 celsius"},
-        {"0 kelvin in c", "-273.15 c"},
         {"98.6 degf in degc", "37 degc"},
     });
 }
@@ -149,30 +143,21 @@ TEST(CurrencyNames, AliasesCodesAndKnownCodes) {
 TEST(CurrencyQuery, RecognisedBeforeUnits) {
     EXPECT_EQ(CalcEngine::parseCurrency("10 pounds in euro"), (CalcEngine::CurrencyQuery{10, "GBP", "EUR"}));
     EXPECT_FALSE(CalcEngine::parseCurrency("10 pounds in kg"));
-    EXPECT_EQ(CalcEngine::parseCurrency("$10 in eur"), (CalcEngine::CurrencyQuery{10, "USD", "EUR"}));
     EXPECT_EQ(CalcEngine::parseCurrency("£2,000 to us dollars"),
               (CalcEngine::CurrencyQuery{2000, "GBP", "USD"}));
     EXPECT_EQ(CalcEngine::parseCurrency("$5 usd in yen"), (CalcEngine::CurrencyQuery{5, "USD", "JPY"}));
     EXPECT_FALSE(CalcEngine::parseCurrency("10 in eur"));   // no source currency
     EXPECT_FALSE(CalcEngine::parseCurrency("usd in eur"));  // no amount
-    EXPECT_FALSE(CalcEngine::parseCurrency("10 usd in xyz"));
 
     const RatesTable rates = sampleRates();
-    const CalcResult money = eval("10 pounds in euro", &rates);
-    EXPECT_EQ(money.kind, CalcResult::Kind::currency);
-    EXPECT_EQ(money.display, "11.25 EUR");
-    EXPECT_DOUBLE_EQ(*money.value, 11.25);
-    EXPECT_EQ(money.detail, "1 GBP = 1.125 EUR · 1/3/25");
-
-    const CalcResult weight = eval("10 pounds in kg", &rates);
-    EXPECT_EQ(weight.kind, CalcResult::Kind::unit);
-    EXPECT_EQ(weight.display, "4.535924 kg");
+    EXPECT_EQ(eval("10 pounds in euro", &rates),
+              (CalcResult{"11.25 EUR", "1 GBP = 1.125 EUR · 1/3/25", 11.25, CalcResult::Kind::currency}));
+    EXPECT_EQ(eval("10 pounds in kg", &rates).kind, CalcResult::Kind::unit);
 }
 
 TEST(CurrencyQuery, AnswersFromTheTable) {
     const RatesTable rates = sampleRates();
     EXPECT_EQ(eval("$10 in eur", &rates).display, "9 EUR");
-    EXPECT_EQ(eval("100 EUR to USD", &rates).display, "111.11 USD");
     EXPECT_EQ(eval("1,000 yen in us dollars", &rates).display, "6.67 USD");
     EXPECT_EQ(eval("5 usd to usd", &rates).detail, "1 USD = 1 USD · 1/3/25");
     // Known codes the table doesn't carry, and no table at all.
@@ -182,33 +167,27 @@ TEST(CurrencyQuery, AnswersFromTheTable) {
 }
 
 TEST(PercentPhrase, TheThreeSentences) {
-    const CalcResult of = eval("20% of 50");
-    EXPECT_EQ(of.kind, CalcResult::Kind::percent);
-    EXPECT_EQ(of.display, "10");
-    EXPECT_EQ(of.detail, "20% of 50");
-    EXPECT_DOUBLE_EQ(*of.value, 10);
-    EXPECT_EQ(eval("20 % of 50").detail, "20% of 50");
-    EXPECT_EQ(eval("20% of 150").display, "30");
-    EXPECT_EQ(eval("10+10% of 2*25").display, "10");  // each side is an expression
-
-    const CalcResult what = eval("15 is what % of 60");
-    EXPECT_EQ(what.kind, CalcResult::Kind::percent);
-    EXPECT_EQ(what.display, "25%");
-    EXPECT_DOUBLE_EQ(*what.value, 25);
-    EXPECT_EQ(what.detail, "15 of 60");
-    EXPECT_EQ(eval("15 as percentage of 60").display, "25%");
-    EXPECT_EQ(eval("15 is percent of 60").display, "25%");
-    EXPECT_EQ(eval("1 is what percent of 3").display, "33.333333%");
-
-    const CalcResult off = eval("20% off 50");
-    EXPECT_EQ(off.display, "40");
-    EXPECT_EQ(off.detail, "50 with 20% off · saves 10");
-    EXPECT_EQ(off.kind, CalcResult::Kind::percent);
-
-    EXPECT_EQ(eval("ans% of 200").display, "Unknown 'ans'");
+    using Kind = CalcResult::Kind;
+    const struct {
+        const char* text;
+        CalcResult result;
+    } rows[] = {
+        {"20% of 50", {"10", "20% of 50", 10, Kind::percent}},
+        {"20 % of 50", {"10", "20% of 50", 10, Kind::percent}},
+        {"10+10% of 2*25", {"10", "10+10% of 2*25", 10, Kind::percent}},  // each side is an expression
+        {"15 is what % of 60", {"25%", "15 of 60", 25, Kind::percent}},
+        {"15 as percentage of 60", {"25%", "15 of 60", 25, Kind::percent}},
+        {"15 is percent of 60", {"25%", "15 of 60", 25, Kind::percent}},
+        {"20% off 50", {"40", "50 with 20% off · saves 10", 40, Kind::percent}},
+        {"ans% of 200", {"Unknown 'ans'", std::nullopt, std::nullopt, Kind::error}},
+        {"5 is what % of 0", {"Division by zero", std::nullopt, std::nullopt, Kind::error}},
+        {"abc% of 5", {"Unknown 'abc'", std::nullopt, std::nullopt, Kind::error}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(eval(row.text), row.result);
+    }
     EXPECT_EQ(CalcEngine::evaluate("ans% of 200", 10, nullptr).display, "20");
-    EXPECT_EQ(eval("5 is what % of 0").display, "Division by zero");
-    EXPECT_EQ(eval("abc% of 5").display, "Unknown 'abc'");
 }
 
 }  // namespace

@@ -41,52 +41,34 @@ TEST(CalcFormat, SpecialValues) {
 
 TEST(CalcFormat, DecimalWithGroupingAndFractionLimit) {
     expectFormats({
-        {1, 6, "1"},
         {999, 6, "999"},
         {1000, 6, "1,000"},
         {1234567.891, 6, "1,234,567.891"},
         {-1234.5, 6, "-1,234.5"},
-        {-0.25, 6, "-0.25"},
         {0.1 + 0.2, 6, "0.3"},
         {2.0 / 3.0, 6, "0.666667"},
-        {-2.0 / 3.0, 6, "-0.666667"},
         {999999.9999999, 6, "1,000,000"},  // rounding carries into a new group
         {123.456, 0, "123"},
         {9.99, 1, "10"},
-        {1234.5678, 2, "1,234.57"},
         // Ties go to the even digit.
         {0.125, 2, "0.12"},
         {0.375, 2, "0.38"},
         {2.5, 0, "2"},
-        {3.5, 0, "4"},
-        {0.5, 0, "0"},
-        // A small value that rounds away shows as zero, without a sign.
-        {-0.0000014, 2, "0"},
-        {0.004, 2, "0"},
+        {-0.0000014, 2, "0"},  // a small value that rounds away shows as zero, without a sign
     });
 }
 
-TEST(CalcFormat, LargeBoundaryAt1e15) {
+// Decimal from 1e-6 up to just below 1e15, the shortest exponent form outside.
+TEST(CalcFormat, ExponentOutsideDecimalRange) {
     expectFormats({
         {999999999999999.0, 6, "999,999,999,999,999"},
-        {-999999999999999.0, 6, "-999,999,999,999,999"},
         {1e15, 6, "1e15"},
-        {-1e15, 6, "-1e15"},
         {1234567890123456789.0, 6, "1.23457e18"},
         {9.999996e20, 6, "1e21"},
-        {1.5e300, 6, "1.5e300"},
-        {1e15 * 2.5, 6, "2.5e15"},
-    });
-}
-
-TEST(CalcFormat, SmallBoundaryAt1e6) {
-    expectFormats({
         {0.000001, 6, "0.000001"},
-        {-0.000001, 6, "-0.000001"},
         {0.0000015, 6, "0.000002"},  // decimal, so the 6-digit limit rounds it
         {0.00000099, 6, "9.9e-7"},
         {-0.00000025, 6, "-2.5e-7"},
-        {1.23456789e-10, 6, "1.23457e-10"},
         {5e-324, 6, "5e-324"},  // the shortest form of the smallest double
     });
 }

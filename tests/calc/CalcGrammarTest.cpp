@@ -6,7 +6,6 @@
 
 #include "CalcGrammarRows.h"
 #include "calc/CalcEngine.h"
-#include "calc/CalcError.h"
 #include "calc/CalcParser.h"
 
 namespace vantrelle {
@@ -71,11 +70,7 @@ TEST(CalcGrammar, PrecedenceAndAssociativity) {
 }
 
 TEST(CalcGrammar, PercentMarkAndCombining) {
-    const CalcResult twelve = eval("12%");
-    EXPECT_EQ(twelve.kind, CalcResult::Kind::percent);
-    EXPECT_EQ(twelve.display, "0.12");
-    EXPECT_DOUBLE_EQ(*twelve.value, 0.12);
-    EXPECT_EQ(twelve.detail, "12% as a fraction");
+    EXPECT_EQ(eval("12%"), (CalcResult{"0.12", "12% as a fraction", 0.12, CalcResult::Kind::percent}));
 
     expectValues(kPercentValues);
     // Combining drops the mark, and a power carries none.
@@ -99,9 +94,6 @@ TEST(CalcErrors, EveryMessage) {
         EXPECT_EQ(result.display, row.message);
         EXPECT_FALSE(result.value.has_value()) << "an error leaves no answer for the next line";
     }
-    // The unit table answers only for known names, so an unknown unit reaches the user through this
-    // case only when raised directly.
-    EXPECT_EQ(CalcError::unknownUnit("parsec").message(), "Unknown unit 'parsec'");
 }
 
 TEST(CalcErrors, NestingTooDeepIsAGenericFailureNotACrash) {
@@ -111,7 +103,6 @@ TEST(CalcErrors, NestingTooDeepIsAGenericFailureNotACrash) {
         const char* name;
         std::string text;
     } rows[] = {
-        {"1000 parentheses", std::string(1000, '(') + "1" + std::string(1000, ')')},
         {"100000 open parentheses", std::string(100000, '(')},
         {"100000 signs", std::string(100000, '-') + "1"},
         {"50000 powers", powers + "1"},

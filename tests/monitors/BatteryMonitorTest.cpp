@@ -164,11 +164,7 @@ TEST_F(BatteryMonitorTest, WithoutUPowerNothingHappensUntilItAppears) {
 
 TEST(BatteryCountersTest, TheDaemonsBatteryWinsOverTheKernelsWhereThereIsOne) {
     struct Kernel final : SystemCounterSource {
-        SystemCounters read() override {
-            SystemCounters c;
-            c.batteryPercent = 77;
-            return c;
-        }
+        SystemCounters read() override { return {.batteryPercent = 77}; }
     } kernel;
     struct Fixed final : PowerSource {
         void start(std::function<void(const std::optional<PowerReading>&)>) override {}

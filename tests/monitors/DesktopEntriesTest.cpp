@@ -5,7 +5,7 @@
 namespace vantrelle {
 namespace {
 
-TEST(DesktopEntries, ReadsTheMainGroupOnly) {
+TEST(DesktopEntries, ReadsTheMainGroupOnlyAndHiddenLinksAndGarbageGiveNothing) {
     const auto entry =
         parseDesktopEntry("org.gnome.Terminal",
                           "# comment\n[Desktop Entry]\nName=Terminal\nType=Application\n"
@@ -19,9 +19,7 @@ TEST(DesktopEntries, ReadsTheMainGroupOnly) {
         parseDesktopEntry("q", "[Desktop Entry]\nName=\"Q\"\nType=Application\nExec=\"/opt/my app/q\" %U\n")
             ->program,
         "/opt/my app/q");
-}
 
-TEST(DesktopEntries, HiddenLinksAndGarbageGiveNothing) {
     EXPECT_FALSE(parseDesktopEntry("a", "[Desktop Entry]\nName=A\nType=Application\nHidden=true\nExec=a\n"));
     EXPECT_FALSE(parseDesktopEntry("b", "[Desktop Entry]\nName=B\nType=Link\nURL=http://x\n"));
     EXPECT_FALSE(parseDesktopEntry("c", "\x01\x02 not an ini\n=\n[\n"));

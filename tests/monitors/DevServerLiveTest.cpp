@@ -44,11 +44,6 @@ int freePort(int from, int to) {
     return 0;
 }
 
-constexpr const char* kNodeServer =
-    "const port = +process.argv[2];\n"
-    "require('http').createServer((q, s) => s.end('ok')).listen(port, '127.0.0.1', () => "
-    "console.log('ready'));\n";
-
 constexpr const char* kStubbornServer =
     "import signal, socket, sys\n"
     "signal.signal(signal.SIGTERM, signal.SIG_IGN)\n"
@@ -57,93 +52,71 @@ constexpr const char* kStubbornServer =
     "print('ready', flush=True)\n"
     "while True: signal.pause()\n";
 
+// Each test has python3's HTTP server on loopback in a folder named "shop"; it prints "Serving HTTP"
+// once it listens.
 class DevServerLiveTest : public ::testing::Test {
 protected:
-    DevServerLiveTest() {
-        dir.write("shop/.keep", "");
-        dir.write("plain/serve.js", kNodeServer);
-        dir.write("front/vite.js", kNodeServer);
-        dir.write("stubborn/stubborn.py", kStubbornServer);
-        dir.write("tools/.keep", "");
-    }
+    void SetUp() override { ASSERT_TRUE(web.waitFor("Serving HTTP")); }
 
-    // python3's HTTP server on loopback; it prints "Serving HTTP" once it listens.
-    static std::vector<std::string> httpServer(int port, std::vector<std::string> more = {}) {
-        std::vector<std::string> argv{"python3", "-u",       "-m", "http.server", std::to_string(port),
-                                      "--bind",  "127.0.0.1"};
-        argv.insert(argv.end(), more.begin(), more.end());
-        return argv;
-    }
-    void scan(DevServerMonitor& monitor) {
+    void scan() {
         monitor.refresh();
         clock.runUntilIdle();
     }
-    DevServerMonitor::Deps deps(ListeningPorts& source) {
-        return {clock, clock, queues, source, control, ::getpid(), "/nonexistent-home", false};
-    }
-    [[nodiscard]] std::optional<DevServer> listed(const DevServerMonitor& monitor, pid_t pid) const {
+    [[nodiscard]] std::optional<DevServer> listed(pid_t pid) const {
         for (const auto& server : monitor.servers()) {
             if (server.pid == pid) return server;
         }
         return std::nullopt;
     }
-    static bool haveNode() { return std::system("node --version > /dev/null 2>&1") == 0; }
 
     testing::TempDir dir;
+    const std::filesystem::path shop = dir.write("shop/.keep", "").parent_path();
+    const int port = freePort(20000, 40000);
+    ChildProcess web{{"python3", "-u", "-m", "http.server", std::to_string(port), "--bind", "127.0.0.1"},
+                     shop};
     VirtualScheduler clock;
     InlineQueueFactory queues;
     ProcListeningPorts proc;
     ProcProcessControl control;
+    DevServerMonitor monitor{{clock, clock, queues, proc, control, ::getpid(), "/nonexistent-home", false}};
 };
 
-TEST_F(DevServerLiveTest, ListsRealServersAndFiltersLikeTheRules) {
-    const int webPort = freePort(20000, 40000);
-    ChildProcess web(httpServer(webPort), dir / "shop");
-    ASSERT_TRUE(web.waitFor("Serving HTTP"));
-    const int mcpPort = freePort(20000, 40000);
-    ChildProcess mcp(httpServer(mcpPort, {"--directory", (dir / "tools" / "files-mcp-server").string()}),
-                     dir / "tools");
-    ASSERT_TRUE(mcp.waitFor("Serving HTTP"));
-
-    DevServerMonitor monitor(deps(proc));
-    scan(monitor);
-    const auto server = listed(monitor, web.pid());
-    ASSERT_TRUE(server);
-    EXPECT_EQ(server->port, webPort);
+// The rules themselves are tables in DevServerRulesTest; this proves /proc gives them the port, the
+// command line and the folder of a real server, and that the signals reach real processes.
+TEST_F(DevServerLiveTest, ListsARealServerAndStopsItWithTheFirstSignalAndOneIgnoringItAfterThreeSeconds) {
+    const auto script = dir.write("stubborn/stubborn.py", kStubbornServer);
+    ChildProcess stubborn({"python3", "-u", script.string(), std::to_string(freePort(20000, 40000))},
+                          script.parent_path());
+    ASSERT_TRUE(stubborn.waitFor("ready"));
+    scan();
+    const auto server = listed(web.pid());
+    const auto ignoring = listed(stubborn.pid());
+    ASSERT_TRUE(server && ignoring);
+    EXPECT_EQ(server->port, port);
     EXPECT_EQ(server->kind, "Python");
     EXPECT_EQ(server->project(), "shop");
-    EXPECT_FALSE(listed(monitor, mcp.pid())) << "an agent's tool server is refused";
 
-    if (!haveNode()) GTEST_SKIP() << "node is not installed";
-    const int highPort = freePort(52000, 60000);
-    ChildProcess plain({"node", (dir / "plain" / "serve.js").string(), std::to_string(highPort)},
-                       dir / "plain");
-    ASSERT_TRUE(plain.waitFor("ready"));
-    const int vitePort = freePort(52000, 60000);
-    ChildProcess vite({"node", (dir / "front" / "vite.js").string(), std::to_string(vitePort)},
-                      dir / "front");
-    ASSERT_TRUE(vite.waitFor("ready"));
-    scan(monitor);
-    EXPECT_FALSE(listed(monitor, plain.pid())) << "bare node on an ephemeral port is its helper port";
-    const auto front = listed(monitor, vite.pid());
-    ASSERT_TRUE(front);
-    EXPECT_EQ(front->kind, "Vite");
-    EXPECT_EQ(front->port, vitePort);
+    monitor.stop(*server);
+    monitor.stop(*ignoring);
+    EXPECT_EQ(web.waitForEnd(), SIGTERM);
+    clock.advance(DevServerMonitor::kRefreshDelay);
+    EXPECT_FALSE(listed(server->pid));
+
+    clock.advance(DevServerMonitor::kKillDelay - DevServerMonitor::kRefreshDelay - 0.01);
+    EXPECT_TRUE(stubborn.running());
+    EXPECT_TRUE(listed(stubborn.pid())) << "still listening after the polite signal";
+    clock.advance(0.01);
+    EXPECT_EQ(stubborn.waitForEnd(), SIGKILL);
 }
 
-TEST_F(DevServerLiveTest, LsofAndProcTablesAgreeOnOurServers) {
+TEST_F(DevServerLiveTest, LsofAndProcTablesAgreeOnOurServer) {
     QtProcessRunner runner;
     LsofListeningPorts lsof(runner);
     std::string error;
     if (!lsof.list(error)) GTEST_SKIP() << "lsof is not installed";
-    const int port = freePort(20000, 40000);
-    ChildProcess web(httpServer(port), dir / "shop");
-    ASSERT_TRUE(web.waitFor("Serving HTTP"));
-
     const auto ours = [&](ListeningPorts& source) {
         std::set<std::tuple<pid_t, std::string, std::int64_t>> found;
-        std::string why;
-        for (const auto& socket : source.list(why).value_or(std::vector<ListeningSocket>{})) {
+        for (const auto& socket : source.list(error).value_or(std::vector<ListeningSocket>{})) {
             if (socket.pid == web.pid()) found.insert({socket.pid, socket.command, socket.port});
         }
         return found;
@@ -151,34 +124,6 @@ TEST_F(DevServerLiveTest, LsofAndProcTablesAgreeOnOurServers) {
     const auto fromProc = ours(proc);
     EXPECT_EQ(fromProc.size(), 1U);
     EXPECT_EQ(fromProc, ours(lsof));
-}
-
-TEST_F(DevServerLiveTest, StopEndsAServerWithTheFirstSignalAndKillsOneIgnoringItAfterThreeSeconds) {
-    const int port = freePort(20000, 40000);
-    ChildProcess web(httpServer(port), dir / "shop");
-    ASSERT_TRUE(web.waitFor("Serving HTTP"));
-    const int stubbornPort = freePort(20000, 40000);
-    ChildProcess stubborn(
-        {"python3", "-u", (dir / "stubborn" / "stubborn.py").string(), std::to_string(stubbornPort)},
-        dir / "stubborn");
-    ASSERT_TRUE(stubborn.waitFor("ready"));
-    DevServerMonitor monitor(deps(proc));
-    scan(monitor);
-    const auto server = listed(monitor, web.pid());
-    const auto ignoring = listed(monitor, stubborn.pid());
-    ASSERT_TRUE(server && ignoring);
-    monitor.stop(*server);
-    monitor.stop(*ignoring);
-    EXPECT_EQ(web.waitForEnd(), SIGTERM);
-    clock.advance(DevServerMonitor::kRefreshDelay);
-    EXPECT_FALSE(listed(monitor, server->pid));
-    EXPECT_FALSE(monitor.stopping().contains(port));
-
-    clock.advance(DevServerMonitor::kKillDelay - DevServerMonitor::kRefreshDelay - 0.01);
-    EXPECT_TRUE(stubborn.running());
-    EXPECT_TRUE(listed(monitor, stubborn.pid())) << "still listening after the polite signal";
-    clock.advance(0.01);
-    EXPECT_EQ(stubborn.waitForEnd(), SIGKILL);
 }
 
 }  // namespace

