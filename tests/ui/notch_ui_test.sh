@@ -44,9 +44,9 @@ open_by_click
 sleep 0.5; mark; move_to 756 200; xdotool key Escape
 wait_for "overlay: collapse (esc)"
 
-# 5. A click outside closes.
+# 5. A click outside closes: in one go, before leaving would close it.
 open_by_click
-sleep 0.3; mark; move_to 60 900; xdotool click 1
+sleep 0.3; mark; xdotool mousemove 59 900 mousemove_relative 1 0 click 1
 wait_for "overlay: collapse (click outside)"
 
 # 6. Claude Code asks for approval: its hook appends a payload, and the closed notch shows the alert.
