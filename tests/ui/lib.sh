@@ -18,7 +18,7 @@ start_display() {
 
 # Waits up to $2 seconds (5 unless said) for a log line containing $1, written after the last `mark`.
 lines_before=0
-mark() { lines_before=$(wc -l <"$log"); }
+mark() { if [[ -f "$log" ]]; then lines_before=$(wc -l <"$log"); else lines_before=0; fi; }
 wait_for() {
   for _ in $(seq "$(awk "BEGIN { print int(${2:-5} * 20) }")"); do
     tail -n +$((lines_before + 1)) "$log" 2>/dev/null | grep -qF "$1" && return 0

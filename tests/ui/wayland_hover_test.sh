@@ -20,8 +20,7 @@ if [[ $(id -u) -eq 0 ]]; then
     "${as_user[@]}" true 2>/dev/null || skip "running as root and no user namespace is available for sway"
 fi
 
-work=$(mktemp -d)
-log=$work/v.log
+source "$(dirname "$0")/lib.sh"
 trap 'exec 7>&-; kill ${app_pid:-} ${pointer_pid:-} ${sway_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() {
     { echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null; echo "--- sway"; tail -n 30 "$work/sway.log"; } >&2
@@ -61,25 +60,13 @@ move_to 100 900
 # The program as a Wayland session's X client sees it: Xwayland's display, the session's Wayland socket.
 export DISPLAY; DISPLAY=$(cat "$work/display")
 export WAYLAND_DISPLAY=$work/sway-run/$wayland_socket QT_QPA_PLATFORM=xcb
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 export XDG_RUNTIME_DIR=$work/run
 mkdir -p "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
-export VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software
 
 # A hover delay of a second: a click that opens well before it is the click's doing.
 mkdir -p "$XDG_CONFIG_HOME/Vantrelle"
 echo '{"hoverDelay": 1.0}' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
 
-lines_before=0
-mark() { if [[ -f "$log" ]]; then lines_before=$(wc -l <"$log"); else lines_before=0; fi; }
-wait_for() {  # a new log line containing $1 within $2 seconds
-    local text=$1 limit=${2:-3}
-    for _ in $(seq "$(awk "BEGIN { print int($limit * 20) }")"); do
-        tail -n +$((lines_before + 1)) "$log" 2>/dev/null | grep -q -F "$text" && return 0
-        sleep 0.05
-    done
-    fail "no '$text' within ${limit}s"
-}
 # With grim, the compositor's own picture of the screen shows where the panel is drawn.
 screenshots=0
 command -v grim >/dev/null && command -v convert >/dev/null && screenshots=1
