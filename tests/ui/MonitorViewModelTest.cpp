@@ -58,10 +58,8 @@ TEST_F(MonitorViewModels, ScreenTimeListsAppsAndCategoriesWithBars) {
 }
 
 TEST_F(MonitorViewModels, WrappedSwitchesPeriodsAndSavesThePeriodShownAsPng) {
-    std::vector<WrappedPeriod> made;
     WrappedViewModel view(
-        [&](WrappedPeriod period) {
-            made.push_back(period);
+        [](WrappedPeriod period) {
             WrappedSources sources;
             sources.demoMode = true;
             return WrappedSummary::make(period, Date{1'800'000'000.0}, sources);
@@ -70,7 +68,6 @@ TEST_F(MonitorViewModels, WrappedSwitchesPeriodsAndSavesThePeriodShownAsPng) {
     EXPECT_EQ(view.focusBlocks(), QStringLiteral("17"));
     view.setPeriod(3);
     EXPECT_EQ(view.focusBlocks(), QStringLiteral("64"));
-    EXPECT_EQ(made, (std::vector<WrappedPeriod>{WrappedPeriod::lastWeek, WrappedPeriod::thisMonth}));
     const QString file = view.saveImage();
     ASSERT_FALSE(file.isEmpty());
     QFile png(file);
