@@ -49,7 +49,6 @@ TEST_F(ShortcutsTest, SetPersistsRegistersAndFiresAcrossRestarts) {
 }
 
 TEST_F(ShortcutsTest, ClearingStopsTheKeyAtOnceAndIdsAreFreshEachPass) {
-    testing::LogCapture log;
     ToolShortcuts shortcuts(defaults, hotKeys, scheduler);
     wire(shortcuts);
     shortcuts.set(kCtrlAltK, ShortcutTarget::forTool(NotchTab::calc));
@@ -64,7 +63,6 @@ TEST_F(ShortcutsTest, ClearingStopsTheKeyAtOnceAndIdsAreFreshEachPass) {
     scheduler.runUntilIdle();
     EXPECT_EQ(fired, std::vector{ShortcutTarget::forTool(NotchTab::notes)});
     EXPECT_EQ(shortcuts.ids(), (std::map<std::uint32_t, std::string>{{1, "notes"}}));
-    EXPECT_EQ(logMessages(log).back(), "shortcuts: fired notes");
 }
 
 TEST_F(ShortcutsTest, RefusedCombosFailButStayStored) {
@@ -123,7 +121,6 @@ TEST_F(ShortcutsTest, RecorderRefusesACombo) {
     };
     const Case cases[] = {
         {{'k', true, true}, ShortcutTarget::notch(), "Already used by Calculator"},
-        {{'k'}, ShortcutTarget::notch(), "Add Ctrl, Alt or Super"},
         {{'k', true, true}, ShortcutTarget::forTool(NotchTab::calc), ""},  // its own combo again
         {{0xffc2}, ShortcutTarget::notch(), ""},
     };

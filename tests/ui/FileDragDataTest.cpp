@@ -32,7 +32,6 @@ TEST_F(FileDrag, CarriesTheAddressInBothFormsAndTheBytesUnderTheFilesOwnType) {
     const std::vector<Case> cases{
         {"shot 1.png", std::string("\x89PNG\r\n\x1a\n", 8) + "pixels", "image/png"},
         {"notes #2 (ünï).txt", "plain words\n", "text/plain"},
-        {"report.pdf", "%PDF-1.4\n%%EOF\n", "application/pdf"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -75,8 +74,6 @@ TEST_F(FileDrag, NothingToDragForMissingFilesAndFolders) {
     fs::create_directories(dir / "folder");
     for (const QString& path : {QString(), qpath(dir / "gone.txt"), qpath(dir / "folder")})
         EXPECT_FALSE(FileDragData::make(path)) << path.toStdString();
-    FileDragData drags;
-    drags.start(nullptr, QStringLiteral("file:///nowhere"));  // nothing happens
 }
 
 }  // namespace

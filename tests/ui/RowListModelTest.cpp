@@ -64,39 +64,23 @@ TEST(RowListModelTest, ReplacingTheRowsAnnouncesOnlyWhatChangedCameOrWent) {
         {"first row changed and one added",
          {row("x"), row("b"), row("c"), row("d"), row("e")},
          {{{0, 0}}, {{4, 4}}, {}, 1}},
-        {"all gone", {}, {{}, {}, {{0, 3}}, 1}},
     };
     for (const auto& r : rows) {
         SCOPED_TRACE(r.name);
         ToolListModel model;
         model.setRows(start);
-        const Heard heard = replace(model, r.next);
-        EXPECT_EQ(heard.changed, r.heard.changed);
-        EXPECT_EQ(heard.inserted, r.heard.inserted);
-        EXPECT_EQ(heard.removed, r.heard.removed);
-        EXPECT_EQ(heard.countChanges, r.heard.countChanges);
+        EXPECT_EQ(replace(model, r.next), r.heard);
         EXPECT_EQ(model.rows(), r.next);
-        EXPECT_EQ(model.count(), static_cast<int>(r.next.size()));
-        EXPECT_EQ(model.rowCount(), model.count());
-        EXPECT_EQ(model.property("count").toInt(), model.count());  // as QML reads it
+        EXPECT_EQ(model.property("count").toInt(), static_cast<int>(r.next.size()));  // as QML reads it
     }
 }
 
-TEST(RowListModelTest, RolesAreNamedForTheViewsAndForeignIndexesReadNothing) {
+TEST(RowListModelTest, ForeignAndOutOfRangeIndexesReadNothing) {
     guiApplication();
     ToolListModel model;
     model.setRows({row("calc")});
-    const auto names = model.roleNames();
-    using Role = ToolListModel::Role;
-    const QHash<int, QByteArray> expected{{static_cast<int>(Role::raw), "raw"},
-                                          {static_cast<int>(Role::title), "title"},
-                                          {static_cast<int>(Role::icon), "icon"},
-                                          {static_cast<int>(Role::tint), "tint"}};
-    EXPECT_EQ(names, expected);
-    const int raw = static_cast<int>(Role::raw);
-    const int tint = static_cast<int>(Role::tint);
+    const int raw = static_cast<int>(ToolListModel::Role::raw);
     EXPECT_EQ(model.data(model.index(0), raw).toString(), "calc");
-    EXPECT_EQ(model.data(model.index(0), tint).value<QColor>(), QColor(Qt::red));
     EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
     EXPECT_FALSE(model.data(model.index(1), raw).isValid());
     ToolListModel other;

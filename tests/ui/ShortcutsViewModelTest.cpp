@@ -39,12 +39,8 @@ TEST_F(ShortcutsViewModelTest, QtKeysBecomeKeysyms) {
 }
 
 TEST_F(ShortcutsViewModelTest, ARowRecordsRefusesAndShowsWhatFailed) {
-    EXPECT_EQ(view.rows()->count(), 18);  // the notch and every tool
     view.startRecording(QStringLiteral("notch"));
     EXPECT_TRUE(row(QStringLiteral("notch"), ShortcutListModel::Role::recording).toBool());
-    EXPECT_EQ(view.message(), QStringLiteral("Type a shortcut"));
-    view.keyPressed(Qt::Key_Control, Qt::ControlModifier);  // a modifier alone: still listening
-    EXPECT_EQ(view.message(), QStringLiteral("Type a shortcut"));
     view.keyPressed(Qt::Key_K, Qt::ShiftModifier);
     EXPECT_EQ(view.message(), QStringLiteral("Add Ctrl, Alt or Super"));
     view.keyPressed(Qt::Key_K, Qt::ControlModifier | Qt::MetaModifier);

@@ -20,21 +20,22 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     ShellModel shell(overlay, settings, activities, scheduler);
     int changes = 0;
     QObject::connect(&shell, &ShellModel::activityChanged, &shell, [&] { ++changes; });
+    const qreal notch = shell.notchWidth();
+    EXPECT_EQ(shell.collapsedWidth(), notch);
 
-    EXPECT_FALSE(shell.hasActivity());
     activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 125}},
                    LiveActivityCenter::Source::meeting);
     EXPECT_EQ(shell.activityKind(), "meeting");
     EXPECT_EQ(shell.trailingText(), "2:05");
-    EXPECT_FALSE(shell.leadingIcon().isEmpty());
+    EXPECT_EQ(shell.collapsedWidth(), notch + 2 * shell.activityWing());
     EXPECT_EQ(changes, 1);
+    overlay.setExpanded(true, "test");
+    EXPECT_EQ(shell.cornerRadius(), kExpandedCornerRadius);
 
     activities.set(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::approval}},
                    LiveActivityCenter::Source::agentAlert);
     EXPECT_TRUE(shell.leadingIsAgentMark());
-    EXPECT_EQ(shell.trailingText(), "Approve");
     EXPECT_EQ(changes, 2);
-
     // The same alert again changes nothing a view would see.
     activities.set(LiveActivity{LiveActivity::AgentAlert{"api", AgentAlertKind::approval}},
                    LiveActivityCenter::Source::agentAlert);
@@ -54,26 +55,22 @@ TEST_F(ViewModels, ShellFollowsTheActivityAndSignalsOnlyWhatAViewSees) {
     EXPECT_EQ(shell.trailingText(), "25:00");
 }
 
-TEST_F(ViewModels, FocusStartButtonRunsTheSelectedModeThenPausesAndResumes) {
+TEST_F(ViewModels, FocusButtonsRunPauseAndRefuseWhatTheyCannotStart) {
     settings.setBreakMinutes(7);
     focusView.selectMode(QStringLiteral("shortBreak"));
-    EXPECT_EQ(focusView.timeString(), "07:00");
+    focusView.selectMode(QStringLiteral("nonsense"));
+    EXPECT_EQ(focusView.mode(), "shortBreak");
     focusView.startPause();
     EXPECT_EQ(focusView.status(), "running");
     EXPECT_TRUE(focusView.inBreak());
-    EXPECT_EQ(focusView.statusText(), "Break");
+    EXPECT_EQ(focusView.timeString(), "07:00");
     focusView.startPause();
     EXPECT_EQ(focusView.status(), "paused");
     focusView.startPause();
     EXPECT_EQ(focusView.status(), "running");
-    focusView.selectMode(QStringLiteral("nonsense"));
-    EXPECT_EQ(focusView.mode(), "shortBreak");
-}
 
-TEST_F(ViewModels, FocusCustomTimerRemembersItsLengthAndBadLengthsAreRefused) {
     focusView.startCustom(12);
     EXPECT_EQ(settings.customTimerMinutes(), 12);
-    EXPECT_EQ(focusView.mode(), "custom");
     EXPECT_EQ(focusView.timeString(), "12:00");
     focusView.startCustom(0);
     focusView.startQuick(-1);
@@ -87,7 +84,6 @@ TEST_F(ViewModels, QuickTimerAndStopwatchSignalTheirOwnChanges) {
     QObject::connect(&focusView, &FocusViewModel::quickChanged, &focusView, [&] { ++quickChanges; });
     focusView.startQuick(3);
     EXPECT_EQ(focusView.quickLabel(), "3 min");
-    EXPECT_EQ(focusView.quickTime(), "03:00");
     scheduler.advance(30);
     EXPECT_EQ(focusView.quickTime(), "02:30");
     EXPECT_GT(quickChanges, 0);
@@ -103,142 +99,69 @@ TEST_F(ViewModels, QuickTimerAndStopwatchSignalTheirOwnChanges) {
     EXPECT_TRUE(focusView.laps().isEmpty());
 }
 
-TEST_F(ViewModels, ShellShowsEnabledToolsAndFallsBackWhenTheShowingOneIsTurnedOff) {
+TEST_F(ViewModels, ShellListsEnabledToolsAndTilesAndFallsBackWhenTheShowingToolIsTurnedOff) {
     auto& overlay = started();
     ShellModel shell(overlay, settings, activities, scheduler);
     auto& tabs = *shell.tabs();
-    EXPECT_EQ(tabs.count(), 17);
-    EXPECT_EQ(role(tabs, 0, "raw"), "dashboard");
     shell.selectTab(QStringLiteral("notes"));
-    EXPECT_EQ(shell.tab(), "notes");
-    EXPECT_EQ(shell.tabTitle(), "Notes");
-    EXPECT_EQ(role(tabs, shell.tabIndex(), "raw"), "notes");
     shell.selectTab(QStringLiteral("no-such-tool"));
     EXPECT_EQ(shell.tab(), "notes");
+    EXPECT_EQ(role(tabs, shell.tabIndex(), "raw"), "notes");
+    settings.setDashboardTiles({DashTile::notes, DashTile::aiUsage, DashTile::launcher});
+    auto& tiles = *shell.dashboardTiles();
+    EXPECT_EQ(role(tiles, 0, "tool"), "notes");
+    EXPECT_EQ(role(tiles, 2, "tool"), "");  // a tile without a tool of its own opens nothing
+    EXPECT_TRUE(shell.dashboardShowsUsage());
 
-    int removed = 0;
-    QObject::connect(&tabs, &QAbstractItemModel::rowsRemoved, &tabs, [&] { ++removed; });
+    const int shown = tabs.count();
     settings.setEnabled(NotchTab::notes, false);
     EXPECT_EQ(shell.tab(), "dashboard");
     EXPECT_EQ(shell.tabIndex(), 0);
-    EXPECT_EQ(tabs.count(), 16);
-    EXPECT_EQ(removed, 1);
-    for (int i = 0; i < tabs.count(); ++i) EXPECT_NE(role(tabs, i, "raw"), "notes");
+    EXPECT_EQ(tabs.count(), shown - 1);
+    EXPECT_EQ(role(tiles, 0, "tool"), "") << "a tool turned off is not opened from its tile";
 
     EXPECT_TRUE(shell.toolView().isEmpty());
     shell.registerToolView(NotchTab::dashboard, QStringLiteral("DashboardView"));
     EXPECT_TRUE(shell.toolView().endsWith("/Vantrelle/Shell/DashboardView.qml"));
 }
 
-TEST_F(ViewModels, ShellTilesFollowTheSettingsAndOpenOnlyToolsThatAreOn) {
-    auto& overlay = started();
-    ShellModel shell(overlay, settings, activities, scheduler);
-    settings.setDashboardTiles({DashTile::notes, DashTile::aiUsage, DashTile::launcher});
-    auto& tiles = *shell.dashboardTiles();
-    ASSERT_EQ(tiles.count(), 8);  // the user's three, then the usual ones
-    EXPECT_EQ(role(tiles, 1, "raw"), "aiUsage");
-    EXPECT_EQ(role(tiles, 0, "tool"), "notes");
-    EXPECT_EQ(role(tiles, 2, "tool"), "");  // a tile without a tool of its own opens nothing
-    EXPECT_TRUE(shell.dashboardShowsUsage());
-
-    QList<int> changedRows;
-    QObject::connect(&tiles, &QAbstractItemModel::dataChanged, &tiles,
-                     [&](const QModelIndex& from, const QModelIndex& to) {
-                         for (int row = from.row(); row <= to.row(); ++row) changedRows.append(row);
-                     });
-    settings.setEnabled(NotchTab::notes, false);
-    EXPECT_EQ(role(tiles, 0, "tool"), "");
-    EXPECT_EQ(changedRows, QList<int>{0});
-
-    settings.setDashboardTiles({DashTile::notes});
-    EXPECT_EQ(tiles.count(), 8);
-    EXPECT_FALSE(shell.dashboardShowsUsage());
-}
-
-TEST_F(ViewModels, ShellWidensTheClosedShellByAWingEachSideWhileAnActivityIsLive) {
-    auto& overlay = started();
-    ShellModel shell(overlay, settings, activities, scheduler);
-    int widthChanges = 0;
-    QObject::connect(&shell, &ShellModel::collapsedWidthChanged, &shell, [&] { ++widthChanges; });
-    const qreal notch = shell.notchWidth();
-    EXPECT_EQ(shell.collapsedWidth(), notch);
-    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 125}},
-                   LiveActivityCenter::Source::meeting);
-    EXPECT_EQ(shell.collapsedWidth(), notch + 2 * shell.activityWing());
-    EXPECT_GE(widthChanges, 1);
-    EXPECT_EQ(shell.cornerRadius(), kCollapsedCornerRadius);
-    overlay.setExpanded(true, "test");
-    EXPECT_EQ(shell.cornerRadius(), kExpandedCornerRadius);
-}
-
-TEST_F(ViewModels, UsagePanelFormatsTheDemoFiguresAndSwitchesTheAlertsHook) {
+TEST_F(ViewModels, UsagePanelFillsItsListsAndSwitchesTheAlertsHook) {
     auto& view = usageView;
     scheduler.runUntilIdle();
     EXPECT_FALSE(view.block().open);
-    EXPECT_EQ(view.sessions()->count(), 0);
-
     // The figures arrive: the lists fill without a reset, so the views keep their delegates.
-    int inserted = 0;
     int resets = 0;
-    QObject::connect(view.sessions(), &QAbstractItemModel::rowsInserted, &view, [&] { ++inserted; });
     QObject::connect(view.sessions(), &QAbstractItemModel::modelReset, &view, [&] { ++resets; });
     usage.applyDemo();
-    EXPECT_EQ(inserted, 1);
     EXPECT_EQ(resets, 0);
-    EXPECT_EQ(view.today().cost.front(), '$');
-    const auto& days = *view.days();
-    ASSERT_EQ(days.count(), 7);
-    EXPECT_TRUE(role(days, 6, "isToday").toBool());
-    EXPECT_FALSE(role(days, 5, "isToday").toBool());
-    double busiest = 0;
-    for (int i = 0; i < days.count(); ++i) busiest = std::max(busiest, role(days, i, "fraction").toDouble());
-    EXPECT_EQ(busiest, 1.0);
-    const auto block = view.block();
-    ASSERT_TRUE(block.open);
-    EXPECT_GT(block.progress, 0.0);
-    EXPECT_LE(block.progress, 1.0);
-    EXPECT_TRUE(block.burn.endsWith("/min"));
-    const auto& sessions = *view.sessions();
-    ASSERT_EQ(sessions.count(), static_cast<int>(usage.sessions().size()));
-    ASSERT_GT(sessions.count(), 0);
-    EXPECT_EQ(role(sessions, 0, "project"), QString::fromStdString(usage.sessions().front().projectName));
-    EXPECT_EQ(role(sessions, 0, "cost").toString().front(), '$');
+    EXPECT_TRUE(view.block().open);
+    EXPECT_TRUE(role(*view.days(), 6, "isToday").toBool());
+    ASSERT_EQ(view.sessions()->count(), static_cast<int>(usage.sessions().size()));
+    EXPECT_EQ(role(*view.sessions(), 0, "project"),
+              QString::fromStdString(usage.sessions().front().projectName));
 
-    int hookSignals = 0;
-    QObject::connect(&view, &AIUsageViewModel::hooksChanged, &view, [&] { ++hookSignals; });
-    EXPECT_FALSE(view.hooksInstalled());
     view.setHooksInstalled(true);
     scheduler.runUntilIdle();
     EXPECT_TRUE(view.hooksInstalled());
-    EXPECT_TRUE(view.hookError().isEmpty());
     hooksHome.write("settings.json", "{broken,");
     view.setHooksInstalled(false);
     scheduler.runUntilIdle();
-    EXPECT_TRUE(view.hookError().startsWith("Couldn't read your Claude Code settings in "))
-        << view.hookError().toStdString();
-    EXPECT_TRUE(view.hookError().endsWith("it isn't valid JSON (line 1, column 2). Nothing was changed."))
-        << view.hookError().toStdString();
-    EXPECT_EQ(hookSignals, 2);
+    EXPECT_TRUE(view.hookError().endsWith("Nothing was changed.")) << view.hookError().toStdString();
 }
 
-TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndCarriesTheAnswer) {
+TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndRecallsByThatIndex) {
     auto& view = calcView;
     view.setInput(QStringLiteral("24*7"));
-    EXPECT_EQ(view.answer(), "168");
     EXPECT_TRUE(view.commit());
     view.setInput(QStringLiteral("ans / 2"));
-    EXPECT_EQ(view.answer(), "84");
     EXPECT_TRUE(view.commit());
     const auto& entries = *view.entries();
     ASSERT_EQ(entries.count(), 2);
     EXPECT_EQ(role(entries, 0, "expression"), "ans / 2");
     EXPECT_EQ(role(entries, 0, "entryIndex"), 1);
     EXPECT_EQ(role(entries, 1, "result"), "168");
-    EXPECT_EQ(view.previousAnswer(), "84");
     view.recall(0);
     EXPECT_EQ(view.input(), "24*7");
-    view.setInput(QStringLiteral("1/0"));
-    EXPECT_TRUE(view.isError());
 }
 
 TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
@@ -255,7 +178,6 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
 
     auto& items = *view.items();
     ASSERT_EQ(items.count(), 2);
-    EXPECT_EQ(role(items, 0, "name"), "my photo.png");
     EXPECT_EQ(role(items, 0, "url").toString().toStdString(),
               "file://" + (dir / "files/my%20photo.png").string());
     EXPECT_EQ(role(items, 0, "isImage"), true);
@@ -264,14 +186,8 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     const QString id = role(items, 0, "itemId").toString();
     view.toggleConversions(id);
     EXPECT_EQ(view.convertingId(), id);
-    QStringList raws;
-    for (const auto& option : view.conversions())
-        raws << option.toMap().value(QStringLiteral("raw")).toString();
-    EXPECT_EQ(raws,
-              (QStringList{QStringLiteral("jpg"), QStringLiteral("halfSize"), QStringLiteral("compress")}));
-
+    EXPECT_EQ(view.conversions().front().toMap().value(QStringLiteral("raw")), "jpg");
     view.convert(id, QStringLiteral("jpg"));
-    EXPECT_EQ(view.convertingId(), QString());
     EXPECT_EQ(role(items, 0, "busy"), true);
     manualQueues.runAll();
     scheduler.runUntilIdle();
@@ -282,67 +198,47 @@ TEST_F(ViewModels, ShelfListsItemsOpensTheStripOfAnImageAndShowsTheMessage) {
     view.remove(role(items, 1, "itemId").toString());
     EXPECT_EQ(items.count(), 1);
     EXPECT_EQ(role(items, 0, "url"), QString());  // gone: the view shows a generic icon
-    view.clear();
-    EXPECT_EQ(items.count(), 0);
 }
 
-TEST_F(ViewModels, SettingsWriteThroughAtOnceAndAnswerChangesFromElsewhere) {
+TEST_F(ViewModels, SettingsWriteThroughAtOnceAndRefuseWhatTheListsDoNotHold) {
     SettingsViewModel view(settings);
     int changes = 0;
     QObject::connect(&view, &SettingsViewModel::changed, &view, [&] { ++changes; });
-    view.setHoverDelay(1.5);
-    EXPECT_DOUBLE_EQ(settings.hoverDelay(), 1.5);
-    EXPECT_EQ(defaults.real("hoverDelay"), 1.5) << "stored at once, nothing to save";
     view.setHoverDelay(-2);
     EXPECT_DOUBLE_EQ(settings.hoverDelay(), 0) << "a delay below zero means none";
     view.setAppearance(2);
-    EXPECT_EQ(settings.appearance(), Appearance::light);
     view.setAppearance(7);
     EXPECT_EQ(settings.appearance(), Appearance::light) << "an index past the list changes nothing";
     settings.setFocusMinutes(50);  // from somewhere else
     EXPECT_EQ(view.focusMinutes(), 50);
-    EXPECT_GE(changes, 4);
+    EXPECT_GE(changes, 3);
+    view.setPage(QStringLiteral("focus"));
     view.setPage(QStringLiteral("nonsense"));
     EXPECT_EQ(view.page(), "general");
-    view.setPage(QStringLiteral("focus"));
-    EXPECT_EQ(settings.settingsTab(), SettingsTab::focus);
+
+    view.moveTile(0, 7);
+    EXPECT_EQ(role(*view.tiles(), 7, "raw"), "today");
+    view.placeTile(0, QStringLiteral("weather"));
+    EXPECT_EQ(settings.dashboardTiles().back(), DashTile::today) << "an unknown tile changes nothing";
 }
 
-TEST_F(ViewModels, ARefusedToolChangeSaysWhyAndTheSwitchStaysOn) {
+TEST_F(ViewModels, RefusedToolAndToggleChangesSayWhyAndTheSwitchFlipsBack) {
     SettingsViewModel view(settings);
     auto& tools = *view.tools();
     ASSERT_EQ(role(tools, 0, "raw"), "dashboard");
     view.setToolEnabled(QStringLiteral("dashboard"), false);
     EXPECT_TRUE(role(tools, 0, "chosen").toBool());
-    EXPECT_TRUE(view.toolNote().contains(QStringLiteral("Dashboard stays on")))
-        << view.toolNote().toStdString();
-
+    EXPECT_FALSE(view.toolNote().isEmpty());
     view.setToolEnabled(QStringLiteral("music"), false);
     EXPECT_FALSE(settings.isEnabled(NotchTab::music));
     EXPECT_TRUE(view.toolNote().isEmpty()) << "a change that went through clears the old note";
-}
 
-TEST_F(ViewModels, TilesMoveAndSwapThroughTheSettings) {
-    SettingsViewModel view(settings);
-    view.moveTile(0, 7);
-    EXPECT_EQ(settings.dashboardTiles().back(), DashTile::today);
-    EXPECT_EQ(role(*view.tiles(), 7, "raw"), "today");
-    view.placeTile(0, QStringLiteral("today"));
-    EXPECT_EQ(settings.dashboardTiles().front(), DashTile::today);
-    EXPECT_EQ(settings.dashboardTiles().size(), kDashboardSlots);
-    view.placeTile(0, QStringLiteral("weather"));
-    EXPECT_EQ(settings.dashboardTiles().front(), DashTile::today) << "an unknown tile changes nothing";
-}
-
-TEST_F(ViewModels, TheLastVisibleToggleStaysWithANote) {
-    SettingsViewModel view(settings);
     settings.setVisibleToggles({QuickToggle::mute});
     view.setToggleShown(QStringLiteral("mute"), false);
     EXPECT_EQ(settings.visibleToggles(), std::vector<QuickToggle>{QuickToggle::mute});
     EXPECT_FALSE(view.toggleNote().isEmpty());
     view.setToggleShown(QStringLiteral("darkMode"), true);
-    EXPECT_EQ(settings.visibleToggles(),
-              (std::vector<QuickToggle>{QuickToggle::mute, QuickToggle::darkMode}));
+    EXPECT_EQ(settings.visibleToggles().size(), 2U);
     EXPECT_TRUE(view.toggleNote().isEmpty());
 }
 
@@ -364,16 +260,10 @@ TEST_F(ViewModels, TheTodayTileOffersToJoinTheNextCallAndRecordsTheJoin) {
     source.calendar[2].attendees = {{"me@example.com", "", ParticipantStatus::declined, true}};
     CalendarService calendar(
         {source, settings, activities, notifications, scheduler, scheduler, environment, false, {}});
-    std::vector<QString> opened;
     bool opens = false;
     int joins = 0;
     TodayViewModel view(
-        calendar,
-        [&](const QString& url) {
-            opened.push_back(url);
-            return opens;
-        },
-        [&] { ++joins; });
+        calendar, [&](const QString&) { return opens; }, [&] { ++joins; });
     calendar.refreshIfAuthorized();
     EXPECT_EQ(view.joinTitle(), "Review") << "all-day, link-less and declined events are passed over";
     EXPECT_EQ(view.joinUrl(), "https://zoom.us/j/5550123456");
@@ -383,7 +273,6 @@ TEST_F(ViewModels, TheTodayTileOffersToJoinTheNextCallAndRecordsTheJoin) {
     EXPECT_EQ(joins, 0) << "a link the desktop couldn't open is no join";
     opens = true;
     view.join(view.joinUrl());
-    EXPECT_EQ(opened.size(), 2u);
     EXPECT_EQ(joins, 1);
 
     source.calendar.pop_back();
@@ -391,7 +280,7 @@ TEST_F(ViewModels, TheTodayTileOffersToJoinTheNextCallAndRecordsTheJoin) {
     EXPECT_EQ(view.joinUrl(), QString());
 }
 
-TEST_F(ViewModels, CalendarFoldersAndAddressesAreEditedInTheSettingsAndStoredAtOnce) {
+TEST_F(ViewModels, CalendarFoldersAndAddressesAreEditedInTheSettings) {
     TempDir dir;
     CalendarPreferences calendars(defaults, dir / "data");
     SettingsViewModel view(settings);
@@ -401,35 +290,24 @@ TEST_F(ViewModels, CalendarFoldersAndAddressesAreEditedInTheSettingsAndStoredAtO
     view.attachCalendars(calendars,
                          [&](std::function<void(std::filesystem::path)> answer) { answer(picked); });
     auto& folders = *view.calendarFolders();
-    ASSERT_EQ(folders.count(), 2);
-    EXPECT_FALSE(role(folders, 0, "added").toBool());
-
+    const int defaultFolders = folders.count();
     std::filesystem::create_directories(picked);
     view.addCalendarFolder();
-    ASSERT_EQ(folders.count(), 3);
-    EXPECT_EQ(role(folders, 2, "path").toString().toStdString(), picked.string());
-    EXPECT_TRUE(role(folders, 2, "added").toBool());
-    EXPECT_TRUE(role(folders, 2, "found").toBool());
-    EXPECT_EQ(defaults.stringArray("calendarFolders"), std::vector<std::string>{picked.string()});
+    ASSERT_EQ(folders.count(), defaultFolders + 1);
+    EXPECT_EQ(role(folders, defaultFolders, "path").toString().toStdString(), picked.string());
     picked.clear();
     view.addCalendarFolder();  // the chooser was cancelled
-    EXPECT_EQ(folders.count(), 3);
-
-    view.removeCalendarFolder(role(folders, 0, "path").toString());
-    EXPECT_EQ(folders.count(), 3) << "a default folder stays";
-    view.removeCalendarFolder(role(folders, 2, "path").toString());
-    EXPECT_EQ(folders.count(), 2);
+    view.removeCalendarFolder(role(folders, defaultFolders, "path").toString());
+    EXPECT_EQ(folders.count(), defaultFolders);
 
     int changes = 0;
     QObject::connect(&view, &SettingsViewModel::calendarsChanged, &view, [&] { ++changes; });
     view.setCalendarAddresses(QStringLiteral(" mailto:me@example.com;work@example.org "));
     EXPECT_EQ(view.calendarAddresses(), "me@example.com, work@example.org");
-    EXPECT_EQ(defaults.stringArray("calendarUserAddresses"),
-              (std::vector<std::string>{"me@example.com", "work@example.org"}));
     EXPECT_GE(changes, 1);
 }
 
-TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
+TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndSaysWhereTheMailWent) {
     AppPaths paths;
     paths.dataHome = home / "data";
     paths.configHome = home / "config";
@@ -441,22 +319,17 @@ TEST_F(ViewModels, SupportOpensOnlyItsOwnFoldersAndComposesTheMail) {
                                            opened.push_back(url);
                                            return handlerAnswers;
                                        }});
-    EXPECT_EQ(support.folders()->count(), 3);
-    const QString data = role(*support.folders(), 0, "raw").toString();
-    support.openFolder(data);
+    support.openFolder(role(*support.folders(), 0, "raw").toString());
     ASSERT_EQ(opened.size(), 1U);
-    EXPECT_TRUE(opened[0].startsWith(QStringLiteral("file://")));
     EXPECT_TRUE(std::filesystem::is_directory(paths.dataRoot()))
         << "a folder not made yet is made to be shown";
     support.openFolder(QStringLiteral("/etc"));
-    EXPECT_EQ(opened.size(), 1U) << "only the folders offered";
     support.openDebugLog();
-    EXPECT_EQ(opened.size(), 1U) << "no log, nothing to open";
+    EXPECT_EQ(opened.size(), 1U) << "only the folders offered, and no log to open";
 
     support.sendMail(QStringLiteral("Hi"), QStringLiteral("It broke"));
     ASSERT_EQ(opened.size(), 2U);
-    EXPECT_TRUE(
-        opened[1].startsWith(QStringLiteral("mailto:support@vantrelle.app?subject=Hi&body=It%20broke")));
+    EXPECT_TRUE(opened[1].startsWith(QStringLiteral("mailto:support@vantrelle.app?subject=Hi")));
     EXPECT_TRUE(support.status().contains(QStringLiteral("mail program has")));
     handlerAnswers = false;
     support.sendMail(QStringLiteral("Hi"), QString());

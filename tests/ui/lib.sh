@@ -16,9 +16,14 @@ start_display() {
   start_virtual_display "$work"
 }
 
-# Waits up to $2 seconds (5 unless said) for a log line containing $1.
+# Waits up to $2 seconds (5 unless said) for a log line containing $1, written after the last `mark`.
+lines_before=0
+mark() { if [[ -f "$log" ]]; then lines_before=$(wc -l <"$log"); else lines_before=0; fi; }
 wait_for() {
-  for _ in $(seq $((${2:-5} * 20))); do grep -qF "$1" "$log" 2>/dev/null && return 0; sleep 0.05; done
+  for _ in $(seq "$(awk "BEGIN { print int(${2:-5} * 20) }")"); do
+    tail -n +$((lines_before + 1)) "$log" 2>/dev/null | grep -qF "$1" && return 0
+    sleep 0.05
+  done
   fail "no '$1' in the log within ${2:-5} s"
 }
 
