@@ -72,17 +72,5 @@ TEST_F(DownloadsFolderTest, ACrdownloadRenamedToItsNameFinishesOnce) {
     EXPECT_EQ(scheduler.pendingCount(), 0u);
 }
 
-TEST_F(DownloadsFolderTest, ABurstOfAThousandEntriesGivesOneScan) {
-    const std::size_t before = engine.scansRun();
-    writer(QStringLiteral("mkdir $(seq -f d%g 1000)"));
-    deliver();
-    for (int i = 0; i < 20; ++i) QCoreApplication::processEvents();
-    scheduler.advance(0.3);
-    EXPECT_EQ(engine.scansRun(), before + 1);
-    scheduler.advance(10.0);
-    EXPECT_EQ(engine.scansRun(), before + 1);  // folders never settle, so nothing follows
-    EXPECT_TRUE(finished.empty());
-}
-
 }  // namespace
 }  // namespace vantrelle

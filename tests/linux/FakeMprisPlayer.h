@@ -56,13 +56,6 @@ public:
     [[nodiscard]] const QStringList& calls() const { return m_calls; }
 
 public Q_SLOTS:
-    void PlayPause() {
-        m_calls << QStringLiteral("PlayPause");
-        setStatus(m_status == QStringLiteral("Playing") ? QStringLiteral("Paused")
-                                                        : QStringLiteral("Playing"));
-    }
-    void Next() { m_calls << QStringLiteral("Next"); }
-    void Previous() { m_calls << QStringLiteral("Previous"); }
     void SetPosition(const QDBusObjectPath& trackId, qlonglong position) {
         m_calls << QStringLiteral("SetPosition ") + trackId.path() + QLatin1Char(' ') +
                        QString::number(position);

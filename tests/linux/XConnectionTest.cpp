@@ -1,16 +1,8 @@
-#include <gtest/gtest.h>
-#include <xcb/xcb.h>
-
-#include <QCoreApplication>
 #include <QProcess>
 #include <QStandardPaths>
-#include <cstdlib>
-#include <cstring>
-#include <string>
 #include <vector>
 
 #include "PrivateXServer.h"
-#include "TestApplication.h"
 #include "x11/DragPasteboard.h"
 #include "x11/PointerMonitor.h"
 #include "x11/X11Desktop.h"
