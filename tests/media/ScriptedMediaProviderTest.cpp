@@ -71,9 +71,8 @@ TEST_F(ScriptedMediaProviderTest, CompilesOnceThenRunsTheCompiledFileAlsoAfterAR
     const auto script = media_scripts::stateScript(MediaSource::music);
     const auto compiled = (dir.path() / "scripts" / (media_scripts::stableHash(script) + ".scpt")).string();
     EXPECT_EQ(processes.calls[0].program, kCompile);
-    EXPECT_EQ(processes.calls[0].arguments[0], "-o");
-    EXPECT_EQ(processes.calls[0].arguments[1], compiled);
-    EXPECT_EQ(processes.calls[0].arguments[3], "on run");
+    EXPECT_EQ(std::vector(processes.calls[0].arguments.begin(), processes.calls[0].arguments.begin() + 4),
+              (std::vector<std::string>{"-o", compiled, "-e", "on run"}));
     EXPECT_EQ(processes.calls[1].arguments, std::vector<std::string>{compiled});
     EXPECT_DOUBLE_EQ(processes.calls[1].timeoutSeconds, 6.0);
     EXPECT_EQ(std::filesystem::status(compiled).permissions() & std::filesystem::perms::all,
