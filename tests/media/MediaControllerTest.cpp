@@ -11,18 +11,10 @@ namespace {
 
 using testing::FakeMediaProvider;
 
-NowPlayingTrack track(MediaSource source, std::string title, bool playing, double position = 10,
+NowPlayingTrack track(MediaSource source, const std::string& title, bool playing, double position = 10,
                       double duration = 200) {
-    NowPlayingTrack t;
-    t.title = title;
-    t.artist = "Artist";
-    t.album = "Album";
-    t.isPlaying = playing;
-    t.position = position;
-    t.duration = duration;
-    t.source = source;
-    t.artworkKey = std::string(rawName(source)) + ":" + title;
-    return t;
+    const std::string key = std::string(rawName(source)) + ":" + title;
+    return {title, "Artist", "Album", playing, duration, position, source, key, std::nullopt};
 }
 
 LiveActivity media(const std::string& title, bool playing) {
