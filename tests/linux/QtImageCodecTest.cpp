@@ -77,7 +77,9 @@ protected:
 TEST_F(QtImageCodecTest, OutputsHaveTheirSizeAndType) {
     EXPECT_EQ(QImage(qt(converted(save("shot.png", halves(200, 100), "PNG"), halfSize))).size(),
               QSize(100, 50));
-    QImageReader limited(qt(converted(save("wide.jpg", halves(2400, 1200), "JPEG"), max1920)));
+    const fs::path wide = converted(save("wide.jpg", halves(2400, 1200), "JPEG"), max1920);
+    EXPECT_EQ(wide, dir / "wide (1920px).jpg");
+    QImageReader limited(qt(wide));
     EXPECT_EQ(limited.format(), "jpeg");
     EXPECT_EQ(limited.size(), QSize(1920, 960));
 }
