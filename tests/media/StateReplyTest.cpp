@@ -25,7 +25,6 @@ TEST(StateReply, ParsesReplies) {
     };
     const Row rows[] = {
         {"stopped", MediaSource::music, "stopped", "none"},
-        {"empty", MediaSource::music, "", "none"},
         {"music", MediaSource::music, "Song<|>A<|>B<|>playing<|>12.5<|>200.25<|>77",
          "Song playing 12.5/200.25 Music:77:Song"},
         {"decimal comma", MediaSource::music, "Song<|>A<|>B<|>playing<|>12,5<|>200,25<|>77",
