@@ -34,8 +34,6 @@ public:
         m_thread.quit();
         m_thread.wait();
     }
-    FakeBusService(const FakeBusService&) = delete;
-    FakeBusService& operator=(const FakeBusService&) = delete;
 
     [[nodiscard]] bool ok() const { return m_ok; }
     // The calls so far, in order.

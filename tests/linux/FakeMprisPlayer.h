@@ -16,7 +16,6 @@ class FakeMprisPlayer : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
     Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
     Q_PROPERTY(QVariantMap Metadata READ metadata)
-    Q_PROPERTY(qlonglong Position READ position)
 
 public:
     FakeMprisPlayer(const QString& address, const QString& suffix)
@@ -52,21 +51,12 @@ public:
 
     [[nodiscard]] QString playbackStatus() const { return m_status; }
     [[nodiscard]] QVariantMap metadata() const { return m_metadata; }
-    [[nodiscard]] qlonglong position() const { return m_position; }
     [[nodiscard]] const QStringList& calls() const { return m_calls; }
 
 public Q_SLOTS:
-    void PlayPause() {
-        m_calls << QStringLiteral("PlayPause");
-        setStatus(m_status == QStringLiteral("Playing") ? QStringLiteral("Paused")
-                                                        : QStringLiteral("Playing"));
-    }
-    void Next() { m_calls << QStringLiteral("Next"); }
-    void Previous() { m_calls << QStringLiteral("Previous"); }
     void SetPosition(const QDBusObjectPath& trackId, qlonglong position) {
         m_calls << QStringLiteral("SetPosition ") + trackId.path() + QLatin1Char(' ') +
                        QString::number(position);
-        m_position = position;
     }
 
 private:
@@ -83,7 +73,6 @@ private:
     QString m_name;
     QString m_status = QStringLiteral("Stopped");
     QVariantMap m_metadata;
-    qlonglong m_position = 0;
     QStringList m_calls;
 };
 

@@ -56,11 +56,6 @@ TEST_F(LocalInstanceChannelTest, ARequestGetsItsReplyLineAlsoWhereADeadInstanceL
     ASSERT_TRUE(reply.has_value());
     EXPECT_EQ(json::parse(*reply), (json{{"ok", true}}));
     EXPECT_EQ(opened, 1);
-
-    const auto unknown = askTurningTheLoop("not json");
-    ASSERT_TRUE(unknown.has_value());
-    EXPECT_EQ(json::parse(*unknown)["ok"], false);
-    EXPECT_EQ(opened, 1);
 }
 
 TEST_F(LocalInstanceChannelTest, SeveralLinesOnOneConnectionAreAnsweredInOrder) {
@@ -81,10 +76,8 @@ TEST_F(LocalInstanceChannelTest, SeveralLinesOnOneConnectionAreAnsweredInOrder) 
     });
     ASSERT_TRUE(
         spinUntil([&] { return replies.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-    const auto lines = replies.get();
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(json::parse(lines[0])["ok"], true);
-    EXPECT_EQ(json::parse(lines[1])["error"], "unknown command: nope");
+    EXPECT_EQ(replies.get(), (std::vector<std::string>{R"({"ok":true})",
+                                                       R"({"error":"unknown command: nope","ok":false})"}));
 }
 
 TEST_F(LocalInstanceChannelTest, NobodyListeningGivesNoReply) {

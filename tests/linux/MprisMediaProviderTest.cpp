@@ -73,15 +73,14 @@ protected:
     const std::optional<LiveActivity>& activity() const {
         return activities.activity(LiveActivityCenter::Source::media);
     }
-    // What playerctl, a client of the same bus, reads from mpv.
-    QString mpvSays(const QString& what, const QString& field = {}) {
-        QStringList arguments{QStringLiteral("-p"), QStringLiteral("mpv"), what};
-        if (!field.isEmpty()) arguments << field;
+    // Where playerctl, a client of the same bus, says mpv is.
+    double mpvPosition() {
         QProcess process;
         process.setEnvironment(bus.environment());
-        process.start(QStringLiteral("playerctl"), arguments);
+        process.start(QStringLiteral("playerctl"),
+                      {QStringLiteral("-p"), QStringLiteral("mpv"), QStringLiteral("position")});
         process.waitForFinished(5000);
-        return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+        return QString::fromUtf8(process.readAllStandardOutput()).trimmed().toDouble();
     }
 
     testing::PrivateSessionBus bus;
@@ -106,7 +105,8 @@ TEST_F(MprisMediaProviderTest, NoPlayerOnTheBusMeansNoCallsAndNoActivity) {
 }
 
 TEST_F(MprisMediaProviderTest, FollowsMpvThroughPlayPauseSeekNextAndQuit) {
-    if (!installed("mpv") || !installed("sox")) GTEST_SKIP() << "mpv or sox is not installed";
+    if (!installed("mpv") || !installed("sox") || !installed("playerctl"))
+        GTEST_SKIP() << "mpv, sox or playerctl is not installed";
     testing::TempDir dir;
     for (const char* name : {"first.wav", "second.wav"}) {
         ASSERT_EQ(QProcess::execute(QStringLiteral("sox"),
@@ -129,26 +129,14 @@ TEST_F(MprisMediaProviderTest, FollowsMpvThroughPlayPauseSeekNextAndQuit) {
     EXPECT_EQ(activity(), (LiveActivity{LiveActivity::Media{"first.wav", "", true}}));
     EXPECT_EQ(controller->playerName(), "mpv");
 
-    if (installed("playerctl")) {
-        EXPECT_EQ(mpvSays(QStringLiteral("metadata"), QStringLiteral("title")), QStringLiteral("first.wav"));
-        EXPECT_EQ(mpvSays(QStringLiteral("status")), QStringLiteral("Playing"));
-        const double theirs = mpvSays(QStringLiteral("position")).toDouble();
-        const auto before = provider->playerCalls();
-        controller->refresh();
-        ASSERT_TRUE(waitUntil([&] { return provider->playerCalls() > before && !controller->isPolling(); }));
-        EXPECT_NEAR(controller->track()->position, theirs, 1.0);
-    }
-
     controller->playPause();
     ASSERT_TRUE(waitUntil([&] { return controller->track() && !playing(); }));
     EXPECT_EQ(activity(), (LiveActivity{LiveActivity::Media{"first.wav", "", false}}));
-    if (installed("playerctl")) {
-        EXPECT_EQ(mpvSays(QStringLiteral("status")), QStringLiteral("Paused"));
-    }
 
+    // mpv gives the length a moment after the file opens, and a seek is clamped into the known length.
+    ASSERT_TRUE(waitUntil([&] { return controller->track() && controller->track()->duration > 0; }));
     controller->seek(20);
-    ASSERT_TRUE(
-        waitUntil([&] { return std::abs(mpvSays(QStringLiteral("position")).toDouble() - 20.0) < 0.5; }));
+    ASSERT_TRUE(waitUntil([&] { return std::abs(mpvPosition() - 20.0) < 0.5; }));
     controller->refresh();
     ASSERT_TRUE(waitUntil([&] { return !controller->isPolling(); }));
     EXPECT_NEAR(controller->track()->position, 20.0, 0.5);

@@ -55,23 +55,23 @@ TEST(MprisTrack, ReadsThePlayerPropertiesInSeconds) {
         {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/t/7")))},
         {QStringLiteral("mpris:length"), qlonglong(200'500'000)},
         {QStringLiteral("mpris:artUrl"), QStringLiteral("file:///tmp/cover.png")}};
-    const auto track = trackFromMpris(kMpv, properties(QStringLiteral("Playing"), metadata, 12'250'000));
-    ASSERT_TRUE(track);
-    EXPECT_EQ(track->title, "Song");
-    EXPECT_EQ(track->artist, "A, B");
-    EXPECT_TRUE(track->isPlaying);
-    EXPECT_DOUBLE_EQ(track->position, 12.25);
-    EXPECT_DOUBLE_EQ(track->duration, 200.5);
-    EXPECT_EQ(track->source, MediaSource::music);
-    EXPECT_EQ(track->artworkKey, "mpv:/t/7:Song");
-    EXPECT_EQ(track->artworkURL, "file:///tmp/cover.png");
+    NowPlayingTrack expected{.title = "Song",
+                             .artist = "A, B",
+                             .album = "Album",
+                             .isPlaying = true,
+                             .duration = 200.5,
+                             .position = 12.25,
+                             .source = MediaSource::music,
+                             .artworkKey = "mpv:/t/7:Song",
+                             .artworkURL = "file:///tmp/cover.png"};
+    EXPECT_EQ(trackFromMpris(kMpv, properties(QStringLiteral("Playing"), metadata, 12'250'000)), expected);
 
-    const auto spotify =
-        trackFromMpris(MprisPlayers::kSpotify, properties(QStringLiteral("Paused"), metadata, 0));
-    ASSERT_TRUE(spotify);
-    EXPECT_FALSE(spotify->isPlaying);
-    EXPECT_EQ(spotify->source, MediaSource::spotify);
-    EXPECT_EQ(spotify->artworkKey, "Spotify:/t/7");
+    expected.isPlaying = false;
+    expected.position = 0;
+    expected.source = MediaSource::spotify;
+    expected.artworkKey = "Spotify:/t/7";
+    EXPECT_EQ(trackFromMpris(MprisPlayers::kSpotify, properties(QStringLiteral("Paused"), metadata, 0)),
+              expected);
 }
 
 TEST(MprisTrack, StoppedOrEmptyIsNoTrackAndOddNumbersAreZero) {

@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QDBusArgument>
-#include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QStandardPaths>
 
 #include "FakeBusService.h"
 #include "PrivateSessionBus.h"
-#include "TestApplication.h"
 #include "fakes/LogCapture.h"
 #include "shortcuts/PortalHotKeys.h"
 
@@ -80,14 +77,9 @@ QStringList boundTriggers(const QDBusMessage& bind) {
     return bound;
 }
 
-bool haveBus() {
-    return !QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty();
-}
-
 // A private bus with the portal on it and our adapter as its client, with two combos registered.
 struct Rig {
     explicit Rig(PortalBehaviour behaviour) {
-        testing::testApplication();
         portal = std::make_unique<FakeBusService>(
             bus.address(), kPortal, kPortalPath,
             [behaviour](const QDBusMessage& call) { return answerPortal(behaviour, call); });
@@ -102,8 +94,6 @@ struct Rig {
         keys.reset();
         QDBusConnection::disconnectFromBus(name);
     }
-    Rig(const Rig&) = delete;
-    Rig& operator=(const Rig&) = delete;
 
     [[nodiscard]] bool ready() const { return portal->ok() && keys && registered; }
     [[nodiscard]] QList<QDBusMessage> binds() const { return portal->calls(QStringLiteral("BindShortcuts")); }
@@ -116,8 +106,7 @@ struct Rig {
         if (!portal->send(signal)) ADD_FAILURE() << "could not send " << session.toStdString();
     }
 
-    static inline int rigs = 0;
-    QString name = QStringLiteral("vantrelle-under-test-%1").arg(++rigs);
+    const QString name = QStringLiteral("vantrelle-under-test");
     testing::PrivateSessionBus bus;
     std::unique_ptr<FakeBusService> portal;
     QDBusConnection connection{QString()};
@@ -130,17 +119,18 @@ QString sessionOf(const QDBusMessage& bind) {
     return bind.arguments().at(0).value<QDBusObjectPath>().path();
 }
 
-TEST(PortalHotKeysTest, ProbeFindsOnlyAPortalWithGlobalShortcuts) {
-    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
-    testing::testApplication();
-    testing::PrivateSessionBus bus;
-    auto connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("probe"));
+// Each rig has a bus of its own, so one case's portal never answers the next; the suite's bus only
+// tells whether dbus-daemon is there.
+using PortalHotKeysTest = testing::PrivateSessionBusTest;
+
+TEST_F(PortalHotKeysTest, ProbeFindsOnlyAPortalWithGlobalShortcuts) {
+    auto connection = QDBusConnection::connectToBus(bus->address(), QStringLiteral("probe"));
     EXPECT_FALSE(PortalHotKeys::probe(connection)) << "no portal on the bus";
     PortalBehaviour withoutShortcuts;
     withoutShortcuts.offersShortcuts = false;
     {
         FakeBusService portal(
-            bus.address(), kPortal, kPortalPath,
+            bus->address(), kPortal, kPortalPath,
             [withoutShortcuts](const QDBusMessage& call) { return answerPortal(withoutShortcuts, call); });
         ASSERT_TRUE(portal.ok());
         EXPECT_FALSE(PortalHotKeys::probe(connection)) << "a portal without global shortcuts";
@@ -148,8 +138,7 @@ TEST(PortalHotKeysTest, ProbeFindsOnlyAPortalWithGlobalShortcuts) {
     QDBusConnection::disconnectFromBus(QStringLiteral("probe"));
 }
 
-TEST(PortalHotKeysTest, BindsEveryComboInOneCallAndPassesOnlyItsOwnPresses) {
-    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+TEST_F(PortalHotKeysTest, BindsEveryComboInOneCallAndPassesOnlyItsOwnPresses) {
     for (const bool asPath : {false, true}) {
         SCOPED_TRACE(asPath ? "session handle as object path" : "session handle as string");
         PortalBehaviour behaviour;
@@ -176,8 +165,7 @@ TEST(PortalHotKeysTest, BindsEveryComboInOneCallAndPassesOnlyItsOwnPresses) {
     }
 }
 
-TEST(PortalHotKeysTest, UnregisteringRebindsTheRestInAFreshSession) {
-    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+TEST_F(PortalHotKeysTest, UnregisteringRebindsTheRestInAFreshSession) {
     Rig rig(PortalBehaviour{});
     ASSERT_TRUE(rig.ready());
     ASSERT_TRUE(rig.waitForBinds(1));
@@ -200,8 +188,7 @@ TEST(PortalHotKeysTest, UnregisteringRebindsTheRestInAFreshSession) {
     EXPECT_EQ(rig.fired, std::vector<std::uint32_t>{1});
 }
 
-TEST(PortalHotKeysTest, ARefusalIsLogged) {
-    if (!haveBus()) GTEST_SKIP() << "dbus-daemon is not installed";
+TEST_F(PortalHotKeysTest, ARefusalIsLogged) {
     struct Row {
         const char* name;
         uint sessionResponse;

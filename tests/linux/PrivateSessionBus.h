@@ -28,8 +28,6 @@ public:
         m_daemon.terminate();
         m_daemon.waitForFinished(2000);
     }
-    PrivateSessionBus(const PrivateSessionBus&) = delete;
-    PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
     [[nodiscard]] const QString& address() const { return m_address; }
     // An environment for child processes that points them at this bus.

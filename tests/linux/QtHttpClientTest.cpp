@@ -1,111 +1,41 @@
-// The real HTTP client and the rates service against a small HTTP server on the loopback interface.
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
+// The real HTTP client against a small HTTP server on the loopback interface.
 #include <QThread>
 
 #include "LoopbackServer.h"
 #include "QtHttpClient.h"
 #include "TestApplication.h"
-#include "calc/CalcEngine.h"
-#include "calc/RatesService.h"
-#include "platform/VirtualScheduler.h"
-#include "support/MemoryDefaultsStore.h"
 
 namespace vantrelle {
 namespace {
-
-QCoreApplication& application() {
-    return testing::testApplication();
-}
-
-constexpr const char* kRates =
-    R"({"amount":1.0,"base":"USD","date":"2025-01-03","rates":{"EUR":0.9,"GBP":0.8}})";
 
 class QtHttpClientTest : public ::testing::Test {
 protected:
     std::optional<HttpResponse> fetch(const std::string& url, double timeout = 8) {
         std::optional<HttpResponse> response;
         client.get(url, timeout, [&](HttpResponse r) {
-            EXPECT_EQ(QThread::currentThread(), application().thread());
+            EXPECT_EQ(QThread::currentThread(), app.thread());
             response = std::move(r);
         });
         EXPECT_TRUE(testing::spinUntil([&] { return response.has_value(); }));
         return response;
     }
-    static std::optional<RateQuote> ask(RatesService& rates, std::string_view from, std::string_view to) {
-        std::optional<std::optional<RateQuote>> answer;
-        rates.rate(from, to, [&](std::optional<RateQuote> quote) { answer = quote; });
-        EXPECT_TRUE(testing::spinUntil([&] { return answer.has_value(); }));
-        return answer.value_or(std::nullopt);
-    }
 
-    QCoreApplication& app = application();  // first: the Qt objects below need it
+    QCoreApplication& app = testing::testApplication();  // first: the Qt objects below need it
     testing::LoopbackServer server;
     QtHttpClient client;
-    MemoryDefaultsStore defaults;
-    MapEnvironment environment{{{"VANTRELLE_RATES_URL", server.base()}}};
 };
 
-TEST_F(QtHttpClientTest, RatesServiceFetchesThroughTheRealClient) {
-    server.respond(200, kRates);
-    RatesService rates(client, defaults, SystemClock::shared(), environment);
-    const auto quote = ask(rates, "GBP", "EUR");
-    ASSERT_TRUE(quote);
-    EXPECT_DOUBLE_EQ(quote->rate, 0.9 / 0.8);
-    ASSERT_EQ(server.requestLines().size(), 1);
-    EXPECT_EQ(server.requestLines()[0], "GET /latest?from=USD HTTP/1.1");
-    EXPECT_EQ(defaults.string(RatesService::cacheKey), kRates);
-
-    // The calculator's own path: the currency line waits for the same service, now answered from memory.
-    std::optional<CalcResult> result;
-    CalcEngine::evaluate("£10 in euros", std::nullopt, rates, [&](CalcResult r) { result = std::move(r); });
-    ASSERT_TRUE(result);
-    EXPECT_EQ(result->display, "11.25 EUR");
-    EXPECT_EQ(server.requestLines().size(), 1);
-}
-
-TEST_F(QtHttpClientTest, CachedStaleAndOddStoredRatesAgainstARealServer) {
-    server.respond(200, kRates);
-    defaults.set(RatesService::cacheKey, std::string("{not json"));  // left by a broken write
-
-    VirtualScheduler clock(SystemClock::shared().now());
-    {
-        RatesService rates(client, defaults, clock, environment);
-        EXPECT_EQ(ask(rates, "EUR", "GBP")->rate, 0.8 / 0.9) << "an unparsable stored value is fetched anew";
-        EXPECT_EQ(ask(rates, "GBP", "EUR")->rate, 0.9 / 0.8);
-        EXPECT_EQ(ask(rates, "USD", "USD")->rate, 1.0) << "the dollar needs no table entry";
-        EXPECT_EQ(server.requestLines().size(), 1) << "fresh rates come from memory";
-    }
-    {
-        RatesService restarted(client, defaults, clock, environment);
-        EXPECT_TRUE(ask(restarted, "USD", "EUR"));
-        EXPECT_EQ(server.requestLines().size(), 1) << "a new process takes the stored rates while fresh";
-    }
-    clock.advance(13 * 3600);
-    server.respond(503, "down for maintenance");
-    RatesService stale(client, defaults, clock, environment);
-    const auto quote = ask(stale, "USD", "GBP");
-    EXPECT_EQ(server.requestLines().size(), 2) << "stale rates are fetched again";
-    ASSERT_TRUE(quote) << "and when that fails the stale ones still answer";
-    EXPECT_DOUBLE_EQ(quote->rate, 0.8);
-}
-
-TEST_F(QtHttpClientTest, ServerErrorLeavesNoRates) {
-    server.respond(500, "{}");
-    environment.set("VANTRELLE_RATES_URL", server.base() + "/");
-    RatesService rates(client, defaults, SystemClock::shared(), environment);
-    EXPECT_FALSE(ask(rates, "USD", "EUR"));
-    EXPECT_FALSE(defaults.string(RatesService::cacheKey));
-}
-
 TEST_F(QtHttpClientTest, StatusAndBodyComeBack) {
-    server.respond(404, "missing");
-    auto response = fetch(server.base() + "/nothing");
-    ASSERT_TRUE(response);
-    EXPECT_EQ(response->status, 404);
-    EXPECT_EQ(response->body, "missing");
-    EXPECT_FALSE(response->ok());
+    for (const int status : {200, 404}) {
+        SCOPED_TRACE(status);
+        server.respond(status, "body " + QByteArray::number(status));
+        auto response = fetch(server.base() + "/latest?from=USD");
+        ASSERT_TRUE(response);
+        EXPECT_EQ(response->status, status);
+        EXPECT_EQ(response->body, "body " + std::to_string(status));
+        EXPECT_EQ(response->ok(), status == 200);
+    }
+    EXPECT_EQ(server.requestLines().constFirst(), "GET /latest?from=USD HTTP/1.1");
 }
 
 TEST_F(QtHttpClientTest, ARequestPastItsDeadlineIsAborted) {

@@ -74,23 +74,14 @@ protected:
     ImageConverter converter{codec, dir / "Downloads", dir / "Converted"};
 };
 
-TEST_F(QtImageCodecTest, SizesAndNamesOfTheOutputs) {
-    const fs::path png = save("shot.png", halves(200, 100), "PNG");
-    const fs::path half = converted(png, halfSize);
-    EXPECT_EQ(half, dir / "shot (half size).png");
-    EXPECT_EQ(QImage(qt(half)).size(), QSize(100, 50));
-    EXPECT_EQ(converted(png, ImageConversion::png), dir / "shot 2.png");
-    EXPECT_EQ(converted(png, ImageConversion::png), dir / "shot 3.png");
-
-    const fs::path wide = save("wide.jpg", halves(2400, 1200), "JPEG");
-    const fs::path limited = converted(wide, max1920);
-    EXPECT_EQ(limited, dir / "wide (1920px).jpg");
-    QImageReader reader(qt(limited));
-    EXPECT_EQ(reader.format(), "jpeg");
-    EXPECT_EQ(reader.size(), QSize(1920, 960));
-
-    const fs::path dot = save("dot.png", halves(1, 1), "PNG");
-    EXPECT_EQ(QImage(qt(converted(dot, halfSize))).size(), QSize(1, 1));
+TEST_F(QtImageCodecTest, OutputsHaveTheirSizeAndType) {
+    EXPECT_EQ(QImage(qt(converted(save("shot.png", halves(200, 100), "PNG"), halfSize))).size(),
+              QSize(100, 50));
+    const fs::path wide = converted(save("wide.jpg", halves(2400, 1200), "JPEG"), max1920);
+    EXPECT_EQ(wide, dir / "wide (1920px).jpg");
+    QImageReader limited(qt(wide));
+    EXPECT_EQ(limited.format(), "jpeg");
+    EXPECT_EQ(limited.size(), QSize(1920, 960));
 }
 
 TEST_F(QtImageCodecTest, AnExifTurnedJpegComesOutUpright) {
@@ -110,9 +101,7 @@ TEST_F(QtImageCodecTest, TransparencyBecomesWhiteInAJpeg) {
     QImage clear(32, 32, QImage::Format_ARGB32);
     clear.fill(Qt::transparent);
     const fs::path png = save("clear.png", clear, "PNG");
-    const fs::path out = converted(png, compress);
-    EXPECT_EQ(out, dir / "clear (compressed).jpg");
-    const QImage jpeg(qt(out));
+    const QImage jpeg(qt(converted(png, compress)));
     EXPECT_FALSE(jpeg.hasAlphaChannel());
     EXPECT_TRUE(near(jpeg.pixelColor(16, 16), Qt::white));
 }
@@ -122,8 +111,6 @@ TEST_F(QtImageCodecTest, OptionsReadOnlyTheHeader) {
               (std::vector<ImageConversion>{jpg, halfSize, compress}));
     EXPECT_EQ(converter.options(save("w1921.jpg", halves(1921, 10), "JPEG")),
               (std::vector<ImageConversion>{ImageConversion::png, halfSize, max1920, compress}));
-    EXPECT_EQ(converter.options(save("small.png", halves(63, 63), "PNG")),
-              (std::vector<ImageConversion>{jpg, compress}));
 }
 
 TEST_F(QtImageCodecTest, NoImageNoOutputAndAFailedWriteLeavesNothing) {

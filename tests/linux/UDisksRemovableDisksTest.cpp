@@ -2,11 +2,9 @@
 
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
-#include <QStandardPaths>
 
 #include "FakeBusService.h"
 #include "PrivateSessionBus.h"
-#include "TestApplication.h"
 #include "toggles/UDisksRemovableDisks.h"
 
 namespace vantrelle {
@@ -85,10 +83,10 @@ QStringList actions(const FakeBusService& service) {
     return done;
 }
 
-TEST(UDisksRemovableDisksTest, EjectsOnlyRemovableDrivesAfterUnmountingThem) {
-    if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
-        GTEST_SKIP() << "dbus-daemon is not installed";
-    testing::testApplication();
+// Each row has a bus of its own, so one row's service is gone for certain before the next starts.
+using UDisksRemovableDisksTest = testing::PrivateSessionBusTest;
+
+TEST_F(UDisksRemovableDisksTest, EjectsOnlyRemovableDrivesAfterUnmountingThem) {
     qDBusRegisterMetaType<QList<QByteArray>>();
     qDBusRegisterMetaType<Interfaces>();
     qDBusRegisterMetaType<ManagedObjects>();
@@ -97,65 +95,56 @@ TEST(UDisksRemovableDisksTest, EjectsOnlyRemovableDrivesAfterUnmountingThem) {
         Disks disks;
         const char* actions;
         int ejected;
-        std::vector<std::string> failures;
+        const char* failure = nullptr;
     };
-    const auto stick = [](bool ejectable, bool second, const char* busy, bool present = true) {
-        return Disks{ejectable, second, present, busy};
-    };
-    const std::vector<Row> rows{
-        {"ejectable stick", stick(true, false, ""), "Unmount sdb1, Eject Stick, PowerOff Stick", 1, {}},
-        {"stick that only powers off", stick(false, false, ""), "Unmount sdb1, PowerOff Stick", 1, {}},
+    const char* busy = "target is busy";
+    const std::string root = kRoot.toStdString();
+    const Row rows[] = {
+        {"ejectable stick", {}, "Unmount sdb1, Eject Stick, PowerOff Stick", 1},
+        {"stick that only powers off", {.ejectable = false}, "Unmount sdb1, PowerOff Stick", 1},
         {"both partitions",
-         stick(true, true, ""),
+         {.secondPartition = true},
          "Unmount sdb1, Unmount sdb2, Eject Stick, PowerOff Stick",
-         1,
-         {}},
-        {"busy filesystem",
-         stick(true, false, "sdb1"),
-         "Unmount sdb1",
-         0,
-         {"/org/freedesktop/UDisks2/block_devices/sdb1 stayed mounted: target is busy"}},
+         1},
+        {"busy filesystem", {.busy = "sdb1"}, "Unmount sdb1", 0, "/block_devices/sdb1 stayed mounted: "},
         {"one busy partition keeps the drive",
-         stick(true, true, "sdb2"),
+         {.secondPartition = true, .busy = "sdb2"},
          "Unmount sdb1, Unmount sdb2",
          0,
-         {"/org/freedesktop/UDisks2/block_devices/sdb2 stayed mounted: target is busy"}},
+         "/block_devices/sdb2 stayed mounted: "},
         {"eject refused",
-         stick(true, false, "Stick"),
+         {.busy = "Stick"},
          "Unmount sdb1, Eject Stick",
          0,
-         {"/org/freedesktop/UDisks2/drives/Stick was unmounted, not ejected: target is busy"}},
-        {"only the internal disk", stick(true, false, "", false), "", 0, {}},
+         "/drives/Stick was unmounted, not ejected: "},
+        {"only the internal disk", {.withStick = false}, "", 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        testing::PrivateSessionBus bus;
-        FakeBusService service(bus.address(), QStringLiteral("org.freedesktop.UDisks2"), kRoot,
+        testing::PrivateSessionBus rowBus;
+        FakeBusService service(rowBus.address(), QStringLiteral("org.freedesktop.UDisks2"), kRoot,
                                [fake = row.disks](const QDBusMessage& call) { return fake.answer(call); });
         ASSERT_TRUE(service.ok());
-        auto connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("udisks-client"));
+        auto connection = QDBusConnection::connectToBus(rowBus.address(), QStringLiteral("udisks-client"));
         UDisksRemovableDisks disks(connection);
         EXPECT_TRUE(disks.available());
         const auto result = disks.ejectAll();
         EXPECT_EQ(actions(service).join(QStringLiteral(", ")), QString::fromLatin1(row.actions));
         EXPECT_EQ(result.ejected, row.ejected);
-        EXPECT_EQ(result.failures, row.failures);
+        EXPECT_EQ(result.failures,
+                  row.failure ? std::vector{root + row.failure + busy} : std::vector<std::string>{});
         QDBusConnection::disconnectFromBus(QStringLiteral("udisks-client"));
     }
 }
 
-TEST(UDisksRemovableDisksTest, WithoutTheServiceItIsUnavailableAndEjectsNothing) {
-    if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
-        GTEST_SKIP() << "dbus-daemon is not installed";
-    testing::testApplication();
-    testing::PrivateSessionBus bus;
-    auto connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("udisks-alone"));
+TEST_F(UDisksRemovableDisksTest, WithoutTheServiceItIsUnavailableAndEjectsNothing) {
+    auto connection = QDBusConnection::connectToBus(bus->address(), QStringLiteral("udisks-alone"));
     UDisksRemovableDisks disks(connection);
     EXPECT_FALSE(disks.available());
     const auto result = disks.ejectAll();
     EXPECT_EQ(result.ejected, 0);
     ASSERT_EQ(result.failures.size(), 1U);
-    EXPECT_EQ(result.failures.front().rfind("listing failed: ", 0), 0U);
+    EXPECT_TRUE(result.failures.front().starts_with("listing failed: "));
     QDBusConnection::disconnectFromBus(QStringLiteral("udisks-alone"));
 }
 

@@ -1,14 +1,9 @@
 // Global shortcuts as key grabs on a private Xvfb: xdotool presses the keys as a user would, and
 // another X client holds a combo first.
-#include <gtest/gtest.h>
-#include <xcb/xcb.h>
-
 #include <QProcess>
 #include <QStandardPaths>
-#include <cstdlib>
 
-#include "linux/PrivateXServer.h"
-#include "linux/TestApplication.h"
+#include "PrivateXServer.h"
 #include "shortcuts/KeyCombo.h"
 #include "shortcuts/X11HotKeys.h"
 
