@@ -9,7 +9,8 @@ std::optional<Artwork> ArtworkCache::find(const std::string& key) const {
 }
 
 void ArtworkCache::remember(const std::string& key, Artwork artwork) {
-    m_images[key] = std::move(artwork);
+    // A key in the order twice would, when its older place falls out, take the newer picture along.
+    if (auto [it, inserted] = m_images.insert_or_assign(key, std::move(artwork)); !inserted) return;
     m_order.push_back(key);
     while (m_order.size() > kCapacity) {
         m_images.erase(m_order.front());

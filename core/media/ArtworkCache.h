@@ -9,8 +9,8 @@
 
 namespace vantrelle {
 
-// The last few artworks by key, first in first out: a hit doesn't refresh an entry, and a key stored
-// twice takes two places in the order. Small on purpose; not thread-safe (it lives on one queue).
+// The last few artworks by key, first in first out: neither a hit nor storing a key again refreshes
+// its place. Small on purpose; not thread-safe (it lives on one queue).
 class ArtworkCache {
 public:
     static constexpr std::size_t kCapacity = 8;
