@@ -10,10 +10,7 @@ namespace vantrelle::testing {
 // Calendars held in memory: the test edits `calendar` and calls `changed()` as a sync would.
 class FakeCalendarSource final : public CalendarSource {
 public:
-    [[nodiscard]] Access access() override {
-        ++accessCalls;
-        return granted ? Access::fullAccess : Access::notDetermined;
-    }
+    [[nodiscard]] Access access() override { return granted ? Access::fullAccess : Access::notDetermined; }
     [[nodiscard]] std::vector<CalendarEvent> events(Date from, Date to) override {
         std::vector<CalendarEvent> result;
         for (const auto& event : calendar) {
@@ -23,7 +20,7 @@ public:
     }
     void observeChanges(std::function<void()> onChange) override { m_onChange = std::move(onChange); }
     void requestAccess(std::function<void()> done) override {
-        granted = grantOnRequest;
+        granted = true;
         done();
     }
 
@@ -34,8 +31,6 @@ public:
 
     std::vector<CalendarEvent> calendar;
     bool granted = true;
-    bool grantOnRequest = true;
-    int accessCalls = 0;
 
 private:
     std::function<void()> m_onChange;

@@ -34,7 +34,6 @@ public:
     }
 
     [[nodiscard]] const std::vector<Request>& requests() const { return m_requests; }
-    [[nodiscard]] std::size_t waitingCount() const { return m_waiting.size(); }
 
 private:
     void finish(HttpResponse response, double delay) {

@@ -11,11 +11,11 @@ class QuickTimerModelTest : public ::testing::Test, protected testing::AppBasics
 protected:
     testing::RecordingSounds sounds;
     QuickTimerModel timer{{scheduler, scheduler, settings, activities, notifications, sounds}};
+    int finished = 0;
+    Connection observed = notifications.observe(Notifications::timerFinished, [this] { ++finished; });
 };
 
 TEST_F(QuickTimerModelTest, RunsToItsEndThenChimesAndOpensTheNotch) {
-    int finished = 0;
-    auto c = notifications.observe(Notifications::timerFinished, [&] { ++finished; });
     timer.start(180, "Tea");
     EXPECT_TRUE(activities.current()->is<LiveActivity::QuickTimer>());
     scheduler.advance(45);
@@ -31,8 +31,6 @@ TEST_F(QuickTimerModelTest, RunsToItsEndThenChimesAndOpensTheNotch) {
 }
 
 TEST_F(QuickTimerModelTest, PausedTimeDoesNotCountAndCancelIsSilent) {
-    int finished = 0;
-    auto c = notifications.observe(Notifications::timerFinished, [&] { ++finished; });
     timer.start(60);
     scheduler.advance(20);
     timer.pause();
@@ -49,8 +47,6 @@ TEST_F(QuickTimerModelTest, PausedTimeDoesNotCountAndCancelIsSilent) {
 }
 
 TEST_F(QuickTimerModelTest, SleepingPastTheEndFinishesOnceAtWake) {
-    int finished = 0;
-    auto c = notifications.observe(Notifications::timerFinished, [&] { ++finished; });
     settings.setPlaySounds(false);
     timer.start(60);
     scheduler.setNow(scheduler.now() + 7200);

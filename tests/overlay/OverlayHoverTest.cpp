@@ -9,25 +9,21 @@ TEST_F(OverlayHover, OpensAfterTheHoverDelayCountedFromTheFirstEvent) {
     auto& overlay = started();
     move(notchCentre);
     scheduler.advance(0.1);
+    move(farAway);  // leaving before the delay cancels the open
+    EXPECT_FALSE(overlay.isOpenPending());
+    scheduler.advance(1);
+    EXPECT_FALSE(expanded());
+
+    move(notchCentre);
+    scheduler.advance(0.1);
     move(notchCentre);  // later events do not restart the delay
     scheduler.advance(0.09);
     EXPECT_FALSE(expanded());
     scheduler.advance(0.02);
     EXPECT_TRUE(expanded());
-    EXPECT_FALSE(overlay.isOpenPending());
     EXPECT_FALSE(windows.ignoresMouse);
     EXPECT_TRUE(windows.tookFocus);
     EXPECT_EQ(services.scheduleRefreshes, 1);
-}
-
-TEST_F(OverlayHover, LeavingBeforeTheDelayCancelsTheOpen) {
-    auto& overlay = started();
-    move(notchCentre);
-    scheduler.advance(0.1);
-    move(farAway);
-    EXPECT_FALSE(overlay.isOpenPending());
-    scheduler.advance(1);
-    EXPECT_FALSE(expanded());
 }
 
 TEST_F(OverlayHover, ZeroDelayOpensAtTheNextTurn) {
@@ -39,24 +35,16 @@ TEST_F(OverlayHover, ZeroDelayOpensAtTheNextTurn) {
     EXPECT_TRUE(expanded());
 }
 
-TEST_F(OverlayHover, ClickOpensAtOnceEvenDuringACall) {
-    started();
-    startCall();
-    move(notchCentre);
-    scheduler.advance(1);
-    EXPECT_FALSE(expanded()) << "hovering during a call must not open";
-    click(notchCentre);
-    EXPECT_TRUE(expanded());
-}
-
-TEST_F(OverlayHover, CallStartingWhileOpenPendingCancelsAtTheNextEvent) {
+TEST_F(OverlayHover, HoverDuringACallNeverOpensButAClickDoes) {
     auto& overlay = started();
     move(notchCentre);
     startCall();
     move(notchCentre);
-    EXPECT_FALSE(overlay.isOpenPending());
+    EXPECT_FALSE(overlay.isOpenPending()) << "a call starting while the open is pending cancels it";
     scheduler.advance(1);
     EXPECT_FALSE(expanded());
+    click(notchCentre);
+    EXPECT_TRUE(expanded());
 }
 
 TEST_F(OverlayHover, HoverDuringACallOpensWhenCallsAreNotQuiet) {
@@ -68,9 +56,10 @@ TEST_F(OverlayHover, HoverDuringACallOpensWhenCallsAreNotQuiet) {
     EXPECT_TRUE(expanded());
 }
 
-TEST_F(OverlayHover, LeavingClosesAfterExactlyThirtyFiveHundredths) {
+TEST_F(OverlayHover, LeavingClosesAfterExactlyThirtyFiveHundredthsAndAClickOutsideAtOnce) {
     auto& overlay = started();
     click(notchCentre);
+    click(insidePanel);
     move(farAway);
     EXPECT_TRUE(overlay.isClosePending());
     scheduler.advance(0.3);
@@ -86,13 +75,8 @@ TEST_F(OverlayHover, LeavingClosesAfterExactlyThirtyFiveHundredths) {
     EXPECT_FALSE(expanded());
     EXPECT_TRUE(windows.ignoresMouse);
     EXPECT_EQ(services.cameraStops, 1);
-}
 
-TEST_F(OverlayHover, ClickOutsideClosesAndClickInsideDoesNot) {
-    started();
     click(notchCentre);
-    click(insidePanel);
-    EXPECT_TRUE(expanded());
     click(farAway);
     EXPECT_FALSE(expanded());
 }
@@ -126,23 +110,20 @@ TEST_F(OverlayHover, FileDragTurnsToTheShelfAnywhereButOpensOnlyOverTheNotch) {
     EXPECT_TRUE(expanded());
 }
 
-TEST_F(OverlayHover, FileDragDoesNothingWithTheShelfOff) {
-    settings.setEnabled(NotchTab::shelf, false);
-    auto& overlay = started();
-    click(farAway);
-    pasteboard.beginFileDrag();
-    drag(notchCentre);
-    EXPECT_FALSE(expanded()) << "no file drag: it is treated like any drag, a hover at most";
-    EXPECT_EQ(overlay.state().tab(), NotchTab::dashboard);
-}
-
-TEST_F(OverlayHover, StaleFilesOnThePasteboardDoNotMakeATextDragAFileDrag) {
+TEST_F(OverlayHover, StaleFilesOnThePasteboardOrTheShelfOffMakeNoFileDrag) {
     auto& overlay = started();
     pasteboard.beginFileDrag();  // an earlier drag left files on it
     click(farAway);
     drag(notchCentre);
     EXPECT_EQ(overlay.state().tab(), NotchTab::dashboard);
     EXPECT_FALSE(expanded());
+
+    settings.setEnabled(NotchTab::shelf, false);
+    click(farAway);
+    pasteboard.beginFileDrag();
+    drag(notchCentre);
+    EXPECT_FALSE(expanded()) << "no file drag: it is treated like any drag, a hover at most";
+    EXPECT_EQ(overlay.state().tab(), NotchTab::dashboard);
 }
 
 TEST_F(OverlayHover, MenuBarToolClicksAreIgnored) {
@@ -163,22 +144,17 @@ TEST_F(OverlayHover, EveryMoveAndDragCountsForCursorMileageEvenWhenHidden) {
     EXPECT_EQ(services.cursorRecords, 2);
 }
 
-TEST_F(OverlayHover, OpeningOverAMeetingCountdownShowsTheDay) {
-    auto& overlay = started();
-    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 240}},
-                   LiveActivityCenter::Source::meeting);
-    click(notchCentre);
-    EXPECT_EQ(overlay.state().tab(), NotchTab::today);
-}
-
-TEST_F(OverlayHover, LiveActivityWidensTheCollapsedTarget) {
+TEST_F(OverlayHover, ALiveActivityWidensTheTargetAndAMeetingCountdownOpensOnTheDay) {
     auto& overlay = started();
     const Point besideNotch{663.5 - 30, 966};
     move(besideNotch);
     EXPECT_FALSE(overlay.isOpenPending());
-    activities.set(LiveActivity{LiveActivity::Stopwatch{}}, LiveActivityCenter::Source::stopwatch);
+    activities.set(LiveActivity{LiveActivity::Meeting{"Standup", scheduler.now() + 240}},
+                   LiveActivityCenter::Source::meeting);
     move(besideNotch);
     EXPECT_TRUE(overlay.isOpenPending());
+    click(notchCentre);
+    EXPECT_EQ(overlay.state().tab(), NotchTab::today);
 }
 
 }  // namespace

@@ -55,13 +55,7 @@ TEST_F(QuietMonitorTest, ClosingTheMirrorIsNotACallForFourSeconds) {
     EXPECT_TRUE(monitor.cameraBusyElsewhere());
 }
 
-TEST_F(QuietMonitorTest, PretendCallForcesBusyWithoutAnyCamera) {
-    auto monitor = make(true);
-    monitor.refresh();
-    EXPECT_TRUE(monitor.cameraBusyElsewhere());
-}
-
-TEST_F(QuietMonitorTest, NoScreenOrMissingProbesReadAsQuietNothing) {
+TEST_F(QuietMonitorTest, NoScreenOrMissingProbesReadAsQuietAndAPretendCallAsBusy) {
     auto withoutScreen = make();
     fullScreen = true;
     withoutScreen.refresh();
@@ -71,6 +65,9 @@ TEST_F(QuietMonitorTest, NoScreenOrMissingProbesReadAsQuietNothing) {
     monitor.refresh();
     EXPECT_FALSE(monitor.fullScreen());
     EXPECT_FALSE(monitor.cameraBusyElsewhere());
+    QuietMonitor pretending(scheduler, scheduler, {}, camera, true);
+    pretending.refresh();
+    EXPECT_TRUE(pretending.cameraBusyElsewhere());
 }
 
 }  // namespace

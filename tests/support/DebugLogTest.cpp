@@ -29,27 +29,21 @@ TEST_F(DebugLogTest, OffWithoutTheVariable) {
     EXPECT_FALSE(evaluated);
 }
 
-TEST_F(DebugLogTest, CreatesTheFolderAndStampsEachLine) {
+TEST_F(DebugLogTest, CreatesTheFolderStampsEachLineAndTheNextRunAppends) {
     int dispatched = 0;
     const auto file = dir / "deep/er/v.log";
     DebugLog::configure(file, std::make_unique<testing::CountingQueue>("debuglog", dispatched), clock);
     DebugLog::write("overlay: expand (unspecified)");
     clock.advance(61.5);
-    DebugLog::write([] { return std::string("quiet: fullScreen=false cameraBusyElsewhere=true"); });
-    EXPECT_EQ(dispatched, 2);
-    EXPECT_EQ(dir.read("deep/er/v.log"),
-              "08:00:00.250 overlay: expand (unspecified)\n"
-              "08:01:01.750 quiet: fullScreen=false cameraBusyElsewhere=true\n");
-}
-
-TEST_F(DebugLogTest, TwoRunsAppendToTheSameFile) {
-    const auto file = dir.write("v.log", "earlier run\n");
-    DebugLog::configure(file, std::make_unique<InlineQueue>("debuglog"), clock);
-    DebugLog::write("second run");
+    DebugLog::write([] { return std::string("quiet: fullScreen=false"); });
+    EXPECT_EQ(dispatched, 2) << "lines are written on the log's own queue";
     DebugLog::disable();
     DebugLog::configure(file, std::make_unique<InlineQueue>("debuglog"), clock);
-    DebugLog::write("third run");
-    EXPECT_EQ(dir.read("v.log"), "earlier run\n08:00:00.250 second run\n08:00:00.250 third run\n");
+    DebugLog::write("next run");
+    EXPECT_EQ(dir.read("deep/er/v.log"),
+              "08:00:00.250 overlay: expand (unspecified)\n"
+              "08:01:01.750 quiet: fullScreen=false\n"
+              "08:01:01.750 next run\n");
 }
 
 TEST_F(DebugLogTest, AnUnwritablePathLosesTheLinesAndTouchesNothing) {

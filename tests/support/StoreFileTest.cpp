@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <algorithm>
-
 #include "fakes/LogCapture.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
@@ -44,9 +42,12 @@ TEST_F(StoreFileTest, AnUnusableFileIsMovedAsideWithItsContentsAndLogged) {
     EXPECT_EQ(dir.read("store.json"), "{}");
 }
 
-TEST_F(StoreFileTest, OnlyTheNewestThreeCopiesAreKept) {
-    const std::vector<std::pair<double, std::string>> setAsides = {
-        {0, "first"}, {0.5, "same second"}, {3600, "an hour later"}, {86400, "a day later"}, {90000, "last"}};
+TEST_F(StoreFileTest, OnlyTheNewestThreeCopiesAreKeptAndTwoInOneSecondAreBoth) {
+    const std::vector<std::pair<double, std::string>> setAsides = {{0, "first"},
+                                                                   {3600, "an hour later"},
+                                                                   {86400, "a day later"},
+                                                                   {90000, "last"},
+                                                                   {90000.5, "same second"}};
     for (const auto& [after, contents] : setAsides) {
         clock.setNow(kMorning + after);
         dir.write("store.json", contents);
@@ -55,52 +56,34 @@ TEST_F(StoreFileTest, OnlyTheNewestThreeCopiesAreKept) {
         store.setAside("test");
     }
     EXPECT_EQ(testing::fileNamesIn(dir.path()),
-              (std::vector<std::string>{"store.json.unreadable-20270115T090000Z",
-                                        "store.json.unreadable-20270116T080000Z",
-                                        "store.json.unreadable-20270116T090000Z"}));
+              (std::vector<std::string>{"store.json.unreadable-20270116T080000Z",
+                                        "store.json.unreadable-20270116T090000Z",
+                                        "store.json.unreadable-20270116T090000Z-2"}));
     EXPECT_EQ(dir.read("store.json.unreadable-20270116T090000Z"), "last");
-    EXPECT_EQ(dir.read("store.json.unreadable-20270115T090000Z"), "an hour later");
-}
-
-TEST_F(StoreFileTest, TwoSetAsidesInOneSecondKeepBoth) {
-    for (const char* contents : {"one", "two"}) {
-        dir.write("store.json", contents);
-        StoreFile store(file, "notes", clock);
-        (void)store.read();
-        store.setAside("test");
-    }
-    EXPECT_EQ(dir.read("store.json.unreadable-20270115T080000Z"), "one");
-    EXPECT_EQ(dir.read("store.json.unreadable-20270115T080000Z-2"), "two");
+    EXPECT_EQ(dir.read("store.json.unreadable-20270116T090000Z-2"), "same second");
 }
 
 TEST_F(StoreFileTest, WhatReadFinds) {
-    struct Case {
-        const char* name;
-        std::function<void(TempDir&)> make;
+    dir.write("blank.json", " \n\t");
+    fs::create_directories(dir / "folder.json/inner");
+    ::mkfifo((dir / "pipe.json").c_str(), 0600);
+    dir.write("ok.json", "{}");
+    const struct {
+        const char* file;
         std::optional<std::string> text;
         bool movedAside;
+    } rows[] = {
+        {"missing.json", std::nullopt, false},  // a first run
+        {"blank.json", std::nullopt, false},    // white space only holds nothing to keep
+        {"folder.json", std::nullopt, true},   {"pipe.json", std::nullopt, true}, {"ok.json", "{}", false},
     };
-    const std::vector<Case> cases = {
-        {"no file: a first run", [](TempDir&) {}, std::nullopt, false},
-        {"white space only holds nothing to keep", [](TempDir& d) { d.write("store.json", " \n\t"); },
-         std::nullopt, false},
-        {"a folder where the file should be",
-         [](TempDir& d) { fs::create_directories(d / "store.json/inner"); }, std::nullopt, true},
-        {"a named pipe", [](TempDir& d) { ::mkfifo((d / "store.json").c_str(), 0600); }, std::nullopt, true},
-        {"a file", [](TempDir& d) { d.write("store.json", "{}"); }, "{}", false},
-    };
-    for (const Case& c : cases) {
-        TempDir folder;
-        c.make(folder);
-        StoreFile store(folder / "store.json", "notes", clock);
-        EXPECT_EQ(store.read(), c.text) << c.name;
-        const auto names = testing::fileNamesIn(folder.path());
-        const bool aside = std::any_of(names.begin(), names.end(), [](const std::string& n) {
-            return n.find(".unreadable-") != std::string::npos;
-        });
-        EXPECT_EQ(aside, c.movedAside) << c.name;
-        if (c.movedAside) {
-            EXPECT_FALSE(fs::exists(fs::symlink_status(folder / "store.json"))) << c.name;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.file);
+        StoreFile store(dir / row.file, "notes", clock);
+        EXPECT_EQ(store.read(), row.text);
+        EXPECT_EQ(testing::unreadableCopies(dir / row.file).size(), row.movedAside ? 1u : 0u);
+        if (row.movedAside) {
+            EXPECT_FALSE(fs::exists(fs::symlink_status(dir / row.file)));
         }
     }
 }
