@@ -10,8 +10,9 @@ start_display
 # A runtime folder of its own, so the single-instance lock is this test's alone.
 export XDG_RUNTIME_DIR=$work/run
 mkdir -p "$XDG_RUNTIME_DIR" "$XDG_CONFIG_HOME/Vantrelle" && chmod 700 "$XDG_RUNTIME_DIR"
-# A hover delay of a second: a click that opens well before it is the click's doing.
-echo '{"hoverDelay": 1.0}' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
+# A hover delay of two seconds: a click that opens well before it is the click's doing, even on a busy
+# machine.
+echo '{"hoverDelay": 2.0}' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
 start_app VANTRELLE_BACKDROP=1
 sleep 0.5
 
@@ -19,7 +20,7 @@ sleep 0.5
 move_to() { xdotool mousemove $(($1 - 1)) "$2" mousemove_relative 1 0; }
 pixel() { import -window root "$work/shot.png"; convert "$work/shot.png" -format "%[fx:int(255*r)],%[fx:int(255*g)],%[fx:int(255*b)]" -crop "1x1+$1+$2" info:; }
 is_black() { [[ "$(pixel "$1" "$2")" == "0,0,0" ]]; }
-open_by_click() { sleep 0.6; mark; move_to 756 16; xdotool click 1; wait_for "overlay: expand (unspecified)" 0.6; }
+open_by_click() { sleep 0.6; mark; move_to 756 16; xdotool click 1; wait_for "overlay: expand (unspecified)" 1.5; }
 
 # 1. The simulated notch is drawn at the top centre, and nothing else covers the desktop.
 is_black 756 12 || fail "collapsed notch not drawn at the top centre"
@@ -28,7 +29,7 @@ import -window root "$work/collapsed.png"
 
 # 2. Hover opens; the panel is drawn, the desktop beside it is not covered.
 mark; move_to 756 16
-wait_for "overlay: expand (unspecified)" 3
+wait_for "overlay: expand (unspecified)" 5
 sleep 0.6
 is_black 756 200 || fail "expanded panel not drawn"
 is_black 30 500 && fail "the desktop beside the panel is covered"
@@ -53,7 +54,7 @@ wait_for "overlay: collapse (click outside)"
 events=$XDG_DATA_HOME/Vantrelle/claude-events.jsonl
 sleep 0.6; mark
 printf '%s\n' '{"session_id":"e2e-1","transcript_path":"/nonexistent/e2e.jsonl","cwd":"/home/dev/api","hook_event_name":"Notification","message":"Claude needs your permission to use Bash","notification_type":"permission_prompt"}' >>"$events"
-wait_for "claude alerts: permission_prompt in api" 2
+wait_for "claude alerts: permission_prompt in api"
 sleep 0.6
 is_black $((756 + 92 + 40)) 12 || fail "the notch did not widen for the alert"
 import -window root "$work/alert.png"
