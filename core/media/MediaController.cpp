@@ -256,7 +256,9 @@ void MediaController::send(const std::string& verb) {
 }
 
 void MediaController::seek(double seconds) {
-    if (!m_track) return;
+    // A player reports the length a moment after it opens a file; until then there is nothing to
+    // clamp to, and sending 0 would restart the track.
+    if (!m_track || m_track->duration <= 0) return;
     const double clamped = std::max(std::min(seconds, m_track->duration), 0.0);
     if (m_track->position != clamped) {
         m_track->position = clamped;

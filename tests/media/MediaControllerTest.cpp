@@ -231,7 +231,7 @@ TEST_F(MediaControllerTest, CommandGoesToTheShownPlayerThenAsksAgain) {
     EXPECT_EQ(provider.stateQueries.size(), asked + 2);  // both players, once
 }
 
-TEST_F(MediaControllerTest, SeekIsClampedIntoTheTrack) {
+TEST_F(MediaControllerTest, SeekIsClampedIntoTheTrackAndWaitsForItsLength) {
     struct Row {
         double requested;
         double expected;
@@ -252,6 +252,12 @@ TEST_F(MediaControllerTest, SeekIsClampedIntoTheTrack) {
         ASSERT_EQ(provider.commands.size(), 1u);
         EXPECT_EQ(provider.commands[0].second, row.verb);
     }
+
+    provider.play(track(MediaSource::music, "Just opened", false, 0, 0));
+    controller.refresh();
+    provider.commands.clear();
+    controller.seek(20);
+    EXPECT_TRUE(provider.commands.empty()) << "no length yet: a seek would restart the track";
 }
 
 TEST_F(MediaControllerTest, ArtworkIsFetchedOnTheFirstFourPollsThenEveryTenth) {
