@@ -1,5 +1,7 @@
 #include "shortcuts/ToolShortcuts.h"
 
+#include <fmt/format.h>
+
 #include "support/DebugLog.h"
 
 namespace vantrelle {
@@ -82,9 +84,7 @@ void ToolShortcuts::registerAll() {
         } else {
             failed.insert(key);
             DebugLog::write([&tool = key, &display = combo.display, status] {
-                std::string line = "shortcuts: couldn't register " + display;
-                line.append(" for ").append(tool).append(" (").append(std::to_string(status)).append(")");
-                return line;
+                return fmt::format("shortcuts: couldn't register {} for {} ({})", display, tool, status);
             });
         }
     }
