@@ -80,14 +80,22 @@ void InotifyFileWatcher::drain() {
             at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }
     }
-    // Copied first: a handler may drop its own watch or another one.
-    std::vector<std::function<void()>> handlers;
+    // Listed first and looked up again before each call: a handler may drop its own watch or another
+    // one, whose owner may be gone by then. Ids are never reused, so a pair names one watch.
+    std::vector<std::pair<int, int>> due;
     for (int descriptor : woken) {
         auto it = m_handlers.find(descriptor);
         if (it == m_handlers.end()) continue;
-        for (const auto& [id, handler] : it->second) handlers.push_back(handler);
+        for (const auto& [id, handler] : it->second) due.emplace_back(descriptor, id);
     }
-    for (const auto& handler : handlers) handler();
+    for (const auto& [descriptor, id] : due) {
+        auto watches = m_handlers.find(descriptor);
+        if (watches == m_handlers.end()) continue;
+        auto watch = watches->second.find(id);
+        if (watch == watches->second.end()) continue;
+        const auto handler = watch->second;  // it may drop its own watch
+        handler();
+    }
 }
 
 }  // namespace vantrelle

@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <fstream>
+#include <memory>
 
 #include "InotifyFileWatcher.h"
 #include "TestApplication.h"
@@ -71,6 +72,22 @@ TEST_F(InotifyFileWatcherTest, TwoWatchesOfOnePathBothWakeAndDroppingOneKeepsThe
     dir.write("b.txt", "y");
     ASSERT_TRUE(spinUntil([&] { return second >= 2; }));
     EXPECT_EQ(first, firstSeen);
+}
+
+TEST_F(InotifyFileWatcherTest, AWatchDroppedByAnotherHandlerOfTheSameWakeIsNotCalled) {
+    testing::TempDir dir;
+    InotifyFileWatcher watcher;
+    std::unique_ptr<FileWatch> secondWatch;
+    int first = 0;
+    auto firstWatch = watcher.watchFolder(dir.path(), [&] {
+        ++first;
+        secondWatch.reset();  // its owner goes with it
+    });
+    auto owner = std::make_unique<int>(0);
+    secondWatch = watcher.watchFolder(dir.path(), [&] { ++*owner; });
+    dir.write("a.txt", "x");
+    ASSERT_TRUE(spinUntil([&] { return first >= 1; }));
+    EXPECT_EQ(*owner, 0);
 }
 
 }  // namespace
