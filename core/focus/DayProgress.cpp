@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 
 #include "support/LocalCalendar.h"
 
@@ -12,20 +11,6 @@ namespace vantrelle {
 namespace {
 
 constexpr std::int64_t kMinutesPerDay = std::int64_t{24} * 60;
-
-// `minutes` after the local midnight that starts `day`, on the wall clock.
-Date atMinutes(Date day, std::int64_t minutes) {
-    const auto seconds = static_cast<std::time_t>(std::floor(day.seconds));
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    parts.tm_hour = 0;
-    parts.tm_min = static_cast<int>(minutes);
-    parts.tm_sec = 0;
-    parts.tm_isdst = -1;
-    const std::time_t made = std::mktime(&parts);
-    return made == static_cast<std::time_t>(-1) ? day + static_cast<double>(minutes) * 60.0
-                                                : Date{static_cast<double>(made)};
-}
 
 DayProgress running(Date now, Date start, Date end) {
     const double length = end - start;
@@ -49,16 +34,17 @@ DayProgress dayProgressAt(Date now, std::int64_t startMinutes, std::int64_t endM
     endMinutes = std::clamp<std::int64_t>(endMinutes, 0, kMinutesPerDay);
     if (startMinutes == endMinutes) return {};
     const Date today = LocalCalendar::startOfDay(now);
-    const Date start = atMinutes(today, startMinutes);
-    const Date end = atMinutes(today, endMinutes);
+    const Date start = LocalCalendar::atMinutes(today, startMinutes);
+    const Date end = LocalCalendar::atMinutes(today, endMinutes);
     if (startMinutes < endMinutes) {
         if (now < start) return {WorkdayPhase::before, start, end, 0, start - now};
         if (now < end) return running(now, start, end);
         return {WorkdayPhase::after, start, end, 1, 0};
     }
     // Over midnight: the shift that began yesterday, the one that begins today, or the gap between.
-    if (now < end) return running(now, atMinutes(LocalCalendar::addDays(today, -1), startMinutes), end);
-    const Date nextEnd = atMinutes(LocalCalendar::addDays(today, 1), endMinutes);
+    if (now < end)
+        return running(now, LocalCalendar::atMinutes(LocalCalendar::addDays(today, -1), startMinutes), end);
+    const Date nextEnd = LocalCalendar::atMinutes(LocalCalendar::addDays(today, 1), endMinutes);
     if (now >= start) return running(now, start, nextEnd);
     return {WorkdayPhase::before, start, nextEnd, 0, start - now};
 }

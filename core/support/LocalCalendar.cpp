@@ -16,25 +16,55 @@ std::tm local(Date date) {
     return parts;
 }
 
-Date fromLocal(std::tm parts) {
+// mktime normalises out-of-range fields, so callers add days, months or minutes field-wise. A time it
+// cannot represent falls back to `otherwise`.
+Date fromLocal(std::tm parts, Date otherwise) {
     parts.tm_isdst = -1;
     const std::time_t made = std::mktime(&parts);
-    return Date{static_cast<double>(made)};
+    return made == static_cast<std::time_t>(-1) ? otherwise : Date{static_cast<double>(made)};
+}
+
+Date midnightOf(std::tm parts, Date otherwise) {
+    parts.tm_hour = parts.tm_min = parts.tm_sec = 0;
+    return fromLocal(parts, otherwise);
 }
 
 }  // namespace
 
 Date LocalCalendar::startOfDay(Date date) {
-    std::tm parts = local(date);
-    parts.tm_hour = parts.tm_min = parts.tm_sec = 0;
-    return fromLocal(parts);
+    return midnightOf(local(date), date);
 }
 
 Date LocalCalendar::addDays(Date start, int days) {
     std::tm parts = local(start);
     parts.tm_mday += days;
-    parts.tm_hour = parts.tm_min = parts.tm_sec = 0;
-    return fromLocal(parts);
+    return midnightOf(parts, start + days * 86400.0);
+}
+
+Date LocalCalendar::atMinutes(Date day, std::int64_t minutes) {
+    std::tm parts = local(day);
+    parts.tm_hour = parts.tm_sec = 0;
+    parts.tm_min = static_cast<int>(minutes);
+    return fromLocal(parts, day + static_cast<double>(minutes) * 60.0);
+}
+
+Date LocalCalendar::startOfMondayWeek(Date date) {
+    const int sinceMonday = (local(date).tm_wday + 6) % 7;
+    return addDays(startOfDay(date), -sinceMonday);
+}
+
+Date LocalCalendar::startOfMonth(Date date, int monthsAhead) {
+    std::tm parts = local(date);
+    parts.tm_mday = 1;
+    parts.tm_mon += monthsAhead;
+    return midnightOf(parts, date);
+}
+
+Date LocalCalendar::startOfYear(Date date) {
+    std::tm parts = local(date);
+    parts.tm_mon = 0;
+    parts.tm_mday = 1;
+    return midnightOf(parts, date);
 }
 
 Date LocalCalendar::startOfHour(Date date) {

@@ -29,8 +29,4 @@ struct DateRange {
 [[nodiscard]] DateRange wrappedRange(WrappedPeriod period, Date now,
                                      std::optional<Date> earliest = std::nullopt);
 
-// Local-calendar starts used by the ranges.
-[[nodiscard]] Date startOfMondayWeek(Date date);
-[[nodiscard]] Date startOfMonth(Date date, int monthsAhead = 0);
-
 }  // namespace vantrelle

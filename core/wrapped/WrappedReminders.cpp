@@ -29,14 +29,14 @@ WrappedReminders& WrappedReminders::shared() {
 }
 
 std::optional<WrappedReminders::Due> WrappedReminders::dueWeek(Date now) {
-    const Date start = startOfMondayWeek(now);
+    const Date start = LocalCalendar::startOfMondayWeek(now);
     return dueIn(now, start, LocalCalendar::addDays(start, 7), LocalCalendar::addDays(start, -7),
                  WrappedPeriod::thisWeek, WrappedPeriod::lastWeek);
 }
 
 std::optional<WrappedReminders::Due> WrappedReminders::dueMonth(Date now) {
-    return dueIn(now, startOfMonth(now), startOfMonth(now, 1), startOfMonth(now, -1),
-                 WrappedPeriod::thisMonth, WrappedPeriod::lastMonth);
+    return dueIn(now, LocalCalendar::startOfMonth(now), LocalCalendar::startOfMonth(now, 1),
+                 LocalCalendar::startOfMonth(now, -1), WrappedPeriod::thisMonth, WrappedPeriod::lastMonth);
 }
 
 DesktopNotification WrappedReminders::notification(WrappedPeriod period) {
