@@ -2,6 +2,7 @@
 
 #include "AgentsTestSupport.h"
 #include "agents/ClaudeHookSwitch.h"
+#include "agents/ClaudeStatusLineSwitch.h"
 #include "fakes/ManualQueue.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
@@ -40,23 +41,25 @@ TEST_F(ClaudeHookSwitchTest, TheFileIsTouchedOnlyOnTheQueueAndTheAnswerArrivesOn
 
     scheduler.runUntilIdle();
     EXPECT_TRUE(hookSwitch.isInstalled());
-    EXPECT_TRUE(hookSwitch.message().empty());
     EXPECT_FALSE(hookSwitch.isBusy());
     EXPECT_EQ(signals, 1);
+
+    // A question is asked off the main queue too and answered on it.
+    std::optional<bool> answer;
+    hookSwitch.whenKnown([&](bool installed) { answer = installed; });
+    queues.runAll();
+    EXPECT_FALSE(answer.has_value());
+    scheduler.runUntilIdle();
+    EXPECT_EQ(answer, true);
 }
 
 TEST_F(ClaudeHookSwitchTest, AFailureIsShownUntilTheNextChangeSucceeds) {
     dir.write(".claude/settings.json", "{\"a\": 1,}");
-    hookSwitch.refresh();
+    hookSwitch.set(true);
     queues.runAll();
     scheduler.runUntilIdle();
     EXPECT_FALSE(hookSwitch.isInstalled());
     EXPECT_TRUE(hookSwitch.message().starts_with("Couldn't read")) << hookSwitch.message();
-
-    hookSwitch.set(true);
-    queues.runAll();
-    scheduler.runUntilIdle();
-    EXPECT_TRUE(hookSwitch.message().ends_with("Nothing was changed.")) << hookSwitch.message();
 
     dir.write(".claude/settings.json", "{\"a\": 1}");
     hookSwitch.set(true);
@@ -64,18 +67,17 @@ TEST_F(ClaudeHookSwitchTest, AFailureIsShownUntilTheNextChangeSucceeds) {
     scheduler.runUntilIdle();
     EXPECT_TRUE(hookSwitch.isInstalled());
     EXPECT_TRUE(hookSwitch.message().empty());
-    EXPECT_EQ(signals, 3);
 }
 
-TEST_F(ClaudeHookSwitchTest, AnswersAreAskedForOffTheMainQueueAndGivenOnIt) {
-    dir.write(".claude/settings.json",
-              R"({"hooks": {"Stop": [{"hooks": [{"command": "x >> Vantrelle/claude-events.jsonl"}]}]}})");
-    std::optional<bool> answer;
-    hookSwitch.whenKnown([&](bool installed) { answer = installed; });
+TEST_F(ClaudeHookSwitchTest, TheStatusLineSwitchLeavesAForeignLineAndSaysItIsThere) {
+    dir.write(".claude/settings.json", R"({"statusLine": {"command": "myline"}})");
+    ClaudeStatusLineSwitch statusLine(hooks, "vantrelle statusline", queues, scheduler);
+    statusLine.set(true);
     queues.runAll();
-    EXPECT_FALSE(answer.has_value());
     scheduler.runUntilIdle();
-    EXPECT_EQ(answer, true);
+    EXPECT_EQ(statusLine.state(), ClaudeStatusLine::foreign);
+    EXPECT_NE(statusLine.note().find("\"myline\""), std::string::npos) << statusLine.note();
+    EXPECT_EQ(dir.read(".claude/settings.json"), R"({"statusLine": {"command": "myline"}})");
 }
 
 TEST(ClaudeHookSwitchLifetime, AnAnswerThatArrivesAfterTheSwitchIsGoneIsDropped) {

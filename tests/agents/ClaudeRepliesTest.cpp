@@ -37,22 +37,17 @@ TEST(ClaudeRepliesTest, AStreamedReplyIsOneEventAtItsFinalSize) {
     EXPECT_EQ(found[0].model, "claude-opus-4-8");
 }
 
-TEST(ClaudeRepliesTest, AmongLinesWithTheMostOutputTheEarliestGivesTheDate) {
+TEST(ClaudeRepliesTest, AmongLinesWithTheMostOutputTheEarliestGivesTheDateAndKeylessLinesStandAlone) {
     ClaudeReplies replies;
     line(replies, 2, "m|r", 159, "2030-01-02T00:00:05Z");  // a copy in a later session, after midnight
     line(replies, 1, "m|r", 159, "2030-01-01T23:59:59Z");
     line(replies, 1, "m|r", 100, "2030-01-01T23:00:00Z");
+    // Lines without a key are replies of their own.
+    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
+    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
     const auto found = events(replies);
-    ASSERT_EQ(found.size(), 1u);
+    ASSERT_EQ(found.size(), 3u);
     EXPECT_EQ(found[0].timestamp, iso("2030-01-01T23:59:59Z"));
-}
-
-TEST(ClaudeRepliesTest, LinesWithoutAKeyAreRepliesOfTheirOwn) {
-    ClaudeReplies replies;
-    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
-    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
-    EXPECT_EQ(events(replies).size(), 2u);
-    EXPECT_EQ(replies.size(), 2u);
 }
 
 TEST(ClaudeRepliesTest, AFileThatGoesTakesOnlyItsOwnLines) {
@@ -61,14 +56,11 @@ TEST(ClaudeRepliesTest, AFileThatGoesTakesOnlyItsOwnLines) {
     line(replies, 2, "a|1", 159, "2030-01-01T10:00:02Z");
     line(replies, 2, "b|2", 5, "2030-01-01T11:00:00Z");
     replies.dropFile(2);
-    const auto found = events(replies);
-    ASSERT_EQ(found.size(), 1u);
-    EXPECT_EQ(found[0].output, 3);  // the larger line went with its file
-    EXPECT_EQ(replies.size(), 1u);
+    ASSERT_EQ(events(replies).size(), 1u);
+    EXPECT_EQ(events(replies)[0].output, 3);  // the larger line went with its file
 
     // A key seen again after its last file went is a new reply.
     replies.dropFile(1);
-    EXPECT_TRUE(events(replies).empty());
     line(replies, 3, "a|1", 7, "2030-01-01T10:00:00Z");
     ASSERT_EQ(events(replies).size(), 1u);
     EXPECT_EQ(events(replies)[0].output, 7);
