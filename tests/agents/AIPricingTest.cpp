@@ -1,22 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <ostream>
 #include <string>
 
 #include "agents/AIPricing.h"
 
 namespace vantrelle {
-
-// Failing rows print their prices, not bytes.
-static void PrintTo(const AIPricing& p, std::ostream* out) {
-    *out << "{" << p.input << ", " << p.output << ", " << p.cacheRead << ", " << p.cacheWrite;
-    if (p.longContext) {
-        *out << ", long {" << p.longContext->input << ", " << p.longContext->output << ", "
-             << p.longContext->cacheRead << "}";
-    }
-    *out << "}";
-}
 
 namespace {
 

@@ -130,16 +130,6 @@ TEST_F(AIUsageModelTest, The80PercentFlashComesOncePerWindow) {
     EXPECT_EQ(flash->as<LiveActivity::AI>()->blockProgress, 1.0);
 }
 
-TEST_F(AIUsageModelTest, WithTheLiveActivityOffAFinishedSessionDoesNotFlash) {
-    settings.setAiLiveActivity(false);
-    session("a", {"2030-01-01T18:39:31Z"});
-    processList({"codex exec", "claude"});
-    scanAt("2030-01-01T18:40:00Z");
-    EXPECT_FALSE(center.activity(LiveActivityCenter::Source::ai));
-    processList({});
-    EXPECT_FALSE(center.current());
-}
-
 TEST_F(AIUsageModelTest, TimersScanEveryTwentySecondsOrFiveWhileActive) {
     session("a", {"2030-01-01T18:30:00Z"});
     clock.setNow(iso("2030-01-01T18:40:00Z"));

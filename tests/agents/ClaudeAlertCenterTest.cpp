@@ -169,16 +169,5 @@ TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndOnlyFilesOver32K
     EXPECT_EQ(c.offset(), 0u);
 }
 
-TEST_F(ClaudeAlertCenterTest, DemoModeAndAnUnwatchableFileStayQuiet) {
-    auto& demo = make(true);
-    demo.start();
-    EXPECT_FALSE(watcher.wake);
-    EXPECT_FALSE(std::filesystem::exists(events)) << "demo mode touches nothing";
-
-    watcher.refuse = true;
-    started();
-    EXPECT_TRUE(std::filesystem::exists(events)) << "the events file is made for the hook to append to";
-}
-
 }  // namespace
 }  // namespace vantrelle

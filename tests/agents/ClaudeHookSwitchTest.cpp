@@ -2,7 +2,6 @@
 
 #include "AgentsTestSupport.h"
 #include "agents/ClaudeHookSwitch.h"
-#include "agents/ClaudeStatusLineSwitch.h"
 #include "fakes/ManualQueue.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
@@ -67,17 +66,6 @@ TEST_F(ClaudeHookSwitchTest, AFailureIsShownUntilTheNextChangeSucceeds) {
     scheduler.runUntilIdle();
     EXPECT_TRUE(hookSwitch.isInstalled());
     EXPECT_TRUE(hookSwitch.message().empty());
-}
-
-TEST_F(ClaudeHookSwitchTest, TheStatusLineSwitchLeavesAForeignLineAndSaysItIsThere) {
-    dir.write(".claude/settings.json", R"({"statusLine": {"command": "myline"}})");
-    ClaudeStatusLineSwitch statusLine(hooks, "vantrelle statusline", queues, scheduler);
-    statusLine.set(true);
-    queues.runAll();
-    scheduler.runUntilIdle();
-    EXPECT_EQ(statusLine.state(), ClaudeStatusLine::foreign);
-    EXPECT_NE(statusLine.note().find("\"myline\""), std::string::npos) << statusLine.note();
-    EXPECT_EQ(dir.read(".claude/settings.json"), R"({"statusLine": {"command": "myline"}})");
 }
 
 TEST(ClaudeHookSwitchLifetime, AnAnswerThatArrivesAfterTheSwitchIsGoneIsDropped) {

@@ -54,12 +54,6 @@ TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooksAndNoBackup) {
     EXPECT_TRUE(strayFiles().empty());
 }
 
-TEST_F(ClaudeHooksTest, ABlankFileCountsAsEmptyAndIsBackedUp) {
-    writeSettings(" \n\t\r\n");
-    ASSERT_EQ(hooks().install(), std::nullopt);
-    EXPECT_EQ(backupText(), " \n\t\r\n");
-}
-
 // The bytes themselves are the edit's concern (ClaudeSettingsEditTest); here, the file and its backup.
 TEST_F(ClaudeHooksTest, UninstallGivesBackTheFileAndTheBackupHoldsItAsBeforeOurFirstChange) {
     const std::string original = "{\n    \"model\": \"opus\"\n}\n";
@@ -171,20 +165,6 @@ TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
         }
         EXPECT_FALSE(fs::is_regular_file(backup()));
     }
-}
-
-TEST_F(ClaudeHooksTest, OverridesMoveTheFilesButNotTheCommand) {
-    environment.set("VANTRELLE_CLAUDE_SETTINGS", (dir / "elsewhere/settings.json").string());
-    environment.set("VANTRELLE_CLAUDE_EVENTS", (dir / "events/e.jsonl").string());
-    EXPECT_EQ(hooks().backupFile(), dir / "elsewhere/settings.json.vantrelle-backup");
-    EXPECT_NE(hooks().command().find("$HOME/.local/share/Vantrelle/claude-events.jsonl"), std::string::npos);
-
-    AppPaths custom = paths;
-    custom.dataHome = dir / "my data";
-    EXPECT_NE(ClaudeHooks(custom, MapEnvironment{})
-                  .command()
-                  .find((dir / "my data/Vantrelle/claude-events.jsonl").string()),
-              std::string::npos);
 }
 
 }  // namespace

@@ -60,7 +60,6 @@ TEST_F(HooksCommandTest, HelpAndUnknownArguments) {
         std::string firstLine;
     } cases[] = {
         {{"--help"}, 0, "usage: vantrelle hooks status|install|uninstall [--statusline [--replace]]"},
-        {{}, 2, "vantrelle hooks: say what to do"},
         {{"enable"}, 2, "vantrelle hooks: unknown argument \"enable\""},
     };
     for (const auto& [arguments, status, firstLine] : cases) {

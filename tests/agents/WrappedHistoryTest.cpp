@@ -32,7 +32,7 @@ TEST_F(WrappedHistoryTest, StartsTrackingTodayAndPersistsAcrossRestarts) {
     EXPECT_EQ(day.meetingsJoined, 1);
 }
 
-TEST_F(WrappedHistoryTest, AITokensOnlyEverGrowAndLowerFiguresWriteNothing) {
+TEST_F(WrappedHistoryTest, AITokensOnlyEverGrowLowerFiguresWriteNothingAndFourHundredDaysAreKept) {
     WrappedHistory history(file, clock, false);
     const Date day = testing::iso("2030-06-14T08:00:00Z");
     history.recordAITokens({{day, 500}, {testing::iso("2030-06-13T08:00:00Z"), 0}});
@@ -43,14 +43,12 @@ TEST_F(WrappedHistoryTest, AITokensOnlyEverGrowAndLowerFiguresWriteNothing) {
     EXPECT_FALSE(std::filesystem::exists(file));  // nothing changed, nothing saved
     history.recordAITokens({{day, 800}});
     EXPECT_EQ(WrappedHistory(file, clock, false).days().at("2030-06-14").aiTokens, 800);
-}
 
-TEST_F(WrappedHistoryTest, KeepsFourHundredDays) {
-    WrappedHistory history(file, clock, false);
+    // Four hundred days are kept.
     history.recordAITokens(
         {{testing::iso("2029-05-10T10:00:00Z"), 1}, {testing::iso("2029-05-11T10:00:00Z"), 2}});
     EXPECT_FALSE(history.days().contains("2029-05-10"));
-    EXPECT_TRUE(history.days().contains("2029-05-11"));  // exactly 400 days back
+    EXPECT_TRUE(history.days().contains("2029-05-11"));
 }
 
 TEST_F(WrappedHistoryTest, AnUnreadableFileIsMovedAsideAndTheHistoryStartsOver) {

@@ -87,17 +87,6 @@ TEST_F(AppSettingsTest, DashboardAndTheLastToolCannotBeTurnedOff) {
     EXPECT_EQ(s.orderedEnabledTabs(), (std::vector<NotchTab>{NotchTab::notes, NotchTab::calc}));
 }
 
-TEST_F(AppSettingsTest, GeometryAndAppearanceWritesPostTheirNotifications) {
-    auto& s = load();
-    int geometry = 0, appearance = 0;
-    auto a = notifications.observe(Notifications::notchGeometrySettingsChanged, [&] { ++geometry; });
-    auto b = notifications.observe(Notifications::notchAppearanceChanged, [&] { ++appearance; });
-    s.setSimulateNotch(false);
-    s.setAppearance(Appearance::light);
-    EXPECT_EQ(geometry, 1);
-    EXPECT_EQ(appearance, 1);
-}
-
 TEST_F(AppSettingsTest, ScreenshotSettingReachesTheWatcherAfterTheWrite) {
     auto& s = load();
     bool applied = false;

@@ -3,7 +3,6 @@
 #include "fakes/ScopedTimeZone.h"
 #include "notes/ChangeLabel.h"
 #include "notes/Note.h"
-#include "notes/Uuid.h"
 
 namespace vantrelle {
 namespace {
@@ -45,19 +44,6 @@ TEST(NoteTextTest, TitleAndPreviewComeFromTheFirstTwoFilledLines) {
     }
     EXPECT_TRUE(NoteText::isBlank(" \n\t\r\n\u00A0"));
     EXPECT_FALSE(NoteText::isBlank("\n.\n"));
-}
-
-TEST(NoteTextTest, UuidsAreVersionFourUpperCaseAndDistinct) {
-    const std::string a = Uuid::make();
-    const std::string b = Uuid::make();
-    EXPECT_NE(a, b);
-    ASSERT_EQ(Uuid::normalized(a), a);
-    EXPECT_EQ(a[14], '4');
-    EXPECT_NE(std::string("89AB").find(a[19]), std::string::npos);
-    EXPECT_EQ(Uuid::normalized("6c1e0f3a-2b8d-4e7a-9c51-0d4f8a2b6e01"),
-              "6C1E0F3A-2B8D-4E7A-9C51-0D4F8A2B6E01");
-    for (const char* bad : {"", "6C1E0F3A2B8D4E7A9C510D4F8A2B6E01", "6C1E0F3A-2B8D-4E7A-9C51-0D4F8A2B6E0G"})
-        EXPECT_EQ(Uuid::normalized(bad), std::nullopt) << bad;
 }
 
 TEST(NoteTextTest, ChangeLabelsReadInTheLocalCalendar) {

@@ -120,15 +120,5 @@ TEST_F(TaskStoreTest, AnotherProgramsSpellingOfTheSameListLoads) {
     EXPECT_FALSE(store->items()[0].completedAt);
 }
 
-TEST_F(TaskStoreTest, DemoModeShowsCannedItemsAndWritesNothing) {
-    auto store = open(/*demo=*/true);
-    ASSERT_FALSE(store->items().empty());
-    store->add("typed in a recording");
-    store->toggle(store->items()[0].id);
-    store->clearDone();
-    EXPECT_FALSE(fs::exists(dir / "tmp"));
-    EXPECT_FALSE(fs::exists(root));
-}
-
 }  // namespace
 }  // namespace vantrelle
