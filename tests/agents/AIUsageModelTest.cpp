@@ -37,21 +37,16 @@ protected:
     AIUsageModel model{
         {environment, home.path(), clock, clock, queues, processes, settings, center, &history, false}};
 
-    // One Claude Code session file whose lines carry the given times, modified at the last of them.
-    void session(std::string_view id, std::initializer_list<std::string_view> times, std::int64_t input = 100,
+    // One Claude Code session file with one reply at `time`, modified then.
+    void session(std::string_view id, std::string_view time, std::int64_t input = 100,
                  std::string_view project = "app") {
-        const auto file = home / ".claude/projects" / std::string(project) / (std::string(id) + ".jsonl");
-        std::string text = R"({"type":"user","cwd":"/home/dev/)" + std::string(project) +
-                           R"(","message":{"content":"go"}})"
-                           "\n";
-        int n = 0;
-        for (auto time : times) {
-            text += testing::claudeAssistant(std::string(id) + std::to_string(n), "r" + std::to_string(n),
-                                             input, 0, time);
-            ++n;
-        }
-        home.write(file.lexically_relative(home.path()).string(), text);
-        testing::setModified(file, iso(*(times.end() - 1)));
+        const std::string relative =
+            ".claude/projects/" + std::string(project) + "/" + std::string(id) + ".jsonl";
+        const std::string prompt = R"({"type":"user","cwd":"/home/dev/)" + std::string(project) +
+                                   R"(","message":{"content":"go"}})"
+                                   "\n";
+        testing::setModified(home.write(relative, prompt + testing::claudeAssistant(id, "r", input, 0, time)),
+                             iso(time));
     }
 
     void scanAt(std::string_view time) {
@@ -70,8 +65,8 @@ protected:
 
 // The figures' rules are UsageSummaryTest's; here, that a scan's figures and the budget setting arrive.
 TEST_F(AIUsageModelTest, AScanReachesTheFiguresTheLedgerAndTheRecapQueries) {
-    session("big", {"2030-01-01T01:00:00Z"}, 3'000'000 - 7);
-    session("small", {"2030-01-01T17:00:00Z"}, 500'000 - 7, "web");
+    session("big", "2030-01-01T01:00:00Z", 3'000'000 - 7);
+    session("small", "2030-01-01T17:00:00Z", 500'000 - 7, "web");
     scanAt("2030-01-01T18:00:00Z");
     ASSERT_TRUE(model.block());
     EXPECT_EQ(model.block()->tokens, 500'000);
@@ -89,7 +84,7 @@ TEST_F(AIUsageModelTest, AScanReachesTheFiguresTheLedgerAndTheRecapQueries) {
 }
 
 TEST_F(AIUsageModelTest, SessionStatesFollowTheProcessOfTheirTool) {
-    session("a", {"2030-01-01T18:39:31Z"});
+    session("a", "2030-01-01T18:39:31Z");
     processList({"claude --resume"});
     scanAt("2030-01-01T18:40:00Z");
     ASSERT_EQ(model.sessions().size(), 1u);
@@ -112,7 +107,7 @@ TEST_F(AIUsageModelTest, SessionStatesFollowTheProcessOfTheirTool) {
 
 TEST_F(AIUsageModelTest, The80PercentFlashComesOncePerWindow) {
     settings.setAiBlockTokenBudget(1000);
-    session("a", {"2030-01-01T18:00:00Z"}, 800 - 7);
+    session("a", "2030-01-01T18:00:00Z", 800 - 7);
     scanAt("2030-01-01T18:10:00Z");
     auto flash = center.activity(LiveActivityCenter::Source::flash);
     ASSERT_TRUE(flash);
@@ -122,7 +117,7 @@ TEST_F(AIUsageModelTest, The80PercentFlashComesOncePerWindow) {
     EXPECT_FALSE(center.activity(LiveActivityCenter::Source::flash));
 
     // A new window flashes again; jumping past 100% shows only the limit.
-    session("b", {"2030-01-02T09:00:00Z"}, 1500 - 7);
+    session("b", "2030-01-02T09:00:00Z", 1500 - 7);
     scanAt("2030-01-02T09:01:00Z");
     flash = center.activity(LiveActivityCenter::Source::flash);
     ASSERT_TRUE(flash);
@@ -131,7 +126,7 @@ TEST_F(AIUsageModelTest, The80PercentFlashComesOncePerWindow) {
 }
 
 TEST_F(AIUsageModelTest, TimersScanEveryTwentySecondsOrFiveWhileActive) {
-    session("a", {"2030-01-01T18:30:00Z"});
+    session("a", "2030-01-01T18:30:00Z");
     clock.setNow(iso("2030-01-01T18:40:00Z"));
     model.start();
     clock.runUntilIdle();

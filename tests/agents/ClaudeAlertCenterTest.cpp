@@ -18,19 +18,16 @@ using testing::TempDir;
 
 class ClaudeAlertCenterTest : public ::testing::Test {
 protected:
-    ClaudeAlertCenter& make(bool demo = false) {
+    ClaudeAlertCenter& started() {
         center.emplace(ClaudeAlertCenter::Dependencies{
             events, scheduler, scheduler, activities, notifications, settings, sounds, watcher,
-            [](auto answer) { answer(true); }, demo,
+            [](auto answer) { answer(true); }, false,
             [this](const std::filesystem::path& p) {
                 return modified.contains(p) ? std::optional(modified.at(p)) : std::nullopt;
             }});
         messages = notifications.observeMessage(Notifications::claudeNeedsUser,
                                                 [this](const std::string& m) { posted.push_back(m); });
-        return *center;
-    }
-    ClaudeAlertCenter& started() {
-        make().start();
+        center->start();
         return *center;
     }
 
@@ -81,7 +78,6 @@ TEST_F(ClaudeAlertCenterTest, ApprovalIsNeverDowngradedAndIsShownBeforeAnOlderWa
     append(notification("b", "elicitation_dialog", "/work/web"));
     EXPECT_EQ(c.alerts().at("b").kind, AgentAlertKind::approval);
     EXPECT_EQ(sounds.played, (std::vector<std::string>{"Ping", "Tink", "Ping"}));
-    EXPECT_EQ(posted.at(1), "Claude is waiting for you");
     EXPECT_EQ(shown(), (LiveActivity::AgentAlert{"api", AgentAlertKind::approval})) << "older first";
 
     append(notification("w", "idle_prompt", "/work/cli"));
@@ -166,7 +162,6 @@ TEST_F(ClaudeAlertCenterTest, TruncationFromOutsideStartsOverAndOnlyFilesOver32K
     append(R"({"session_id":"x","hook_event_name":"Other"})"
            "\n");
     EXPECT_EQ(std::filesystem::file_size(events), 0u);
-    EXPECT_EQ(c.offset(), 0u);
 }
 
 }  // namespace
