@@ -45,14 +45,5 @@ TEST(AIUsageGaugesTest, TheWindowClosesFiveHoursAfterItsStart) {
     EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 6 * 3600), 0);
 }
 
-TEST(AIUsageGaugesTest, DayBarsScaleToTheBusiestDay) {
-    const std::vector<AIDayTotals> week{
-        {Date{0}, 200, 0}, {Date{1}, 800, 0}, {Date{2}, 0, 0}, {Date{3}, -5, 0}};
-    EXPECT_EQ(AIUsageGauges::dayFractions(week), (std::vector<double>{0.25, 1.0, 0.0, 0.0}));
-    const std::vector<AIDayTotals> quiet{{Date{0}, 0, 0}, {Date{1}, 0, 0}};
-    EXPECT_EQ(AIUsageGauges::dayFractions(quiet), (std::vector<double>{0.0, 0.0}));
-    EXPECT_TRUE(AIUsageGauges::dayFractions({}).empty());
-}
-
 }  // namespace
 }  // namespace vantrelle

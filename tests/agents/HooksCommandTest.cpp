@@ -8,7 +8,6 @@
 namespace vantrelle {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::TempDir;
 
 class HooksCommandTest : public ::testing::Test {
@@ -51,24 +50,6 @@ TEST_F(HooksCommandTest, ARefusalExitsOneWithTheSwitchsOwnMessage) {
     const auto status = run({"status"});
     EXPECT_EQ(status.status, 1);
     EXPECT_NE(status.err.find("it holds an array, not an object."), std::string::npos) << status.err;
-}
-
-TEST_F(HooksCommandTest, HelpAndUnknownArguments) {
-    const struct {
-        std::vector<std::string> arguments;
-        int status;
-        std::string firstLine;
-    } cases[] = {
-        {{"--help"}, 0, "usage: vantrelle hooks status|install|uninstall [--statusline [--replace]]"},
-        {{"enable"}, 2, "vantrelle hooks: unknown argument \"enable\""},
-    };
-    for (const auto& [arguments, status, firstLine] : cases) {
-        const auto result = run(arguments);
-        const std::string& text = status == 0 ? result.out : result.err;
-        EXPECT_EQ(result.status, status) << firstLine;
-        EXPECT_EQ(text.substr(0, text.find('\n')), firstLine);
-    }
-    EXPECT_FALSE(fs::exists(file())) << "help and mistakes touch nothing";
 }
 
 TEST_F(HooksCommandTest, AForeignStatusLineIsKeptUnlessReplacedAndUninstallTakesOnlyOurs) {

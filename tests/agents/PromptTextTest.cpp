@@ -40,12 +40,5 @@ TEST(PromptTextTest, NinetyCharactersStayWholeAndNinetyOneAreCut) {
     EXPECT_EQ(cleanPrompt(repeat("\U0001F1EB\U0001F1F7", 91)), repeat("\U0001F1EB\U0001F1F7", 89) + "\u2026");
 }
 
-TEST(PromptTextTest, LineFeedsBecomeBlanksAndEndsAreTrimmed) {
-    EXPECT_EQ(cleanPrompt("\n  fix\nit \u3000\t"), "fix it");
-    EXPECT_EQ(cleanPrompt(" \n "), "");
-    // Trimming happens before counting: 90 characters inside blanks stay whole.
-    EXPECT_EQ(cleanPrompt("   " + repeat("b", 90) + "   "), repeat("b", 90));
-}
-
 }  // namespace
 }  // namespace vantrelle

@@ -88,22 +88,6 @@ TEST_F(UsageSummaryTest, ActiveTimeCapsPausesAtTenMinutesAndCountsTheRunningTail
     EXPECT_EQ(running.sessions[0].projectName, "shop");
 }
 
-TEST_F(UsageSummaryTest, ASessionWithoutEventsTakesItsFiguresFromTheLog) {
-    auto m = meta("quiet", AgentTool::codex, "");
-    m.firstTimestamp = iso("2030-01-02T08:00:00Z");
-    m.lastTimestamp = iso("2030-01-02T08:30:00Z");
-    m.firstPrompt = "Fix the build";
-    m.messages = 7;
-    sessions.emplace("quiet", m);
-    const auto summary = summarize("2030-01-02T09:00:00Z");
-    ASSERT_EQ(summary.sessions.size(), 1u);
-    const auto& s = summary.sessions[0];
-    EXPECT_EQ(s.messages, 7);
-    EXPECT_EQ(s.title, "Fix the build");
-    EXPECT_EQ(s.projectName, displayName(AgentTool::codex));
-    EXPECT_EQ(s.lastActivity, iso("2030-01-02T08:30:00Z"));
-}
-
 TEST_F(UsageSummaryTest, WindowsOpenAtTheFullHourAndTheLastStaysUntilFiveHoursOfSilence) {
     testing::useTimeZone("UTC");
     events = {event("2030-01-01T09:10:00Z", "s", 100), event("2030-01-01T13:59:00Z", "s", 100),

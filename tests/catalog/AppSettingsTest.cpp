@@ -83,25 +83,6 @@ TEST_F(AppSettingsTest, AFreshStoreHasEveryToolOnAndNeitherDashboardNorTheLastTo
     EXPECT_EQ(s.orderedEnabledTabs(), (std::vector<NotchTab>{NotchTab::notes, NotchTab::calc}));
 }
 
-TEST_F(AppSettingsTest, ScreenshotSettingReachesTheWatcherAfterTheWrite) {
-    auto& s = load();
-    bool applied = false;
-    s.onScreenshotsToShelfChanged = [&] { applied = !s.addScreenshotsToShelf(); };
-    s.setAddScreenshotsToShelf(false);
-    EXPECT_FALSE(applied);
-    scheduler.runUntilIdle();
-    EXPECT_TRUE(applied);
-}
-
-TEST_F(AppSettingsTest, LaunchAtLoginReflectsThePlatformEvenAfterAFailure) {
-    auto& s = load();
-    s.setLaunchAtLogin(true);
-    loginItem.failing = true;
-    s.setLaunchAtLogin(false);
-    EXPECT_TRUE(s.launchAtLogin());
-    EXPECT_FALSE(defaults.object("launchAtLogin").has_value());
-}
-
 TEST(AppSettingsPersistence, ValuesSurviveARestartThroughTheJsonStore) {
     testing::TempDir dir;
     NotificationCenter notifications;
