@@ -81,14 +81,11 @@ TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
         "\n"
         R"({"type":"user","gitBranch":"HEAD","message":{"content":"<command>ls</command>"}})"
         "\n"
-        R"({"type":"user","gitBranch":"","message":{"content":"more"}})"
-        "\n"
         R"({"type":"user","timestamp":"2030-01-01T11:00:00.500Z","message":{"content":"second prompt"}})"
         "\n"
         R"({"type":"ai-title","aiTitle":"Fixing the bug"})"
         "\n");
-    auto meta = log.scan().sessions().at("s1");
-    EXPECT_EQ(meta.cwd, "/home/dev/app");
+    const auto meta = log.scan().sessions().at("s1");
     EXPECT_EQ(meta.branch, "main");
     EXPECT_EQ(meta.firstPrompt, "fix the bug");
     EXPECT_EQ(meta.lastPrompt, "second prompt");

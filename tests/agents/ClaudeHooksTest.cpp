@@ -48,7 +48,6 @@ TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooksAndNoBackup) {
     EXPECT_EQ(Json::parse(text())["hooks"]["Notification"][0]["hooks"][0]["command"],
               "{ cat; echo; } >> \"$HOME/.local/share/Vantrelle/claude-events.jsonl\" 2>/dev/null; exit 0");
     EXPECT_FALSE(fs::exists(backup()));
-    EXPECT_TRUE(hooks().isInstalled());
     EXPECT_TRUE(fs::is_directory(dir / "home/.local/share/Vantrelle"));
     EXPECT_EQ(text().find("\\/"), std::string::npos) << "slashes stay unescaped";
     EXPECT_TRUE(strayFiles().empty());
@@ -142,8 +141,6 @@ TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
              fs::resize_file(file(), 17 * 1024 * 1024);  // sparse: costs no disk
          },
          unreadable("it is larger than 16 MB, too large for a settings file")},
-        {"a path through a file", [&] { dir.write("home/.claude", "not a folder"); },
-         unreadable("Not a directory")},
         {"the backup's name taken",
          [&] {
              writeSettings(R"({"model": "opus"})");

@@ -24,30 +24,24 @@ std::vector<AIUsageEvent> events(const ClaudeReplies& replies) {
     return out;
 }
 
-TEST(ClaudeRepliesTest, AStreamedReplyIsOneEventAtItsFinalSize) {
+TEST(ClaudeRepliesTest, AStreamedReplyIsOneEventAtItsFinalSizeAndKeylessLinesStandAlone) {
     ClaudeReplies replies;
     line(replies, 1, "m|r", 3, "2030-01-01T10:00:00Z", 50);
     line(replies, 1, "m|r", 9, "2030-01-01T10:00:01Z", 20);
     line(replies, 1, "m|r", 159, "2030-01-01T10:00:02Z", 20, "claude-opus-4-8");
+    // Among lines with the most output the earliest gives the date.
+    line(replies, 2, "n|s", 159, "2030-01-02T00:00:05Z");  // a copy in a later session, after midnight
+    line(replies, 1, "n|s", 159, "2030-01-01T23:59:59Z");
+    line(replies, 1, "n|s", 100, "2030-01-01T23:00:00Z");
+    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
+    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
     const auto found = events(replies);
-    ASSERT_EQ(found.size(), 1u);
+    ASSERT_EQ(found.size(), 4u);
     EXPECT_EQ(found[0].output, 159);
     EXPECT_EQ(found[0].input, 50);  // each figure is the largest on any line
     EXPECT_EQ(found[0].timestamp, iso("2030-01-01T10:00:02Z"));
     EXPECT_EQ(found[0].model, "claude-opus-4-8");
-}
-
-TEST(ClaudeRepliesTest, AmongLinesWithTheMostOutputTheEarliestGivesTheDateAndKeylessLinesStandAlone) {
-    ClaudeReplies replies;
-    line(replies, 2, "m|r", 159, "2030-01-02T00:00:05Z");  // a copy in a later session, after midnight
-    line(replies, 1, "m|r", 159, "2030-01-01T23:59:59Z");
-    line(replies, 1, "m|r", 100, "2030-01-01T23:00:00Z");
-    // Lines without a key are replies of their own.
-    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
-    line(replies, 1, "", 1, "2030-01-01T10:00:00Z");
-    const auto found = events(replies);
-    ASSERT_EQ(found.size(), 3u);
-    EXPECT_EQ(found[0].timestamp, iso("2030-01-01T23:59:59Z"));
+    EXPECT_EQ(found[1].timestamp, iso("2030-01-01T23:59:59Z"));
 }
 
 TEST(ClaudeRepliesTest, AFileThatGoesTakesOnlyItsOwnLines) {

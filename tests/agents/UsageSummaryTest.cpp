@@ -18,11 +18,10 @@ AIUsageEvent event(std::string_view at, std::string session, std::int64_t input,
     return e;
 }
 
-AISessionMeta meta(std::string id, AgentTool tool = AgentTool::claudeCode, std::string cwd = "/code/shop") {
+AISessionMeta meta(std::string id) {
     AISessionMeta m;
     m.sessionId = std::move(id);
-    m.tool = tool;
-    m.cwd = std::move(cwd);
+    m.cwd = "/code/shop";
     return m;
 }
 
@@ -64,8 +63,6 @@ TEST_F(UsageSummaryTest, GeminiCountsForTheDayButHasNoWindow) {
     events.push_back(event("2030-01-02T09:15:00Z", "c", 300'000));
     summary = summarize("2030-01-02T09:20:00Z");
     ASSERT_TRUE(summary.block);
-    EXPECT_EQ(summary.block->tokens, 300'000);
-    EXPECT_EQ(summary.block->budget, 1'000'000);
     // Kolkata's full hours fall at half past in UTC: 09:15Z is 14:45 there, so the window opened at
     // 14:00, 08:30Z, and has run 50 minutes.
     EXPECT_EQ(summary.block->start, iso("2030-01-02T08:30:00Z"));

@@ -45,14 +45,6 @@ TEST_F(AppSettingsTest, WrongTypesAndUnknownNamesFallBack) {
     EXPECT_EQ(defaults.stringArray("dashboardTiles")->size(), 8u);
 }
 
-TEST_F(AppSettingsTest, EnabledTabsAlwaysKeepTheFourCoreTools) {
-    defaults.set("enabledTabs", std::vector<std::string>{"notes", "bogus"});
-    for (auto key : {"introduced.game", "introduced.menuBar", "introduced.devServers"})
-        defaults.set(key, true);
-    EXPECT_EQ(load().enabledTabs(), (TabSet{NotchTab::dashboard, NotchTab::notes, NotchTab::aiUsage,
-                                            NotchTab::calc, NotchTab::support}));
-}
-
 TEST_F(AppSettingsTest, LaterToolsAreIntroducedOnceAndStayOffWhenTurnedOff) {
     defaults.set("enabledTabs", std::vector<std::string>{"dashboard", "notes"});
     defaults.set("introduced.menuBar", true);

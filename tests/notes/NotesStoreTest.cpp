@@ -135,23 +135,6 @@ TEST_F(NotesStoreTest, AnUnreadableFileFallsBackToTheLegacyFile) {
     EXPECT_EQ(testing::unreadableCopies(file).size(), 1u);
 }
 
-TEST_F(NotesStoreTest, NewNoteReusesABlankNoteAndPruneBlanksDropsThemWithTheirSelection) {
-    auto store = open();
-    store->ensureSelection();  // with no notes, starts one
-    const std::string blankId = *store->selectedId();
-    EXPECT_EQ(store->newNote("written").id, blankId);
-    store->newNote();
-    const std::string second = *store->selectedId();
-    store->newNote("\n  \t");
-    EXPECT_EQ(store->notes().size(), 2u);
-    EXPECT_EQ(store->selectedId(), second);
-
-    store->pruneBlanks();
-    EXPECT_EQ(bodies(store->notes()), std::vector<std::string>{"written"});
-    EXPECT_FALSE(store->selectedId());
-    EXPECT_EQ(stored().size(), 1u);
-}
-
 TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) {
     auto store = open();
     for (const char* body : {"d", "c", "b", "a"}) {

@@ -72,18 +72,6 @@ TEST_F(TaskStoreTest, ChangesAimedAtNothingNeitherChangeNorSave) {
     EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(TaskStoreTest, OpenAndDoneKeepListOrderAndClearDoneRemovesOnlyDone) {
-    auto store = open();
-    for (const char* title : {"a", "b", "c", "d"}) store->add(title);
-    store->toggle(countedId(3));
-    store->toggle(countedId(1));
-    EXPECT_EQ(titles(store->openItems()), (std::vector<std::string>{"b", "d"}));
-    EXPECT_EQ(titles(store->doneItems()), (std::vector<std::string>{"a", "c"}));
-    store->remove(countedId(4));
-    store->clearDone();
-    EXPECT_EQ(titles(stored()), (std::vector<std::string>{"b"}));
-}
-
 TEST_F(TaskStoreTest, AnUndecodableFileGivesAnEmptyListIsKeptAsideAndTheNextChangeWritesAfresh) {
     const std::vector<std::pair<const char*, std::string>> cases = {
         {"not JSON", "[{"},
