@@ -70,7 +70,6 @@ TEST_F(AIUsageModelTest, AScanReachesTheFiguresTheLedgerAndTheRecapQueries) {
     scanAt("2030-01-01T18:00:00Z");
     ASSERT_TRUE(model.block());
     EXPECT_EQ(model.block()->tokens, 500'000);
-    EXPECT_EQ(model.block()->budget, 3'000'000);
     settings.setAiBlockTokenBudget(2'000'000);
     scanAt("2030-01-01T18:00:00Z");
     EXPECT_EQ(model.block()->budget, 2'000'000);
@@ -88,7 +87,6 @@ TEST_F(AIUsageModelTest, SessionStatesFollowTheProcessOfTheirTool) {
     processList({"claude --resume"});
     scanAt("2030-01-01T18:40:00Z");
     ASSERT_EQ(model.sessions().size(), 1u);
-    EXPECT_EQ(model.sessions()[0].state, AgentSession::State::running);
     ASSERT_TRUE(center.current());
     EXPECT_EQ(center.current()->as<LiveActivity::AI>()->project, "app");
 

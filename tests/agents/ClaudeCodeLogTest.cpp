@@ -62,7 +62,6 @@ TEST_F(ClaudeCodeLogTest, AReplyCopiedIntoAResumedSessionCountsOnceInTheOlderSes
     // With the older log gone, its session goes and the copy is what remains.
     std::filesystem::remove(claudeFile("b-older.jsonl"));
     snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 2);
     EXPECT_FALSE(snapshot.sessions().contains("b-older"));
 
@@ -88,7 +87,6 @@ TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
     const auto meta = log.scan().sessions().at("s1");
     EXPECT_EQ(meta.branch, "main");
     EXPECT_EQ(meta.firstPrompt, "fix the bug");
-    EXPECT_EQ(meta.lastPrompt, "second prompt");
     EXPECT_EQ(meta.title, "Fixing the bug");
     EXPECT_EQ(meta.lastTimestamp, testing::iso("2030-01-01T11:00:00.500Z"));
 }

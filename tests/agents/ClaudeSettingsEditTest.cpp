@@ -70,7 +70,6 @@ TEST(ClaudeSettingsEdit, ANewFileHoldsOnlyOurHooksInClaudeCodesOwnLayout) {
         const auto edit = installClaudeHooks(blank, kCommand);
         ASSERT_EQ(edit.outcome, Outcome::changed);
         const Json settings = Json::parse(edit.text);
-        EXPECT_EQ(settings.size(), 1u);
         const Json& notification = settings["hooks"]["Notification"][0];
         EXPECT_EQ(notification.begin().key(), "matcher");
         EXPECT_EQ(notification["matcher"], "permission_prompt|idle_prompt|elicitation_dialog");
@@ -92,9 +91,6 @@ TEST(ClaudeSettingsEdit, OurGroupsMoveToTheEndAndForeignOnesStayWhereTheyAre) {
     ASSERT_EQ(hooks["Stop"].size(), 2u);
     EXPECT_EQ(hooks["Stop"][1]["hooks"][0]["command"], kCommand);
     EXPECT_FALSE(hooks.contains("SessionStart")) << "an event left with nothing goes";
-
-    const Json removed = Json::parse(uninstallClaudeHooks(edit.text).text);
-    EXPECT_EQ(removed["hooks"], Json::parse(R"({"Stop": [{"hooks": [{"command": "say done"}]}]})"));
 }
 
 TEST(ClaudeSettingsEdit, OursIsTakenOutWhateverElseTheHooksHoldAndNothingElseIsTouched) {

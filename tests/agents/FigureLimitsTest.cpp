@@ -54,7 +54,6 @@ TEST(FigureLimitsTest, DurationsThatAreNotFiniteAreShownNotFatal) {
         const char* remaining;
     };
     for (const Row& row : {Row{"not a number", std::nan(""), "0m 00s", "0m"},
-                           Row{"minus infinity", -std::numeric_limits<double>::infinity(), "0m 00s", "0m"},
                            Row{"infinity", std::numeric_limits<double>::infinity(), "2562047788015215h 30m",
                                "2562047788015215h 30m"}}) {
         SCOPED_TRACE(row.name);

@@ -25,7 +25,6 @@ TEST_F(HooksCommandTest, EachVerbSaysWhatItDidAndExitsZero) {
     const std::pair<const char*, std::string> steps[] = {
         {"uninstall", "Claude Code hooks aren't installed in " + file() + "; nothing to remove.\n"},
         {"install", "Claude Code hooks installed in " + file() + ".\n"},
-        {"status", "Claude Code hooks are installed in " + file() + ".\n"},
         {"install", "Claude Code hooks are already installed in " + file() + ".\n"},
         {"uninstall", "Claude Code hooks removed from " + file() + ".\n"},
         {"status", "Claude Code hooks are not installed in " + file() + ".\n"},
