@@ -113,23 +113,5 @@ TEST_F(LogLineApplyTest, GeminiFiguresSaturateAndNegativeOnesCountAsZero) {
     EXPECT_EQ(event.cacheRead, 0);
 }
 
-TEST_F(LogLineApplyTest, AFutureGeminiMessageIsSkippedButTheRestOfItsUpdateCounts) {
-    GeminiMessage messages[2];
-    for (auto& message : messages) {
-        message.hasType = true, message.type = "gemini", message.hasId = true, message.tokensIsObject = true;
-        message.input = 10, message.output = 1, message.hasDate = true;
-    }
-    messages[0].id = "late", messages[0].date = "9999-01-01T00:00:00Z";
-    messages[1].id = "ok", messages[1].date = "2030-01-01T11:00:00Z";
-    GeminiLine line;
-    line.setIsObject = true, line.setMessages = messages, line.setMessageCount = 2;
-    line.hasSummary = true, line.summary = "  A  title ";
-    applyGemini(line, context);
-    EXPECT_FALSE(state.geminiEvents.contains("late"));
-    EXPECT_TRUE(state.geminiEvents.contains("ok"));
-    EXPECT_EQ(meta.title, "A  title");
-    EXPECT_EQ(sink.problems.futureLines, 1);
-}
-
 }  // namespace
 }  // namespace vantrelle
