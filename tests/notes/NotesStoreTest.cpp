@@ -87,6 +87,8 @@ TEST_F(NotesStoreTest, NotesSurviveARestartNewestFirstWithTheirDates) {
 TEST_F(NotesStoreTest, AnUnreadableFileIsMovedAsideAndTheNextSaveStartsAFreshOne) {
     const std::vector<std::pair<const char*, std::string>> cases = {
         {"not JSON", "{\"id\": "},
+        {"a note without a body",
+         R"([{"id":"00000000-0000-4000-8000-000000000001","createdAt":1,"updatedAt":1}])"},
         {"deeply nested", std::string(100'000, '[')},
     };
     for (const auto& [name, contents] : cases) {
