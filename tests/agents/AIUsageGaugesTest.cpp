@@ -14,11 +14,10 @@ struct BlockRow {
     bool overBudget;
 };
 
-TEST(AIUsageGaugesTest, TheGaugeFillsAgainstTheBudgetOrElseWhereTheWindowIsHeading) {
+TEST(AIUsageGaugesTest, TheGaugeFillsAgainstTheBudgetOrWhereTheWindowIsHeadingUntilItCloses) {
     const BlockRow rows[] = {
         {"no budget: against the projection", 250, 1000, 0, 0.25, false},
         {"no budget, projection behind the tokens", 500, 100, 0, 1.0, false},
-        {"under the budget", 100, 300, 400, 0.25, false},
         {"heading past the budget", 100, 500, 400, 0.25, true},
         {"projection exactly at the budget", 100, 400, 400, 0.25, false},
         {"past the budget, gauge stays full", 900, 900, 400, 1.0, true},
@@ -34,24 +33,13 @@ TEST(AIUsageGaugesTest, TheGaugeFillsAgainstTheBudgetOrElseWhereTheWindowIsHeadi
         EXPECT_DOUBLE_EQ(AIUsageGauges::blockFraction(block), row.fraction);
         EXPECT_EQ(AIUsageGauges::overBudget(block), row.overBudget);
     }
-}
-
-TEST(AIUsageGaugesTest, TheWindowClosesFiveHoursAfterItsStart) {
+    // The window closes five hours after its start.
     AIBlockUsage block;
     block.start = Date{1'000'000};
     EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start), 5 * 3600);
     EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 4 * 3600 + 1800), 1800);
     EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 5 * 3600), 0);
     EXPECT_EQ(AIUsageGauges::secondsLeft(block, block.start + 6 * 3600), 0);
-}
-
-TEST(AIUsageGaugesTest, DayBarsScaleToTheBusiestDay) {
-    const std::vector<AIDayTotals> week{
-        {Date{0}, 200, 0}, {Date{1}, 800, 0}, {Date{2}, 0, 0}, {Date{3}, -5, 0}};
-    EXPECT_EQ(AIUsageGauges::dayFractions(week), (std::vector<double>{0.25, 1.0, 0.0, 0.0}));
-    const std::vector<AIDayTotals> quiet{{Date{0}, 0, 0}, {Date{1}, 0, 0}};
-    EXPECT_EQ(AIUsageGauges::dayFractions(quiet), (std::vector<double>{0.0, 0.0}));
-    EXPECT_TRUE(AIUsageGauges::dayFractions({}).empty());
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -16,17 +15,6 @@
 #include "agents/IsoDate.h"
 #include "platform/Date.h"
 #include "support/AppPaths.h"
-
-namespace vantrelle {
-
-// Readable events in test failures.
-inline void PrintTo(const AIUsageEvent& e, std::ostream* out) {
-    *out << "{" << e.sessionId << " " << formatIsoDate(e.timestamp) << " " << rawValue(e.tool) << " '"
-         << e.model << "' in " << e.input << " out " << e.output << " read " << e.cacheRead << " write "
-         << e.cacheWrite << "}";
-}
-
-}  // namespace vantrelle
 
 namespace vantrelle::testing {
 

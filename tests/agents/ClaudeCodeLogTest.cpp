@@ -31,12 +31,6 @@ protected:
     std::filesystem::path claudeFile(std::string_view name = "s1.jsonl") const {
         return home / ".claude/projects/-home-dev-app" / name;
     }
-    std::filesystem::path codexFile() const { return home / ".codex/sessions/2030/01/01/rollout-c1.jsonl"; }
-    std::filesystem::path geminiFile(std::string_view name) const {
-        return home / ".gemini/tmp/abc/chats" / name;
-    }
-
-    static std::string stamp(Date date) { return formatIsoDate(date); }
 
     // Input, output and cache read of each event, in order.
     using Tokens = std::array<std::int64_t, 3>;
@@ -63,24 +57,19 @@ TEST_F(ClaudeCodeLogTest, AReplyCopiedIntoAResumedSessionCountsOnceInTheOlderSes
     ASSERT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.events()[0].sessionId, "b-older");
     EXPECT_EQ(snapshot.events()[0].output, 159);
-    EXPECT_EQ(snapshot.sessions().at("b-older").messages, 1);
     EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 1);  // only its own reply m2
 
-    // With the older log gone, its session goes, the copy is what remains, and the reply moves.
+    // With the older log gone, its session goes and the copy is what remains.
     std::filesystem::remove(claudeFile("b-older.jsonl"));
     snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 2u);
     EXPECT_EQ(snapshot.sessions().at("a-resumed").messages, 2);
     EXPECT_FALSE(snapshot.sessions().contains("b-older"));
-    EXPECT_EQ(log.fileCount(), 1u);
-}
 
-TEST_F(ClaudeCodeLogTest, LogsThatStartTogetherGiveASharedReplyToThePathThatSortsFirst) {
-    appendTo(claudeFile("z.jsonl"), claudeAssistant("m1", "r1", 1, 1));
-    appendTo(claudeFile("y.jsonl"), claudeAssistant("m1", "r1", 1, 1));
-    const auto snapshot = log.scan();
-    ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].sessionId, "y");
+    // Logs that start together give a shared reply to the path that sorts first.
+    appendTo(claudeFile("z.jsonl"), claudeAssistant("m9", "r9", 1, 1));
+    appendTo(claudeFile("y.jsonl"), claudeAssistant("m9", "r9", 1, 1));
+    snapshot = log.scan();
+    EXPECT_EQ(snapshot.sessions().at("y").messages, 1);
     EXPECT_EQ(snapshot.sessions().at("z").messages, 0);
 }
 
@@ -91,29 +80,15 @@ TEST_F(ClaudeCodeLogTest, ReadsMetadataPromptsTitlesAndKeepsBranchOverHead) {
         "\n"
         R"({"type":"user","gitBranch":"HEAD","message":{"content":"<command>ls</command>"}})"
         "\n"
-        R"({"type":"user","gitBranch":"","message":{"content":[{"type":"text","text":"array form"}]}})"
-        "\n"
-        R"({"type":"user","message":{"content":"[Image #1] look"}})"
-        "\n"
         R"({"type":"user","timestamp":"2030-01-01T11:00:00.500Z","message":{"content":"second prompt"}})"
         "\n"
         R"({"type":"ai-title","aiTitle":"Fixing the bug"})"
         "\n");
-    auto meta = log.scan().sessions().at("s1");
-    EXPECT_EQ(meta.cwd, "/home/dev/app");
+    const auto meta = log.scan().sessions().at("s1");
     EXPECT_EQ(meta.branch, "main");
     EXPECT_EQ(meta.firstPrompt, "fix the bug");
-    EXPECT_EQ(meta.lastPrompt, "second prompt");
     EXPECT_EQ(meta.title, "Fixing the bug");
-    EXPECT_EQ(meta.firstTimestamp, testing::iso("2030-01-01T09:00:00Z"));
     EXPECT_EQ(meta.lastTimestamp, testing::iso("2030-01-01T11:00:00.500Z"));
-    EXPECT_EQ(meta.tool, AgentTool::claudeCode);
-
-    // The later title line wins, whichever kind; customTitle goes before title.
-    appendTo(claudeFile(), R"({"type":"custom-title","title":"second","customTitle":"Mine"})"
-                           "\n");
-    meta = log.scan().sessions().at("s1");
-    EXPECT_EQ(meta.title, "Mine");
 }
 
 TEST_F(ClaudeCodeLogTest, BrokenLinesChangeNothingAndTheOffsetMovesOn) {
@@ -135,16 +110,14 @@ TEST_F(ClaudeCodeLogTest, AShrinkingFileIsForgottenAndReadFromItsStartInTheSameS
     const auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
     EXPECT_EQ(snapshot.events()[0].input, 7);  // the seen set went with the old state
-    EXPECT_EQ(snapshot.sessions().at("s1").messages, 1);
 }
 
 TEST_F(ClaudeCodeLogTest, AnEventOlderThanThirtyDaysCountsInMessagesButIsPruned) {
     const Date old = clock.now() - 31 * 86400.0;
-    appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1, stamp(old)) +
-                               claudeAssistant("m2", "r2", 1, 1, stamp(clock.now() - 60)));
+    appendTo(claudeFile(), claudeAssistant("m1", "r1", 1, 1, formatIsoDate(old)) +
+                               claudeAssistant("m2", "r2", 1, 1, formatIsoDate(clock.now() - 60)));
     const auto snapshot = log.scan();
     ASSERT_EQ(snapshot.events().size(), 1u);
-    EXPECT_EQ(snapshot.events()[0].timestamp, testing::iso(stamp(clock.now() - 60)));
     EXPECT_EQ(snapshot.sessions().at("s1").messages, 2);
 }
 
@@ -154,8 +127,7 @@ TEST_F(ClaudeCodeLogTest, AWholeObjectWithoutItsLineFeedCountsNowAndNotAgainWhen
     appendTo(claudeFile(), line);
     EXPECT_EQ(log.scan().events().size(), 1u);
     appendTo(claudeFile(), "\n" + claudeAssistant("m2", "r2", 1, 1));
-    const auto snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(log.scan().events().size(), 2u);
     EXPECT_EQ(log.problems().total(), 0);
 }
 
@@ -168,15 +140,13 @@ TEST_F(ClaudeCodeLogTest, ALineOverAMillionBytesIsSkippedToItsLineFeedWhateverPi
     appendTo(claudeFile(), huge.substr(1'200'000, 100'000));
     EXPECT_EQ(log.scan().events().size(), 1u);
     appendTo(claudeFile(), huge.substr(1'300'000) + "\n" + claudeAssistant("m2", "r2", 1, 1));
-    auto snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(log.scan().events().size(), 2u);
     EXPECT_EQ(log.problems().longLines, 1);  // one line, counted once
     EXPECT_EQ(log.problems().brokenLines, 0);
 
     // The same line arriving whole is skipped the same way.
     appendTo(claudeFile("whole.jsonl"), huge + "\n" + claudeAssistant("m3", "r3", 1, 1));
-    snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 3u);
+    EXPECT_EQ(log.scan().events().size(), 3u);
     EXPECT_EQ(log.problems().longLines, 2);
 }
 
@@ -202,15 +172,9 @@ TEST_F(ClaudeCodeLogTest, CodexTotalsBecomeDeltas) {
                R"(},"model":"gpt-5-codex"}}})"
                "\n";
     };
-    appendTo(codexFile(),
-             R"({"type":"session_meta","payload":{"cwd":"/home/dev/api","git":{"branch":"dev"}}})"
-             "\n" +
-                 tokenCount(100, 10, 40) + tokenCount(150, 10, 60));
-    auto snapshot = log.scan();
-    EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{60, 10, 40}, {30, 0, 20}}));
-    EXPECT_EQ(snapshot.events()[1].model, "gpt-5-codex");
-    EXPECT_EQ(snapshot.sessions().at("rollout-c1").cwd, "/home/dev/api");
-    EXPECT_EQ(snapshot.sessions().at("rollout-c1").branch, "dev");
+    appendTo(home / ".codex/sessions/2030/01/01/rollout-c1.jsonl",
+             tokenCount(100, 10, 40) + tokenCount(150, 10, 60));
+    EXPECT_EQ(tokens(log.scan()), (std::vector<Tokens>{{60, 10, 40}, {30, 0, 20}}));
 }
 
 TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
@@ -222,7 +186,7 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
                "\n";
     };
     appendTo(home / ".gemini/tmp/abc/.project_root", "  /home/dev/site\n");
-    appendTo(geminiFile("chat.jsonl"),
+    appendTo(home / ".gemini/tmp/abc/chats/chat.jsonl",
              R"({"sessionId":"x","startTime":"2030-01-01T09:00:00Z","kind":"subagent"})"
              "\n" +
                  reply("g1", 100) +
@@ -230,16 +194,12 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
                  "\n");
     auto snapshot = log.scan();
     EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{70, 7, 30}}));
-    const auto& meta = snapshot.sessions().at("chat");
-    EXPECT_EQ(meta.cwd, "/home/dev/site");
-    EXPECT_EQ(meta.title, "Subagent");
-    EXPECT_EQ(meta.firstPrompt, "make it");
+    EXPECT_EQ(snapshot.sessions().at("chat").cwd, "/home/dev/site");
+    EXPECT_EQ(snapshot.sessions().at("chat").firstPrompt, "make it");
 
-    appendTo(geminiFile("chat.jsonl"), reply("g1", 500) + R"({"$rewindTo":"g1"})"
-                                                          "\n");
-    snapshot = log.scan();
-    EXPECT_EQ(tokens(snapshot), (std::vector<Tokens>{{470, 7, 30}}));
-    EXPECT_EQ(snapshot.sessions().at("chat").messages, 1);
+    appendTo(home / ".gemini/tmp/abc/chats/chat.jsonl", reply("g1", 500) + R"({"$rewindTo":"g1"})"
+                                                                           "\n");
+    EXPECT_EQ(tokens(log.scan()), (std::vector<Tokens>{{470, 7, 30}}));
 
     // A whole-file log rewritten with fewer messages loses the vanished ones.
     const auto message = [](std::string_view id) {
@@ -248,21 +208,15 @@ TEST_F(ClaudeCodeLogTest, GeminiMessagesAreReplacedByIdAndWholeFilesStartOver) {
     write(".gemini/tmp/abc/chats/whole.json",
           R"({"startTime":"2030-01-01T08:00:00Z","summary":"Site work","messages":[)" + message("a") + "," +
               message("b") + "]}");
-    snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 3u);
-    EXPECT_EQ(snapshot.sessions().at("whole").title, "Site work");
+    EXPECT_EQ(log.scan().events().size(), 3u);
     clock.advance(2);  // a later modification date
     write(".gemini/tmp/abc/chats/whole.json", R"({"messages":[)" + message("a") + "]}");
-    snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 2u);
-    EXPECT_EQ(snapshot.sessions().at("whole").messages, 1);
-    EXPECT_FALSE(snapshot.sessions().at("whole").title);
+    EXPECT_EQ(log.scan().events().size(), 2u);
 
     // An unparsable rewrite that doesn't shrink the file keeps what was there.
     clock.advance(2);
     write(".gemini/tmp/abc/chats/whole.json", "{ broken" + std::string(200, ' '));
-    snapshot = log.scan();
-    EXPECT_EQ(snapshot.events().size(), 2u);
+    EXPECT_EQ(log.scan().events().size(), 2u);
 }
 
 }  // namespace

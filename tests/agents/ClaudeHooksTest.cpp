@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -22,7 +21,6 @@ protected:
     fs::path file() const { return dir / "home/.claude/settings.json"; }
     fs::path backup() const { return dir / "home/.claude/settings.json.vantrelle-backup"; }
     std::string text() const { return dir.read("home/.claude/settings.json"); }
-    Json settings() const { return Json::parse(text()); }
     void writeSettings(std::string_view contents) const { dir.write("home/.claude/settings.json", contents); }
     std::string backupText() const { return dir.read("home/.claude/settings.json.vantrelle-backup"); }
     static fs::perms mode(const fs::path& path) { return fs::status(path).permissions() & fs::perms::mask; }
@@ -47,33 +45,19 @@ protected:
 
 TEST_F(ClaudeHooksTest, InstallOnAMissingFileCreatesOnlyTheHooksAndNoBackup) {
     ASSERT_EQ(hooks().install(), std::nullopt);
-    EXPECT_EQ(settings()["hooks"]["Notification"][0]["hooks"][0]["command"],
+    EXPECT_EQ(Json::parse(text())["hooks"]["Notification"][0]["hooks"][0]["command"],
               "{ cat; echo; } >> \"$HOME/.local/share/Vantrelle/claude-events.jsonl\" 2>/dev/null; exit 0");
     EXPECT_FALSE(fs::exists(backup()));
-    EXPECT_TRUE(hooks().isInstalled());
     EXPECT_TRUE(fs::is_directory(dir / "home/.local/share/Vantrelle"));
-    EXPECT_EQ(text().find("\\/"), std::string::npos) << "slashes stay unescaped";
     EXPECT_TRUE(strayFiles().empty());
-}
-
-TEST_F(ClaudeHooksTest, ABlankFileCountsAsEmptyAndIsBackedUp) {
-    writeSettings(" \n\t\r\n");
-    ASSERT_EQ(hooks().install(), std::nullopt);
-    EXPECT_EQ(backupText(), " \n\t\r\n");
-    EXPECT_EQ(settings().size(), 1u);
-}
-
-TEST_F(ClaudeHooksTest, UninstallWithNothingOfOursLeavesTheFileAndMakesNoBackup) {
-    writeSettings(R"({"hooks": "not an object"})");
-    ASSERT_EQ(hooks().uninstall(), std::nullopt);
-    EXPECT_EQ(text(), R"({"hooks": "not an object"})");
-    EXPECT_FALSE(fs::exists(backup()));
 }
 
 // The bytes themselves are the edit's concern (ClaudeSettingsEditTest); here, the file and its backup.
 TEST_F(ClaudeHooksTest, UninstallGivesBackTheFileAndTheBackupHoldsItAsBeforeOurFirstChange) {
     const std::string original = "{\n    \"model\": \"opus\"\n}\n";
     writeSettings(original);
+    ASSERT_EQ(hooks().uninstall(), std::nullopt);
+    EXPECT_FALSE(fs::exists(backup())) << "nothing of ours to remove: nothing written";
     ASSERT_EQ(hooks().install(), std::nullopt);
     const std::string installed = text();
     ASSERT_EQ(hooks().install(), std::nullopt);
@@ -97,17 +81,14 @@ TEST_F(ClaudeHooksTest, APrivateFileStaysPrivateAndSoDoesItsBackup) {
     ASSERT_EQ(hooks().install(), std::nullopt);
     EXPECT_EQ(mode(file()), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(mode(backup()), fs::perms::owner_read | fs::perms::owner_write);
-    ASSERT_EQ(hooks().uninstall(), std::nullopt);
-    EXPECT_EQ(mode(file()), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(ClaudeHooksTest, ALinkedFileStaysALinkAndItsTargetChanges) {
-    const fs::path target = dir.write("dotfiles/claude.json", R"({"model": "opus"})");
+    dir.write("dotfiles/claude.json", R"({"model": "opus"})");
     fs::create_directories(file().parent_path());
     fs::create_symlink("../../dotfiles/claude.json", file());
     ASSERT_EQ(hooks().install(), std::nullopt);
     EXPECT_TRUE(fs::is_symlink(fs::symlink_status(file())));
-    EXPECT_TRUE(hooks().isInstalled());
     EXPECT_NE(dir.read("dotfiles/claude.json").find(ClaudeHooks::kMarker), std::string::npos);
     EXPECT_EQ(backupText(), R"({"model": "opus"})");
     ASSERT_EQ(hooks().uninstall(), std::nullopt);
@@ -121,11 +102,8 @@ TEST_F(ClaudeHooksTest, AReadOnlyFileIsRefusedWithAMessageThatNamesIt) {
     fs::permissions(file(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     const auto failure = hooks().install();
     ASSERT_TRUE(failure.has_value());
-    EXPECT_NE(failure->find(file().string()), std::string::npos) << *failure;
     EXPECT_NE(failure->find("read-only"), std::string::npos) << *failure;
-    EXPECT_TRUE(failure->ends_with("Nothing was changed.")) << *failure;
     EXPECT_EQ(text(), original);
-    EXPECT_FALSE(hooks().isInstalled());
     EXPECT_TRUE(strayFiles().empty());
 }
 
@@ -138,10 +116,7 @@ TEST_F(ClaudeHooksTest, UnparsableJsonIsLeftInPlaceWithAMessageThatSaysWhere) {
     EXPECT_EQ(text(), broken);
     EXPECT_FALSE(fs::exists(backup()));
     EXPECT_TRUE(strayFiles().empty()) << "nothing moved aside: Claude Code reads this file too";
-    const auto status = hooks().status();
-    EXPECT_FALSE(status.installed);
-    EXPECT_EQ(status.problem, "Couldn't read your Claude Code settings in " + file().string() +
-                                  ": it isn't valid JSON (line 1, column 18).");
+    EXPECT_TRUE(hooks().status().problem.value_or("").ends_with("(line 1, column 18)."));
 }
 
 TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
@@ -165,8 +140,6 @@ TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
              fs::resize_file(file(), 17 * 1024 * 1024);  // sparse: costs no disk
          },
          unreadable("it is larger than 16 MB, too large for a settings file")},
-        {"a path through a file", [&] { dir.write("home/.claude", "not a folder"); },
-         unreadable("Not a directory")},
         {"the backup's name taken",
          [&] {
              writeSettings(R"({"model": "opus"})");
@@ -174,9 +147,6 @@ TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
          },
          "Couldn't back up your Claude Code settings to " + backup().string() +
              ": it is a folder, not a file (Is a directory). Nothing was changed."},
-        {"hooks of the wrong shape", [&] { writeSettings(R"({"hooks": ["x"], "model": "opus"})"); },
-         "Couldn't add the hooks to your Claude Code settings in " + file().string() +
-             ": \"hooks\" is an array, not an object. Nothing was changed."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -191,28 +161,6 @@ TEST_F(ClaudeHooksTest, WhatCannotBeEditedIsNamedAndLeftAsItWas) {
         }
         EXPECT_FALSE(fs::is_regular_file(backup()));
     }
-}
-
-TEST_F(ClaudeHooksTest, AFileWeMayNotReadGivesTheSystemsReason) {
-    if (::geteuid() == 0) GTEST_SKIP() << "the superuser reads every file";
-    writeSettings(R"({"model": "opus"})");
-    fs::permissions(file(), fs::perms::none);
-    EXPECT_EQ(hooks().install(), unreadable("Permission denied"));
-}
-
-TEST_F(ClaudeHooksTest, OverridesMoveTheFilesButNotTheCommand) {
-    environment.set("VANTRELLE_CLAUDE_SETTINGS", (dir / "elsewhere/settings.json").string());
-    environment.set("VANTRELLE_CLAUDE_EVENTS", (dir / "events/e.jsonl").string());
-    const ClaudeHooks h = hooks();
-    EXPECT_EQ(h.backupFile(), dir / "elsewhere/settings.json.vantrelle-backup");
-    EXPECT_NE(h.command().find("$HOME/.local/share/Vantrelle/claude-events.jsonl"), std::string::npos);
-
-    AppPaths custom = paths;
-    custom.dataHome = dir / "my data";
-    EXPECT_NE(ClaudeHooks(custom, MapEnvironment{})
-                  .command()
-                  .find((dir / "my data/Vantrelle/claude-events.jsonl").string()),
-              std::string::npos);
 }
 
 }  // namespace

@@ -33,7 +33,6 @@ TEST(FigureLimitsTest, DoublesBecomeCountsInsideTheRange) {
     EXPECT_EQ(saturatingCount(12.9), 12);
     EXPECT_EQ(saturatingCount(1e300), kMax);
     EXPECT_EQ(saturatingCount(-1e300), kMin);
-    EXPECT_EQ(saturatingCount(std::numeric_limits<double>::infinity()), kMax);
     EXPECT_EQ(saturatingCount(std::nan("")), 0);
 }
 
@@ -54,12 +53,9 @@ TEST(FigureLimitsTest, DurationsThatAreNotFiniteAreShownNotFatal) {
         const char* duration;
         const char* remaining;
     };
-    for (const Row& row :
-         {Row{"not a number", std::nan(""), "0m 00s", "0m"},
-          Row{"minus infinity", -std::numeric_limits<double>::infinity(), "0m 00s", "0m"},
-          Row{"infinity", std::numeric_limits<double>::infinity(), "2562047788015215h 30m",
-              "2562047788015215h 30m"},
-          Row{"beyond any count", 1e300, "2562047788015215h 30m", "2562047788015215h 30m"}}) {
+    for (const Row& row : {Row{"not a number", std::nan(""), "0m 00s", "0m"},
+                           Row{"infinity", std::numeric_limits<double>::infinity(), "2562047788015215h 30m",
+                               "2562047788015215h 30m"}}) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(AIFormat::duration(row.seconds), row.duration);
         EXPECT_EQ(AIFormat::remaining(row.seconds), row.remaining);

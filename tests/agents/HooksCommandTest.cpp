@@ -8,7 +8,6 @@
 namespace vantrelle {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::TempDir;
 
 class HooksCommandTest : public ::testing::Test {
@@ -23,23 +22,17 @@ protected:
 };
 
 TEST_F(HooksCommandTest, EachVerbSaysWhatItDidAndExitsZero) {
-    struct Step {
-        std::vector<std::string> arguments;
-        std::string out;
-    };
-    const Step steps[] = {
-        {{"status"}, "Claude Code hooks are not installed in " + file() + ".\n"},
-        {{"uninstall"}, "Claude Code hooks aren't installed in " + file() + "; nothing to remove.\n"},
-        {{"install"}, "Claude Code hooks installed in " + file() + ".\n"},
-        {{"status"}, "Claude Code hooks are installed in " + file() + ".\n"},
-        {{"install"}, "Claude Code hooks are already installed in " + file() + ".\n"},
-        {{"uninstall"}, "Claude Code hooks removed from " + file() + ".\n"},
-        {{"status"}, "Claude Code hooks are not installed in " + file() + ".\n"},
+    const std::pair<const char*, std::string> steps[] = {
+        {"uninstall", "Claude Code hooks aren't installed in " + file() + "; nothing to remove.\n"},
+        {"install", "Claude Code hooks installed in " + file() + ".\n"},
+        {"install", "Claude Code hooks are already installed in " + file() + ".\n"},
+        {"uninstall", "Claude Code hooks removed from " + file() + ".\n"},
+        {"status", "Claude Code hooks are not installed in " + file() + ".\n"},
     };
     dir.write(".claude/settings.json", "{\"model\": \"opus\"}\n");
-    for (const auto& [arguments, out] : steps) {
-        const auto result = run(arguments);
-        EXPECT_EQ(result.status, 0) << arguments[0];
+    for (const auto& [verb, out] : steps) {
+        const auto result = run({verb});
+        EXPECT_EQ(result.status, 0) << verb;
         EXPECT_EQ(result.out, out);
         EXPECT_EQ(result.err, "");
     }
@@ -50,37 +43,36 @@ TEST_F(HooksCommandTest, ARefusalExitsOneWithTheSwitchsOwnMessage) {
     dir.write(".claude/settings.json", R"({"hooks": "mine"})");
     const auto install = run({"install"});
     EXPECT_EQ(install.status, 1);
-    EXPECT_EQ(install.out, "");
     EXPECT_EQ(install.err, *hooks.install() + "\n");
-
-    dir.write(".claude/settings.json", "[]");
-    for (const char* verb : {"status", "install", "uninstall"}) {
-        const auto result = run({verb});
-        EXPECT_EQ(result.status, 1) << verb;
-        EXPECT_TRUE(result.err.starts_with("Couldn't read your Claude Code settings in " + file() +
-                                           ": it holds an array, not an object."))
-            << result.err;
-    }
 }
 
-TEST_F(HooksCommandTest, HelpAndUnknownArguments) {
-    const struct {
+TEST_F(HooksCommandTest, AForeignStatusLineIsKeptUnlessReplacedAndUninstallTakesOnlyOurs) {
+    const std::string foreign = R"({"statusLine": {"type": "command", "command": "~/bin/myline"}, "x": 1})";
+    dir.write(".claude/settings.json", foreign);
+    struct Step {
         std::vector<std::string> arguments;
         int status;
-        std::string firstLine;
-    } cases[] = {
-        {{"--help"}, 0, "usage: vantrelle hooks status|install|uninstall [--statusline [--replace]]"},
-        {{}, 2, "vantrelle hooks: say what to do"},
-        {{"enable"}, 2, "vantrelle hooks: unknown argument \"enable\""},
+        bool unchanged;  // the file as the user left it
+        ClaudeStatusLine after;
     };
-    for (const auto& [arguments, status, firstLine] : cases) {
-        const auto result = run(arguments);
-        const std::string& text = status == 0 ? result.out : result.err;
-        EXPECT_EQ(result.status, status) << firstLine;
-        EXPECT_EQ(text.substr(0, text.find('\n')), firstLine);
-        EXPECT_NE(text.find(file()), std::string::npos) << "the usage names the settings file";
+    const Step steps[] = {
+        {{"status", "--statusline"}, 0, true, ClaudeStatusLine::foreign},
+        {{"uninstall", "--statusline"}, 0, true, ClaudeStatusLine::foreign},
+        {{"install", "--statusline"}, 1, true, ClaudeStatusLine::foreign},
+        {{"uninstall", "--replace", "--statusline"}, 2, true, ClaudeStatusLine::foreign},
+        {{"install", "--statusline", "--replace"}, 0, false, ClaudeStatusLine::ours},
+        {{"install", "--statusline"}, 0, false, ClaudeStatusLine::ours},
+        {{"uninstall", "--statusline"}, 0, false, ClaudeStatusLine::none},
+    };
+    for (const auto& step : steps) {
+        const auto result = run(step.arguments);
+        const std::string what = step.arguments[0] + " " + step.arguments[1];
+        EXPECT_EQ(result.status, step.status) << what << result.err;
+        EXPECT_EQ(dir.read(".claude/settings.json") == foreign, step.unchanged) << what;
+        EXPECT_EQ(hooks.statusLineStatus().state, step.after) << what;
     }
-    EXPECT_FALSE(fs::exists(file())) << "help and mistakes touch nothing";
+    // The user's own line survives in the backup made before it was replaced.
+    EXPECT_EQ(dir.read(".claude/settings.json.vantrelle-backup"), foreign);
 }
 
 }  // namespace

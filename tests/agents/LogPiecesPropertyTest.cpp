@@ -1,7 +1,7 @@
 // The reading rule as a property: logs that arrive in random pieces, with line feeds anywhere and
 // scans between the pieces (some of a log that hasn't grown, its last line unfinished), give exactly what
-// one read of the finished logs gives. For all tools, on many generated logs, with cuts inside lines,
-// inside strings and inside multi-byte characters.
+// one read of the finished logs gives, on many generated logs, with cuts inside lines, inside strings
+// and inside multi-byte characters.
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
@@ -36,47 +36,8 @@ std::string claudeLog(std::mt19937& random) {
                                             stampAt(reply));
         }
         if (random() % 3 == 0) log += "not json at all\n{\"type\":\"user\",\"message\":\n";  // broken lines
-        if (random() % 4 == 0) log += R"({"type":"ai-title","aiTitle":"Títle )" + id + "\"}\n";
         log += R"({"type":"user","timestamp":")" + stampAt(reply) + R"(","message":{"content":"next → )" +
                id + "\"}}\n";
-    }
-    return log;
-}
-
-std::string codexLog(std::mt19937& random) {
-    std::string log = R"({"type":"session_meta","payload":{"cwd":"/home/dev/api","git":{"branch":"dev"}}})"
-                      "\n";
-    std::int64_t in = 0, out = 0, cached = 0;
-    for (int turn = 0; turn < 15; ++turn) {
-        in += static_cast<std::int64_t>(random() % 900), out += static_cast<std::int64_t>(random() % 90);
-        cached += static_cast<std::int64_t>(random() % 50);
-        if (random() % 5 == 0) in = 3;  // a counter reset
-        log += R"({"timestamp":")" + stampAt(turn) +
-               R"(","type":"response_item","payload":{"output":"é…"}})"
-               "\n";
-        log += fmt::format(
-            R"({{"timestamp":"{}","type":"event_msg","payload":{{"type":"token_count","info":{{"total_token_usage":{{"input_tokens":{},"output_tokens":{},"cached_input_tokens":{}}},"model":"gpt-5"}}}}}})"
-            "\n",
-            stampAt(turn), in, out, cached);
-    }
-    return log;
-}
-
-std::string geminiLog(std::mt19937& random) {
-    std::string log = R"({"sessionId":"x","startTime":"2030-01-01T08:00:00Z"})"
-                      "\n";
-    for (int turn = 0; turn < 15; ++turn) {
-        const std::string id = "g" + std::to_string(random() % 10);  // ids repeat: rewritten messages
-        log += R"({"type":"user","timestamp":")" + stampAt(turn) +
-               R"(","content":[{"text":"ça"},{"text":"va"}]})"
-               "\n";
-        const std::string message = fmt::format(
-            R"({{"type":"gemini","id":"{}","timestamp":"{}","model":"gemini-2.5-pro","tokens":{{"input":{},"cached":{},"output":{},"thoughts":{}}}}})",
-            id, stampAt(turn), random() % 5000, random() % 100, random() % 300, random() % 20);
-        log +=
-            random() % 4 == 0 ? R"({"$set":{"messages":[)" + message + R"(],"summary":"Résumé"}})" : message;
-        log += "\n";
-        if (random() % 6 == 0) log += R"({"$rewindTo":")" + id + "\"}\n";
     }
     return log;
 }
@@ -96,18 +57,10 @@ protected:
     MapEnvironment environment;
 
     struct File {
-        std::filesystem::path relative;
+        std::string relative;
         std::string text;
         std::size_t written = 0;
     };
-
-    void appendPiece(const testing::TempDir& home, File& file, std::size_t length) {
-        length = std::min(length, file.text.size() - file.written);
-        testing::appendTo(home / file.relative.string(),
-                          std::string_view(file.text).substr(file.written, length));
-        file.written += length;
-        testing::setModified(home / file.relative.string(), clock.now());
-    }
 
     void expectSameAsOneRead(std::vector<File> files, std::mt19937& random) {
         testing::TempDir pieces;
@@ -116,7 +69,11 @@ protected:
             more = false;
             for (auto& file : files) {
                 // Mostly short pieces, so line feeds fall anywhere, now and then a long one.
-                appendPiece(pieces, file, random() % 8 == 0 ? random() % 3000 : random() % 40);
+                const std::size_t length = random() % 8 == 0 ? random() % 3000 : random() % 40;
+                testing::appendTo(pieces / file.relative,
+                                  std::string_view(file.text).substr(file.written, length));
+                testing::setModified(pieces / file.relative, clock.now());
+                file.written = std::min(file.text.size(), file.written + length);
                 more = more || file.written < file.text.size();
             }
             if (random() % 3 != 0) (void)growing.scan();
@@ -125,8 +82,8 @@ protected:
 
         testing::TempDir whole;
         for (const auto& file : files) {
-            testing::appendTo(whole / file.relative.string(), file.text);
-            testing::setModified(whole / file.relative.string(), clock.now());
+            testing::appendTo(whole / file.relative, file.text);
+            testing::setModified(whole / file.relative, clock.now());
         }
         ClaudeCodeLog once(environment, whole.path(), clock);
         const auto expected = once.scan();
@@ -143,16 +100,14 @@ protected:
     }
 };
 
-TEST_F(LogPiecesPropertyTest, SeveralLogsOfAllToolsGrowingTogetherGiveWhatOneReadGives) {
+TEST_F(LogPiecesPropertyTest, SeveralLogsGrowingTogetherGiveWhatOneReadGives) {
     for (std::uint32_t seed = 1; seed <= 30; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);
         // Two Claude Code logs share their replies: a resumed session copies the older one's.
         const std::string older = claudeLog(random);
         expectSameAsOneRead({{".claude/projects/p/older.jsonl", older},
-                             {".claude/projects/q/resumed.jsonl", older + claudeLog(random)},
-                             {".codex/sessions/2030/01/01/rollout-1.jsonl", codexLog(random)},
-                             {".gemini/tmp/h/chats/chat.jsonl", geminiLog(random)}},
+                             {".claude/projects/q/resumed.jsonl", older + claudeLog(random)}},
                             random);
         if (HasFatalFailure()) return;
     }

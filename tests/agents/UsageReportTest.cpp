@@ -37,7 +37,8 @@ protected:
     MapEnvironment environment{{{"XDG_CONFIG_HOME", config.path().string()}}};
 };
 
-TEST_F(UsageReportTest, JsonHasEveryFigure) {
+// The figures' rules are UsageSummaryTest's; here, that each part of the report carries them.
+TEST_F(UsageReportTest, JsonCarriesEachPartOfTheSummary) {
     log(".claude/projects/p/s1.jsonl",
         R"({"type":"user","cwd":"/home/dev/shop","message":{"content":"hello"}})"
         "\n" +
@@ -45,25 +46,10 @@ TEST_F(UsageReportTest, JsonHasEveryFigure) {
             claudeAssistant("m2", "r2", 20, 5, "2029-12-30T10:00:00Z"),
         "2030-01-01T10:00:00Z");
     const auto json = report("2030-01-01T12:00:00Z");
-    EXPECT_EQ(json["today"]["input"], 10);
-    EXPECT_EQ(json["today"]["output"], 5);
-    EXPECT_EQ(json["today"]["cacheRead"], 3);
     EXPECT_EQ(json["today"]["cacheWrite"], 4);
-    EXPECT_EQ(json["today"]["messages"], 1);
-    EXPECT_EQ(json["today"]["sessions"], 1);
-    ASSERT_EQ(json["last7Days"].size(), 7u);
-    EXPECT_EQ(json["last7Days"][6]["date"], "2030-01-01");
-    EXPECT_EQ(json["last7Days"][6]["tokens"], 22);
-    ASSERT_EQ(json["daily"].size(), 2u);
     EXPECT_EQ(json["daily"][0]["date"], "2029-12-30");
-    EXPECT_EQ(json["daily"][0]["input"], 20);
     EXPECT_EQ(json["block"]["start"], "2030-01-01T10:00:00.000Z");
-    EXPECT_EQ(json["block"]["tokens"], 22);
-    EXPECT_EQ(json["block"]["budget"], 1'000'000);
-    ASSERT_EQ(json["sessions"].size(), 1u);
     EXPECT_EQ(json["sessions"][0]["projectName"], "shop");
-    EXPECT_EQ(json["sessions"][0]["title"], "hello");
-    EXPECT_EQ(json["sessions"][0]["state"], "done");
 
     // The user's budget setting holds in the report too; the settings file is only read.
     const std::string stored = R"({"aiBlockTokenBudget": 5000})";
@@ -72,31 +58,10 @@ TEST_F(UsageReportTest, JsonHasEveryFigure) {
     EXPECT_EQ(config.read("Vantrelle/defaults.json"), stored);
 }
 
-// Exit statuses and messages are checked on the real command (usage-command-test.sh).
-TEST_F(UsageReportTest, HelpAndBadArgumentsAreAnsweredBeforeAnyScan) {
-    std::string error;
-    const auto help = parseUsageArguments({"--json", "-h", "--bogus"}, error);
-    ASSERT_TRUE(help);
-    EXPECT_TRUE(help->help);
-    EXPECT_FALSE(parseUsageArguments({"--now", "yesterday"}, error));
-    EXPECT_FALSE(parseUsageArguments({"--home", home.write("plain-file", "x").string()}, error));
-    EXPECT_TRUE(parseUsageArguments({"--home", home.path().string()}, error));
-}
-
-TEST_F(UsageReportTest, NamesThatAreNotUtf8AreWrittenLossily) {
-    log(".claude/projects/caf\xe9/s\xff.jsonl", claudeAssistant("m1", "r1", 10, 5, "2030-01-01T11:59:00Z"),
-        "2030-01-01T11:59:00Z");
-    const auto json = report("2030-01-01T12:00:00Z");
-    ASSERT_EQ(json["sessions"].size(), 1u);
-    EXPECT_EQ(json["sessions"][0]["id"], "s\xef\xbf\xbd");
-    const std::string url = json["sessions"][0]["logURL"];
-    EXPECT_NE(url.find("caf\xef\xbf\xbd/s\xef\xbf\xbd.jsonl"), std::string::npos);
-    EXPECT_EQ(json["today"]["output"], 5);
-}
-
-TEST_F(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative) {
+// A log whose name isn't UTF-8 and whose figures are at the top of the range.
+TEST_F(UsageReportTest, OddNamesAreWrittenLossilyAndHugeCountsHoldAtTheTopEverywhere) {
     const std::string max = "9223372036854775807";
-    log(".claude/projects/p/s1.jsonl",
+    log(".claude/projects/caf\xe9/s\xff.jsonl",
         claudeAssistant("m1", "r1", 1, 1, "2030-01-01T11:00:00Z") +
             R"({"type":"assistant","requestId":"r2","timestamp":"2030-01-01T11:30:00Z","message":{"id":"m2","usage":{"input_tokens":)" +
             max + R"(,"output_tokens":)" + max + "}}}\n" +
@@ -105,16 +70,17 @@ TEST_F(UsageReportTest, HugeCountsHoldAtTheTopEverywhereAndNothingTurnsNegative)
         "2030-01-01T11:50:00Z");
     const auto json = report("2030-01-01T12:00:00Z");
     constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
-    EXPECT_EQ(json["today"]["input"], kMax);
     EXPECT_EQ(json["today"]["output"], kMax);
-    EXPECT_EQ(json["today"]["messages"], 2);
     EXPECT_EQ(json["last7Days"][6]["tokens"], kMax);
     EXPECT_EQ(json["daily"][0]["input"], kMax);
-    EXPECT_EQ(json["block"]["tokens"], kMax);
     EXPECT_EQ(json["block"]["projectedTokens"], kMax);
     EXPECT_EQ(json["block"]["start"], "2030-01-01T11:00:00.000Z");  // not pinned by the line dated 9999
     EXPECT_EQ(json["skipped"]["futureLines"], 1);
-    for (const auto& session : json["sessions"]) EXPECT_GE(session["tokens"].get<std::int64_t>(), 0);
+    ASSERT_EQ(json["sessions"].size(), 1u);
+    EXPECT_GE(json["sessions"][0]["tokens"].get<std::int64_t>(), 0);
+    EXPECT_EQ(json["sessions"][0]["id"], "s\xef\xbf\xbd");
+    const std::string url = json["sessions"][0]["logURL"];
+    EXPECT_NE(url.find("caf\xef\xbf\xbd/s\xef\xbf\xbd.jsonl"), std::string::npos);
 }
 
 }  // namespace

@@ -18,11 +18,10 @@ AIUsageEvent event(std::string_view at, std::string session, std::int64_t input,
     return e;
 }
 
-AISessionMeta meta(std::string id, AgentTool tool = AgentTool::claudeCode, std::string cwd = "/code/shop") {
+AISessionMeta meta(std::string id) {
     AISessionMeta m;
     m.sessionId = std::move(id);
-    m.tool = tool;
-    m.cwd = std::move(cwd);
+    m.cwd = "/code/shop";
     return m;
 }
 
@@ -46,11 +45,9 @@ TEST_F(UsageSummaryTest, DaysFollowTheLocalCalendarAndTodayCountsDistinctSession
     const auto summary = summarize("2030-01-02T10:00:00Z");
 
     EXPECT_EQ(summary.today.input, 110);
-    EXPECT_EQ(summary.today.messages, 2);
     EXPECT_EQ(summary.today.sessions, 2);
     ASSERT_EQ(summary.last7Days.size(), 7u);
     EXPECT_EQ(summary.last7Days.back().date, iso("2030-01-01T18:30:00Z"));
-    EXPECT_EQ(summary.last7Days.back().tokens, 110);
     EXPECT_EQ(summary.last7Days[5].tokens, 1);
     // The event a second before the oldest bucket is outside the week.
     EXPECT_EQ(summary.last7Days.front().date, iso("2029-12-26T18:30:00Z"));
@@ -66,8 +63,6 @@ TEST_F(UsageSummaryTest, GeminiCountsForTheDayButHasNoWindow) {
     events.push_back(event("2030-01-02T09:15:00Z", "c", 300'000));
     summary = summarize("2030-01-02T09:20:00Z");
     ASSERT_TRUE(summary.block);
-    EXPECT_EQ(summary.block->tokens, 300'000);
-    EXPECT_EQ(summary.block->budget, 1'000'000);
     // Kolkata's full hours fall at half past in UTC: 09:15Z is 14:45 there, so the window opened at
     // 14:00, 08:30Z, and has run 50 minutes.
     EXPECT_EQ(summary.block->start, iso("2030-01-02T08:30:00Z"));
@@ -87,29 +82,9 @@ TEST_F(UsageSummaryTest, ActiveTimeCapsPausesAtTenMinutesAndCountsTheRunningTail
     const auto running = summarize("2030-01-02T10:05:20Z", {AgentTool::claudeCode});
     EXPECT_EQ(running.sessions[0].state, AgentSession::State::running);
     EXPECT_DOUBLE_EQ(running.sessions[0].activeSeconds, 300 + 600 + 20);
-    EXPECT_EQ(running.sessions[0].projectName, "shop");
-    EXPECT_EQ(running.sessions[0].startedAt, iso("2030-01-02T09:00:00Z"));
 }
 
-TEST_F(UsageSummaryTest, ASessionWithoutEventsTakesItsFiguresFromTheLog) {
-    auto m = meta("quiet", AgentTool::codex, "");
-    m.firstTimestamp = iso("2030-01-02T08:00:00Z");
-    m.lastTimestamp = iso("2030-01-02T08:30:00Z");
-    m.firstPrompt = "Fix the build";
-    m.messages = 7;
-    sessions.emplace("quiet", m);
-    const auto summary = summarize("2030-01-02T09:00:00Z");
-    ASSERT_EQ(summary.sessions.size(), 1u);
-    const auto& s = summary.sessions[0];
-    EXPECT_EQ(s.messages, 7);
-    EXPECT_EQ(s.tokens, 0);
-    EXPECT_EQ(s.title, "Fix the build");
-    EXPECT_EQ(s.projectName, displayName(AgentTool::codex));
-    EXPECT_EQ(s.startedAt, iso("2030-01-02T08:00:00Z"));
-    EXPECT_EQ(s.lastActivity, iso("2030-01-02T08:30:00Z"));
-}
-
-TEST_F(UsageSummaryTest, WindowsOpenAtTheFullHourAndLastFiveHours) {
+TEST_F(UsageSummaryTest, WindowsOpenAtTheFullHourAndTheLastStaysUntilFiveHoursOfSilence) {
     testing::useTimeZone("UTC");
     events = {event("2030-01-01T09:10:00Z", "s", 100), event("2030-01-01T13:59:00Z", "s", 100),
               event("2030-01-01T14:00:00Z", "s", 100)};
@@ -117,20 +92,16 @@ TEST_F(UsageSummaryTest, WindowsOpenAtTheFullHourAndLastFiveHours) {
     ASSERT_EQ(found.size(), 2u);
     EXPECT_EQ(found[0].start, iso("2030-01-01T09:00:00Z"));
     EXPECT_EQ(found[0].tokens, 200);
-    EXPECT_EQ(found[0].lastActivity, iso("2030-01-01T13:59:00Z"));
     EXPECT_EQ(found[1].start, iso("2030-01-01T14:00:00Z"));
-}
 
-TEST_F(UsageSummaryTest, TheWindowStaysUntilFiveHoursOfSilenceAndItsBudgetIsTheHeaviestWindow) {
-    testing::useTimeZone("UTC");
+    // Its budget is the heaviest window's unless one is set.
     events = {event("2030-01-01T01:00:00Z", "big", 3'000'000), event("2030-01-01T09:10:00Z", "a", 100),
               event("2030-01-01T13:50:00Z", "a", 100)};
-    auto summary = summarize("2030-01-01T18:40:00Z");
+    const auto summary = summarize("2030-01-01T18:40:00Z");
     ASSERT_TRUE(summary.block);
     EXPECT_EQ(summary.block->start, iso("2030-01-01T09:00:00Z"));
-    EXPECT_EQ(summary.block->tokens, 200);
     EXPECT_EQ(summary.block->budget, 3'000'000);
-    EXPECT_EQ(summarize("2030-01-01T18:40:00Z", {}, 2'000'000).block->budget, 2'000'000);  // unless set
+    EXPECT_EQ(summarize("2030-01-01T18:40:00Z", {}, 2'000'000).block->budget, 2'000'000);
     EXPECT_FALSE(summarize("2030-01-01T18:50:00Z").block);
 }
 

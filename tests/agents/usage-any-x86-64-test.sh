@@ -1,8 +1,6 @@
 #!/usr/bin/env bash
 # `vantrelle usage --json` gives the same bytes on a processor without AVX (qemu's plain x86-64 model)
-# as on this one, on generated logs of all three agents. An illegal instruction ends the emulated run
-# with status 132.
-#
+# as on this one, on generated logs of all three agents.
 #   usage-any-x86-64-test.sh <qemu-x86_64> <generate-logs> <command...>
 set -uo pipefail
 qemu=$1 generator=$2

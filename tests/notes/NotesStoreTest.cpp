@@ -28,7 +28,6 @@ protected:
         EXPECT_TRUE(notes.has_value());
         return notes.value_or(std::vector<Note>{});
     }
-    void quit() { notifications.post(Notifications::applicationWillTerminate); }
     static std::vector<std::string> bodies(const std::vector<Note>& notes) {
         std::vector<std::string> result;
         for (const Note& note : notes) result.push_back(note.body);
@@ -42,51 +41,27 @@ protected:
     NotificationCenter notifications;
 };
 
-TEST_F(NotesStoreTest, QuittingShortlyAfterTheLastKeyStrokeKeepsTheEdit) {
-    auto store = open();
-    store->setText("Standup");
-    clock.advance(NotesStore::kSaveDebounce);
-    ASSERT_EQ(stored().at(0).body, "Standup");
-    store->setText("Standup notes");
-    clock.advance(0.3);
-    EXPECT_EQ(stored().at(0).body, "Standup");  // the debounce hasn't fired yet
-    quit();
-    store.reset();
-    EXPECT_EQ(stored().at(0).body, "Standup notes");
-    EXPECT_EQ(open()->notes().at(0).body, "Standup notes");
-}
-
-TEST_F(NotesStoreTest, OnlyTheLastEditOfABurstSavesTheDebounceAfterIt) {
+TEST_F(NotesStoreTest, OnlyTheLastEditOfABurstSavesAndQuittingBeforeTheDebounceKeepsTheEdit) {
     auto store = open();
     const Date start = clock.now();
     for (const char* text : {"a", "ab", "abc"}) {
         store->setText(text);
         clock.advance(0.5);
     }
-    EXPECT_FALSE(fs::exists(file));
-    EXPECT_FALSE(store->lastSaved());
     clock.advance(0.09);
     EXPECT_FALSE(fs::exists(file));
     clock.advance(0.01);
     EXPECT_EQ(store->lastSaved(), start + 1.6);
     EXPECT_EQ(stored().at(0).body, "abc");
-    EXPECT_FALSE(store->hasPendingSave());
-}
+    store->setText("abc");
+    EXPECT_FALSE(store->hasPendingSave()) << "the same text again is no edit";
 
-TEST_F(NotesStoreTest, TypingWithoutASelectionStartsANoteAndTheSameTextAgainChangesNothing) {
-    auto store = open();
-    store->setText("x");
-    ASSERT_TRUE(store->current());
-    EXPECT_EQ(store->current()->body, "x");
-    EXPECT_EQ(store->current()->createdAt, clock.now());
-    clock.advance(1);
-    const Date saved = *store->lastSaved();
-    const Date updated = store->current()->updatedAt;
-    store->setText("x");
-    EXPECT_FALSE(store->hasPendingSave());
-    EXPECT_EQ(store->current()->updatedAt, updated);
-    clock.advance(1);
-    EXPECT_EQ(store->lastSaved(), saved);
+    store->setText("abc notes");
+    clock.advance(0.3);
+    EXPECT_EQ(stored().at(0).body, "abc");  // the debounce hasn't fired yet
+    notifications.post(Notifications::applicationWillTerminate);
+    store.reset();
+    EXPECT_EQ(open()->notes().at(0).body, "abc notes");
 }
 
 TEST_F(NotesStoreTest, NotesSurviveARestartNewestFirstWithTheirDates) {
@@ -105,28 +80,15 @@ TEST_F(NotesStoreTest, NotesSurviveARestartNewestFirstWithTheirDates) {
     EXPECT_EQ(again->notes()[1].createdAt, Date{1'900'000'000.0});
     EXPECT_EQ(again->notes()[1].updatedAt, Date{1'900'000'015.0});
     EXPECT_FALSE(again->selectedId());
-    EXPECT_EQ(again->text(), "");
-}
-
-TEST_F(NotesStoreTest, LoadingSortsByCreationNewestFirstAndKeepsTheOrderOfTies) {
-    dir.write("Vantrelle/notes.json", NotesJson::encodeNotes({
-                                          {countedId(1), "old", Date{978'307'300.0}, Date{978'307'300.0}},
-                                          {countedId(2), "tie a", Date{978'307'400.0}, Date{978'307'400.0}},
-                                          {countedId(3), "tie b", Date{978'307'400.0}, Date{978'307'400.0}},
-                                          {countedId(4), "new", Date{978'307'500.0}, Date{978'307'500.0}},
-                                      }));
-    EXPECT_EQ(bodies(open()->notes()), (std::vector<std::string>{"new", "tie a", "tie b", "old"}));
+    again->ensureSelection();
+    EXPECT_EQ(again->selectedId(), countedId(2)) << "the first note is picked";
 }
 
 TEST_F(NotesStoreTest, AnUnreadableFileIsMovedAsideAndTheNextSaveStartsAFreshOne) {
     const std::vector<std::pair<const char*, std::string>> cases = {
         {"not JSON", "{\"id\": "},
-        {"an object, not a list", R"({"notes": []})"},
         {"a note without a body",
          R"([{"id":"00000000-0000-4000-8000-000000000001","createdAt":1,"updatedAt":1}])"},
-        {"an id that isn't a UUID", R"([{"id":"seven","body":"x","createdAt":1,"updatedAt":1}])"},
-        {"a date as text",
-         R"([{"id":"00000000-0000-4000-8000-000000000001","body":"x","createdAt":"now","updatedAt":1}])"},
         {"deeply nested", std::string(100'000, '[')},
     };
     for (const auto& [name, contents] : cases) {
@@ -138,7 +100,6 @@ TEST_F(NotesStoreTest, AnUnreadableFileIsMovedAsideAndTheNextSaveStartsAFreshOne
         const auto copies = testing::unreadableCopies(file);
         ASSERT_EQ(copies.size(), 1u);
         EXPECT_EQ(dir.read(fs::relative(copies[0], dir.path()).string()), contents);
-        EXPECT_FALSE(fs::exists(file));
         store->setText("fresh");
         clock.advance(1);
         EXPECT_EQ(stored().at(0).body, "fresh");
@@ -146,54 +107,28 @@ TEST_F(NotesStoreTest, AnUnreadableFileIsMovedAsideAndTheNextSaveStartsAFreshOne
 }
 
 TEST_F(NotesStoreTest, TheLegacyMarkdownFileBecomesOneNoteAndIsMovedAsideOnce) {
-    const fs::path legacy = dir.write("Vantrelle/notes.md", "# Ideas\n- one\n- two\n");
+    const fs::path legacy = dir.write("Vantrelle/notes.md", "# Ideas\n- one\n");
     const auto modified = fs::file_time_type::clock::now() - std::chrono::hours(30);
     fs::last_write_time(legacy, modified);
     {
         auto store = open();
         ASSERT_EQ(store->notes().size(), 1u);
-        const Note& note = store->notes()[0];
-        EXPECT_EQ(note.body, "# Ideas\n- one\n- two\n");
-        EXPECT_EQ(NoteText::title(note.body), "# Ideas");
+        EXPECT_EQ(store->notes()[0].body, "# Ideas\n- one\n");
         // The file's own modification time, not the store's clock.
         const auto expected =
             std::chrono::duration<double>(std::chrono::file_clock::to_sys(modified).time_since_epoch());
-        EXPECT_NEAR(note.updatedAt.seconds, expected.count(), 0.001);
+        EXPECT_NEAR(store->notes()[0].updatedAt.seconds, expected.count(), 0.001);
         EXPECT_EQ(stored(), store->notes());
-        EXPECT_TRUE(store->lastSaved());
     }
     EXPECT_FALSE(fs::exists(legacy));
-    EXPECT_EQ(dir.read("Vantrelle/notes.md.migrated"), "# Ideas\n- one\n- two\n");
+    EXPECT_EQ(dir.read("Vantrelle/notes.md.migrated"), "# Ideas\n- one\n");
+    EXPECT_EQ(open()->notes().size(), 1u) << "the second start adds nothing";
 
-    // The second start reads the new file; the migrated copy is left alone and nothing is added.
-    auto again = open();
-    EXPECT_EQ(again->notes().size(), 1u);
-    EXPECT_EQ(dir.read("Vantrelle/notes.md.migrated"), "# Ideas\n- one\n- two\n");
-}
-
-TEST_F(NotesStoreTest, AnUnreadableFileFallsBackToTheLegacyFile) {
+    // An unreadable file falls back to the legacy one, and is kept aside too.
     dir.write("Vantrelle/notes.json", "garbage");
     dir.write("Vantrelle/notes.md", "kept");
-    auto store = open();
-    ASSERT_EQ(store->notes().size(), 1u);
-    EXPECT_EQ(store->notes()[0].body, "kept");
+    EXPECT_EQ(bodies(open()->notes()), std::vector<std::string>{"kept"});
     EXPECT_EQ(testing::unreadableCopies(file).size(), 1u);
-    EXPECT_EQ(stored().at(0).body, "kept");
-}
-
-TEST_F(NotesStoreTest, NewNoteReusesABlankNoteRatherThanMakingASecond) {
-    auto store = open();
-    const std::string blankId = store->newNote().id;
-    EXPECT_EQ(store->newNote("written").id, blankId);
-    EXPECT_EQ(store->notes().size(), 1u);  // the blank one was taken for "written"
-    EXPECT_EQ(store->current()->body, "written");
-
-    store->newNote();
-    ASSERT_EQ(store->notes().size(), 2u);
-    const std::string second = *store->selectedId();
-    store->newNote("\n  \t");
-    EXPECT_EQ(store->notes().size(), 2u);
-    EXPECT_EQ(store->selectedId(), second);
 }
 
 TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) {
@@ -211,63 +146,24 @@ TEST_F(NotesStoreTest, DeletingTheSelectionMovesItToItsNeighbourAndSavesAtOnce) 
     EXPECT_EQ(store->current()->body, "c") << "deleting another note keeps the selection";
     store->remove(countedId(2));
     EXPECT_EQ(store->current()->body, "a");  // nothing after it: the one before
-    store->select("00000000-0000-4000-8000-999999999999");
-    store->remove("not-an-id");
-    EXPECT_EQ(store->selectedId(), countedId(4));
-    EXPECT_EQ(store->notes().size(), 1u);
-    store->remove(countedId(4));
-    EXPECT_FALSE(store->selectedId());
-    EXPECT_TRUE(stored().empty());
-}
-
-TEST_F(NotesStoreTest, EnsureSelectionPicksTheFirstNoteOrStartsOne) {
-    auto store = open();
-    store->ensureSelection();
-    ASSERT_EQ(store->notes().size(), 1u);
-    EXPECT_EQ(store->selectedId(), countedId(1));
-    store->setText("x");
-    clock.advance(1);
-
-    auto again = open();
-    EXPECT_FALSE(again->current());
-    again->ensureSelection();
-    EXPECT_EQ(again->selectedId(), countedId(1));
-    EXPECT_EQ(again->notes().size(), 1u);
-}
-
-TEST_F(NotesStoreTest, PruneBlanksDropsEmptyNotesAndAStaleSelection) {
-    auto store = open();
-    store->newNote("keep");
-    store->newNote(" \n ");
-    store->select(countedId(2));
-    EXPECT_EQ(store->nonEmpty().size(), 1u);
-    store->pruneBlanks();
-    ASSERT_EQ(store->notes().size(), 1u);
-    EXPECT_FALSE(store->selectedId());
-    EXPECT_FALSE(store->hasPendingSave());
-    EXPECT_EQ(stored().size(), 1u);
 }
 
 TEST_F(NotesStoreTest, DemoModeShowsCannedNotesAndWritesNothing) {
     dir.write("Vantrelle/notes.json",
               NotesJson::encodeNotes({{countedId(1), "private", clock.now(), clock.now()}}));
     auto store = open(/*demo=*/true);
-    ASSERT_GE(store->notes().size(), 3u);
-    for (const Note& note : store->notes()) {
-        EXPECT_NE(note.body, "private");
-        EXPECT_NE(NoteText::preview(note.body), "") << "demo notes have several lines";
-    }
+    ASSERT_FALSE(store->notes().empty());
+    EXPECT_NE(store->notes()[0].body, "private");
     store->ensureSelection();
     store->setText("typed in a recording");
     clock.advance(1);
-    quit();
+    notifications.post(Notifications::applicationWillTerminate);
     store->remove(store->notes().back().id);
     EXPECT_FALSE(fs::exists(dir / "tmp"));
     EXPECT_EQ(stored().at(0).body, "private");
 }
 
-// A kill in the middle of a save can't leave half a file: the save goes through the atomic writer,
-// which writes beside the file and renames over it.
+// A kill in the middle of a save can't leave half a file: the save writes beside it and renames.
 TEST_F(NotesStoreTest, ASaveReplacesTheFileWholeAndKeepsItsMode) {
     auto store = open();
     store->setText("first");
@@ -286,10 +182,8 @@ TEST_F(NotesStoreTest, ASaveReplacesTheFileWholeAndKeepsItsMode) {
 
 TEST_F(NotesStoreTest, AFailedSaveIsLoggedAndLeavesTheNotesAsTheyAre) {
     testing::LogCapture log;
-    // A folder where the file belongs can't be replaced by a file.
-    fs::create_directories(file / "in-the-way");
     auto store = open();
-    // Reading moved the folder aside; put one back so the save fails.
+    // A folder where the file belongs can't be replaced by a file.
     fs::create_directories(file / "in-the-way");
     store->setText("unsaved");
     clock.advance(1);
