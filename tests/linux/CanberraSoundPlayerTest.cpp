@@ -11,21 +11,6 @@
 namespace vantrelle {
 namespace {
 
-TEST(CanberraSoundPlayer, MapsTheProgramsSoundsToThemeEvents) {
-    const struct {
-        const char* name;
-        const char* themeSound;
-    } rows[] = {
-        {"Glass", "message-new-instant"},
-        {"Submarine", "bell"},  // any other name still makes a sound
-        {"", "bell"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_STREQ(CanberraSoundPlayer::themeSound(row.name), row.themeSound);
-    }
-}
-
 TEST(CanberraSoundPlayer, ASoundThatCantPlayIsLoggedNotThrown) {
     testing::TempDir dir;
     DebugLog::configure(dir / "debug.log", std::make_unique<InlineQueue>("debuglog"));

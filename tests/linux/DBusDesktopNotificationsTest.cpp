@@ -2,9 +2,6 @@
 
 #include "FakeBusService.h"
 #include "PrivateSessionBus.h"
-#include "TestApplication.h"
-#include "fakes/LogCapture.h"
-#include "focus/PomodoroFixture.h"
 #include "notifications/DBusDesktopNotifications.h"
 
 namespace vantrelle {
@@ -21,89 +18,80 @@ QDBusMessage serverSignal(const QString& member, uint id, const QVariant& detail
     return signal;
 }
 
-// The pomodoro timer's notices through the adapter, against a notification server of the test's own on
-// a private bus: Notify hands out ids, CloseNotification reports the notice closed, as servers do.
-class NotificationBusTest : public testing::PomodoroFixture {
+// As notification servers answer: Notify hands out ids, CloseNotification reports the notice closed.
+QList<QDBusMessage> answer(const QDBusMessage& call, uint& lastId) {
+    if (call.member() == QStringLiteral("Notify")) return {call.createReply(QVariant::fromValue(++lastId))};
+    if (call.member() != QStringLiteral("CloseNotification")) return {call.createReply()};
+    return {call.createReply(),
+            serverSignal(QStringLiteral("NotificationClosed"), call.arguments().at(0).toUInt(), 3U)};
+}
+
+// The adapter on a private bus of each case's own, so one case's server is gone for certain in the next.
+class DBusDesktopNotificationsTest : public testing::EventLoopTest {
 protected:
-    static void SetUpTestSuite() { testing::testApplication(); }
     void SetUp() override {
         if (bus.address().isEmpty()) GTEST_SKIP() << "no dbus-daemon";
         adapter = std::make_unique<DBusDesktopNotifications>(connection);
-        makeModel(adapter.get());
+        adapter->setReplyHandler([this](const DesktopNotificationReply& reply) { replies.push_back(reply); });
     }
     void TearDown() override {
-        model.reset();
-        notifier.reset();
         adapter.reset();
         QDBusConnection::disconnectFromBus(QStringLiteral("vantrelle"));
     }
-    static QList<QDBusMessage> answer(const QDBusMessage& call, uint& lastId) {
-        if (call.member() == QStringLiteral("Notify"))
-            return {call.createReply(QVariant::fromValue(++lastId))};
-        if (call.member() != QStringLiteral("CloseNotification")) return {call.createReply()};
-        return {call.createReply(),
-                serverSignal(QStringLiteral("NotificationClosed"), call.arguments().at(0).toUInt(), 3U)};
-    }
-    std::unique_ptr<testing::FakeBusService> startServer() {
-        return std::make_unique<testing::FakeBusService>(
-            bus.address(), kInterface, kPath,
-            [lastId = 0U](const QDBusMessage& call) mutable { return answer(call, lastId); });
+    // Posts and waits for the server's answer: empty, or what went wrong.
+    std::string post(const DesktopNotification& notification) {
+        std::optional<std::string> error;
+        adapter->post(notification, [&](const std::string& what) { error = what; });
+        EXPECT_TRUE(spinUntil([&] { return error.has_value(); }));
+        return error.value_or("no answer");
     }
 
     testing::PrivateSessionBus bus;
     QDBusConnection connection = QDBusConnection::connectToBus(bus.address(), QStringLiteral("vantrelle"));
     std::unique_ptr<DBusDesktopNotifications> adapter;
+    std::vector<DesktopNotificationReply> replies;
+    const DesktopNotification workDone{"pomodoro",
+                                       "Work session done",
+                                       "Take a break.",
+                                       {{"start-break", "Start break"}},
+                                       {{"session", "1"}}};
 };
 
-TEST_F(NotificationBusTest, OneWorkDoneAtATimeAndItsButtonsDriveTheTimer) {
-    const auto server = startServer();
-    ASSERT_TRUE(server->ok());
-    const auto closed = [&] {
-        QList<uint> ids;
-        for (const auto& call : server->calls(QStringLiteral("CloseNotification")))
-            ids << call.arguments().at(0).toUInt();
-        return ids;
-    };
-    finishWorkBlock();
-    ASSERT_TRUE(spinUntil([&] { return server->calls(QStringLiteral("Notify")).size() == 1; }));
-    const auto shown = server->calls(QStringLiteral("Notify")).first().arguments();
+TEST_F(DBusDesktopNotificationsTest, PostsWithButtonsTakesDownByTagAndPassesOnlyItsOwnRepliesOn) {
+    uint lastId = 0;
+    testing::FakeBusService server(bus.address(), kInterface, kPath,
+                                   [&lastId](const QDBusMessage& call) { return answer(call, lastId); });
+    ASSERT_TRUE(server.ok());
+    EXPECT_EQ(post(workDone), "");
+    const auto shown = server.calls(QStringLiteral("Notify")).first().arguments();
     EXPECT_EQ(shown.at(3).toString(), QStringLiteral("Work session done"));
-    EXPECT_EQ(shown.at(4).toString(),
-              QStringLiteral("1 session done today. Take a 5 minute short break, or keep working."));
     EXPECT_EQ(shown.at(5).toStringList(),
-              (QStringList{QStringLiteral("default"), QStringLiteral("Open"),
-                           QStringLiteral("pomodoro.start-break"), QStringLiteral("Start break"),
-                           QStringLiteral("pomodoro.keep-working"), QStringLiteral("Keep working")}));
+              (QStringList{QStringLiteral("default"), QStringLiteral("Open"), QStringLiteral("start-break"),
+                           QStringLiteral("Start break")}));
 
-    scheduler.advance(1);
-    model->stop();  // takes the notification down
-    ASSERT_TRUE(spinUntil([&] { return closed() == QList<uint>{1}; }));
-    finishWorkBlock();
-    finishWorkBlock();  // the second replaces the first
-    ASSERT_TRUE(spinUntil([&] { return closed() == (QList<uint>{1, 2}); })) << closed().size();
+    // Taken down by its tag, also while still on the way: then it goes as soon as it is there.
+    adapter->remove("pomodoro");
+    adapter->post(workDone, [](const std::string&) {});
+    adapter->remove("pomodoro");
+    ASSERT_TRUE(spinUntil([&] { return server.calls(QStringLiteral("CloseNotification")).size() == 2; }));
+    EXPECT_EQ(server.calls(QStringLiteral("CloseNotification")).at(1).arguments().at(0).toUInt(), 2u);
 
-    scheduler.advance(1);
-    int reveals = 0;
-    auto observed = notifications.observe(Notifications::pomodoroRevealRequested, [&] { ++reveals; });
-    server->send(serverSignal(QStringLiteral("ActionInvoked"), 3, QStringLiteral("default")));
-    ASSERT_TRUE(spinUntil([&] { return reveals == 1; }));
-    EXPECT_TRUE(model->awaitingChoice()) << "a click on the banner leaves the choice";
-    server->send(serverSignal(QStringLiteral("ActionInvoked"), 3, QStringLiteral("pomodoro.start-break")));
-    ASSERT_TRUE(spinUntil([&] { return model->status() == PomodoroStatus::running; }));
-    EXPECT_EQ(model->phase(), PomodoroPhase::shortBreak);
-    EXPECT_EQ(notifier->authorized(), true);
+    EXPECT_EQ(post(workDone), "");
+    server.send(serverSignal(QStringLiteral("ActionInvoked"), 9, QStringLiteral("start-break")));  // not ours
+    server.send(serverSignal(QStringLiteral("ActionInvoked"), 3, QStringLiteral("start-break")));
+    ASSERT_TRUE(spinUntil([&] { return !replies.empty(); }));
+    ASSERT_EQ(replies.size(), 1u);
+    EXPECT_EQ(replies[0].tag, "pomodoro");
+    EXPECT_EQ(replies[0].action, "start-break");
+    EXPECT_EQ(replies[0].userInfo, workDone.userInfo);
 }
 
-TEST_F(NotificationBusTest, AMissingServiceChangesNothing) {
-    testing::LogCapture log;
-    finishWorkBlock();
-    ASSERT_TRUE(spinUntil([&] { return notifier->authorized().has_value(); }));
-    EXPECT_EQ(notifier->authorized(), false);
-    EXPECT_TRUE(model->awaitingChoice());
-    EXPECT_NE(
-        log.text().find("notifications: authorization failed org.freedesktop.DBus.Error.ServiceUnknown"),
-        std::string::npos)
-        << log.text();
+TEST_F(DBusDesktopNotificationsTest, AMissingServiceAnswersNoWithTheError) {
+    std::optional<std::string> refusal;
+    adapter->authorize([&](bool granted, const std::string& error) { refusal = granted ? "" : error; });
+    ASSERT_TRUE(spinUntil([&] { return refusal.has_value(); }));
+    EXPECT_EQ(*refusal, "org.freedesktop.DBus.Error.ServiceUnknown");
+    EXPECT_NE(post(workDone), "");
 }
 
 }  // namespace

@@ -15,11 +15,9 @@ namespace vantrelle::testing {
 class PrivateSessionBus {
 public:
     PrivateSessionBus() {
-        m_daemon.setProgram(QStringLiteral("dbus-daemon"));
-        m_daemon.setArguments({QStringLiteral("--session"), QStringLiteral("--nofork"),
-                               QStringLiteral("--nosyslog"), QStringLiteral("--print-address=1")});
-        m_daemon.start();
-        if (!m_daemon.waitForStarted(5000)) return;
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nosyslog"),
+                        QStringLiteral("--print-address=1")});
         while (m_address.isEmpty() && m_daemon.waitForReadyRead(5000)) {
             m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
         }

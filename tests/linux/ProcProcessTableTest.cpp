@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <map>
 
@@ -25,25 +23,14 @@ TEST(ProcProcessTable, ReadsProgramAndArgumentsAndSkipsWhatIsNotAProcess) {
     std::string error;
     auto list = table.list(error);
     ASSERT_TRUE(list) << error;
-    std::map<pid_t, ProcessInfo> byPid;
-    for (const auto& p : *list) byPid[p.pid] = p;
-    ASSERT_EQ(byPid.size(), 2u);
-    EXPECT_EQ(byPid[101].executable, "/usr/local/bin/node");
-    EXPECT_EQ(byPid[101].arguments, "node /home/ada/.npm/bin/claude --resume");
-    EXPECT_EQ(byPid[202].executable, "codex");
+    std::map<pid_t, std::string> byPid;
+    for (const auto& p : *list) byPid[p.pid] = p.executable + " | " + p.arguments;
+    EXPECT_EQ(byPid, (std::map<pid_t, std::string>{
+                         {101, "/usr/local/bin/node | node /home/ada/.npm/bin/claude --resume"},
+                         {202, "codex | codex exec"}}));
 
     EXPECT_FALSE(ProcProcessTable(dir / "missing").list(error));
     EXPECT_FALSE(error.empty());
-}
-
-TEST(ProcProcessTable, SeesThisVeryProcess) {
-    std::string error;
-    auto list = ProcProcessTable().list(error);
-    ASSERT_TRUE(list);
-    const auto self = ::getpid();
-    EXPECT_TRUE(std::any_of(list->begin(), list->end(), [&](const ProcessInfo& p) {
-        return p.pid == self && p.executable.find("linux_tests") != std::string::npos;
-    }));
 }
 
 }  // namespace

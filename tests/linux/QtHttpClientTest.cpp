@@ -48,19 +48,6 @@ TEST_F(QtHttpClientTest, ARequestPastItsDeadlineIsAborted) {
     EXPECT_FALSE(response->ok());
 }
 
-TEST_F(QtHttpClientTest, RefusedConnectionReportsAnError) {
-    quint16 port = 0;
-    {
-        QTcpServer closed;
-        ASSERT_TRUE(closed.listen(QHostAddress::LocalHost, 0));
-        port = closed.serverPort();
-    }
-    auto response = fetch("http://127.0.0.1:" + std::to_string(port) + "/latest?from=USD");
-    ASSERT_TRUE(response);
-    EXPECT_EQ(response->status, 0);
-    EXPECT_FALSE(response->error.empty());
-}
-
 TEST_F(QtHttpClientTest, DestroyedClientNeverCallsBack) {
     server.stayQuiet();
     bool called = false;

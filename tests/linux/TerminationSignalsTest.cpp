@@ -21,16 +21,5 @@ TEST_F(TerminationSignalsTest, EachSignalReachesTheMainThreadAsACall) {
     }
 }
 
-TEST_F(TerminationSignalsTest, TheEarlierHandlerIsBackAfterwards) {
-    static int earlier = 0;
-    auto* previous = std::signal(SIGHUP, [](int) { earlier = 1; });
-    {
-        TerminationSignals signals([](int) {});
-    }
-    ASSERT_EQ(::raise(SIGHUP), 0);
-    EXPECT_EQ(earlier, 1);
-    std::signal(SIGHUP, previous);
-}
-
 }  // namespace
 }  // namespace vantrelle::testing

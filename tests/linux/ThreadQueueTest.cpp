@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <thread>
 #include <vector>
 
@@ -15,14 +14,13 @@ TEST(ThreadQueue, RunsWorkInOrderOffTheCallingThreadAndFinishesItOnDestruction) 
     std::thread::id worker;
     {
         auto queue = factory.make("aiusage");
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < 3; ++i)
             queue->async([&, i] {
                 ran.push_back(i);
                 worker = std::this_thread::get_id();
             });
     }
-    ASSERT_EQ(ran.size(), 100u);
-    EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));
+    EXPECT_EQ(ran, (std::vector<int>{0, 1, 2}));
     EXPECT_NE(worker, std::this_thread::get_id());
 }
 

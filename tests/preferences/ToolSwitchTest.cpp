@@ -9,30 +9,23 @@ namespace {
 class ToolSwitchTest : public ::testing::Test, protected testing::AppBasics {};
 
 TEST_F(ToolSwitchTest, TurningAToolOffIsStoredAndSaysNothing) {
-    const auto outcome = switchTool(settings, NotchTab::music, false);
-    EXPECT_TRUE(outcome.applied);
-    EXPECT_EQ(outcome.note, "");
+    EXPECT_EQ(switchTool(settings, NotchTab::music, false).note, "");
     EXPECT_FALSE(settings.isEnabled(NotchTab::music));
     EXPECT_TRUE(switchTool(settings, NotchTab::music, true).applied);
     EXPECT_TRUE(settings.isEnabled(NotchTab::music));
 }
 
-TEST_F(ToolSwitchTest, TheDashboardIsRefusedWithItsReason) {
-    const auto outcome = switchTool(settings, NotchTab::dashboard, false);
-    EXPECT_FALSE(outcome.applied);
-    EXPECT_NE(outcome.note.find("Dashboard stays on"), std::string::npos) << outcome.note;
+TEST_F(ToolSwitchTest, TheDashboardAndTheLastToolAreRefusedWithTheirReason) {
+    const auto dashboard = switchTool(settings, NotchTab::dashboard, false);
+    EXPECT_FALSE(dashboard.applied);
+    EXPECT_NE(dashboard.note.find("Dashboard stays on"), std::string::npos) << dashboard.note;
     EXPECT_TRUE(settings.isEnabled(NotchTab::dashboard));
-    // A list set without it (as an old file may hold) still refuses, rather than reading as done.
+    // Only the Dashboard and Notes left, in a list without the Dashboard as an old file may hold it.
     settings.setEnabledTabs({NotchTab::notes});
     EXPECT_FALSE(switchTool(settings, NotchTab::dashboard, false).applied);
-}
-
-TEST_F(ToolSwitchTest, TheLastToolIsRefusedAndNamed) {
-    // Only the Dashboard and Notes left; the Dashboard can't go, and Notes may go only while another is on.
-    settings.setEnabledTabs({NotchTab::notes});
-    const auto outcome = switchTool(settings, NotchTab::notes, false);
-    EXPECT_FALSE(outcome.applied);
-    EXPECT_NE(outcome.note.find("Notes is the last tool"), std::string::npos) << outcome.note;
+    const auto notes = switchTool(settings, NotchTab::notes, false);
+    EXPECT_FALSE(notes.applied);
+    EXPECT_NE(notes.note.find("Notes is the last tool"), std::string::npos) << notes.note;
     EXPECT_TRUE(settings.isEnabled(NotchTab::notes));
 }
 
