@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QStringList>
+#include <QtEndian>
 
 namespace vantrelle::testing {
 
@@ -34,14 +35,8 @@ inline const QDBusArgument& operator>>(const QDBusArgument& in, FakePixmap& pixm
 
 // A square of one colour, in network byte order.
 inline FakePixmap solidPixmap(int side, QRgb colour) {
-    QByteArray bytes;
-    for (int i = 0; i < side * side; ++i) {
-        bytes.append(static_cast<char>(qAlpha(colour)));
-        bytes.append(static_cast<char>(qRed(colour)));
-        bytes.append(static_cast<char>(qGreen(colour)));
-        bytes.append(static_cast<char>(qBlue(colour)));
-    }
-    return {side, side, bytes};
+    const quint32 argb = qToBigEndian<quint32>(colour);
+    return {side, side, QByteArray(reinterpret_cast<const char*>(&argb), 4).repeated(side * side)};
 }
 
 // A tray watcher written for the test: it lists whatever addresses the test gives it.

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "overlay/Screen.h"
 #include "platform/TrayItems.h"
 
 namespace vantrelle::testing {
@@ -24,5 +25,14 @@ public:
     std::vector<std::string> activations;
     std::function<void()> announce;  // what an item's new picture calls
 };
+
+// A 1512-wide screen whose notch runs from 656 to 856.
+inline ScreenInfo notchedScreen() {
+    ScreenInfo screen;
+    screen.frame = {0, 0, 1512, 982};
+    screen.auxiliaryTopLeftArea = Rect{0, 950, 656, 32};
+    screen.auxiliaryTopRightArea = Rect{856, 950, 656, 32};
+    return screen;
+}
 
 }  // namespace vantrelle::testing

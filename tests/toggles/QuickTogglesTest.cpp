@@ -22,8 +22,7 @@ public:
         for (auto program : programs) add(program);
     }
     void add(std::string_view program) const {
-        const auto file = m_dir.write(program, "#!/bin/sh\nexit 0\n");
-        ::chmod(file.c_str(), 0755);
+        ::chmod(m_dir.write(program, "#!/bin/sh\nexit 0\n").c_str(), 0755);
     }
     [[nodiscard]] std::string bin(std::string_view program) const { return (m_dir / program).string(); }
     [[nodiscard]] DesktopTools tools(const std::string& desktop) const {
@@ -45,14 +44,6 @@ struct Fixture {
     QuickToggles toggles;
 };
 
-struct CommandRow {
-    const char* name;
-    std::string desktop;
-    std::vector<std::string_view> programs;
-    QuickToggle toggle;
-    std::string command;  // the program in the stand-in folder and its arguments; empty: hidden here
-};
-
 // Words split at single spaces.
 Args words(const std::string& text) {
     Args out;
@@ -68,7 +59,13 @@ TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
     using enum QuickToggle;
     const std::vector<std::string_view> gnomeKde{"gsettings", "plasma-apply-colorscheme"};
     const std::vector<std::string_view> shots{"gnome-screenshot", "spectacle"};
-    const std::vector<CommandRow> rows{
+    const struct {
+        const char* name;
+        std::string desktop;
+        std::vector<std::string_view> programs;
+        QuickToggle toggle;
+        std::string command;  // the program in the stand-in folder and its arguments; empty: hidden here
+    } rows[] = {
         {"gnome dark", "ubuntu:GNOME", gnomeKde, darkMode,
          "gsettings set org.gnome.desktop.interface color-scheme prefer-dark"},
         {"kde dark", "KDE", gnomeKde, darkMode, "plasma-apply-colorscheme BreezeDark"},
@@ -78,7 +75,6 @@ TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
         {"gnome shot", "GNOME", shots, screenshot, "gnome-screenshot --area --clipboard"},
         {"kde shot", "KDE", shots, screenshot, "spectacle --background --nonotify --region --clipboard"},
         {"import without xclip", "XFCE", {"import", "sh"}, screenshot, ""},
-        {"sleep display", "XFCE", {"xset"}, sleepDisplay, "xset dpms force off"},
         {"lock", "XFCE", {"loginctl", "xset"}, lockScreen, "loginctl lock-session"},
         {"lock falls back", "XFCE", {"xset"}, lockScreen, "xset dpms force off"},
         {"trash", "GNOME", {"gio"}, emptyTrash, "gio trash --empty"},
@@ -90,20 +86,16 @@ TEST(QuickTogglesTest, EachDesktopRunsItsOwnCommandLines) {
         for (auto program : row.programs) bin.add(program);
         Fixture f(ToggleTable(bin.tools(row.desktop), false));
         const Args command = words(row.command);
-        const bool expected = !command.empty();
-        EXPECT_EQ(f.toggles.table().missingReason(row.toggle).has_value(), !expected);
+        EXPECT_EQ(f.toggles.table().missingReason(row.toggle).has_value(), command.empty());
         f.toggles.perform(row.toggle);
-        if (!expected) {
-            EXPECT_TRUE(f.launcher.detached.empty());
-            continue;
-        }
-        ASSERT_EQ(f.launcher.detached.size(), 1U);
+        ASSERT_EQ(f.launcher.detached.size(), command.empty() ? 0U : 1U);
+        if (command.empty()) continue;
         EXPECT_EQ(f.launcher.detached[0].program, bin.bin(command[0]));
         EXPECT_EQ(f.launcher.detached[0].arguments, Args(command.begin() + 1, command.end()));
     }
 }
 
-TEST(QuickTogglesTest, StateTogglesFlipAtOnceAndSwitchBack) {
+TEST(QuickTogglesTest, StateTogglesFlipAtOnceAndDarkModeThenTakesTheDesktopsWord) {
     StandIns bin({"gsettings"});
     Fixture f(ToggleTable(bin.tools("GNOME"), false));
     f.toggles.perform(QuickToggle::showHiddenFiles);
@@ -115,7 +107,14 @@ TEST(QuickTogglesTest, StateTogglesFlipAtOnceAndSwitchBack) {
               (Args{"set", "org.gtk.gtk4.Settings.FileChooser", "show-hidden", "true"}));
     EXPECT_EQ(f.launcher.detached[2].arguments,
               (Args{"set", "org.gtk.Settings.FileChooser", "show-hidden", "false"}));
-    EXPECT_FALSE(f.toggles.isActive(QuickToggle::screenshot));  // actions have no state
+
+    f.runner.answer = [](const FakeProcessRunner::Call&) {
+        return ProcessResult{true, false, 0, "'default'", {}};
+    };
+    f.toggles.perform(QuickToggle::darkMode);
+    EXPECT_TRUE(f.toggles.isActive(QuickToggle::darkMode));
+    f.scheduler.advance(QuickToggles::kRecheckDelay);  // the desktop refused the switch
+    EXPECT_FALSE(f.toggles.isActive(QuickToggle::darkMode));
 }
 
 TEST(QuickTogglesTest, ScreenshotsCollapseThePanelAndNameTheFile) {
@@ -137,7 +136,8 @@ TEST(QuickTogglesTest, KeepAwakeChildEndsOnSecondTapAndAtQuit) {
     ASSERT_EQ(f->launcher.children.size(), 1U);
     auto first = f->launcher.children[0];
     EXPECT_EQ(first->launch.program, bin.bin("systemd-inhibit"));
-    EXPECT_EQ(first->launch.arguments.back(), "infinity");
+    EXPECT_EQ(first->launch.arguments, (Args{"--what=idle:sleep", "--who=Vantrelle", "--why=Keep awake is on",
+                                             "--mode=block", bin.bin("sleep"), "infinity"}));
     EXPECT_TRUE(f->toggles.isActive(QuickToggle::keepAwake));
 
     // The second tap asks the child to end; the flag clears only when it has.
@@ -157,35 +157,27 @@ TEST(QuickTogglesTest, KeepAwakeChildEndsOnSecondTapAndAtQuit) {
     EXPECT_TRUE(last->terminateAsked);
 }
 
-TEST(QuickTogglesTest, LaunchFailuresAreLoggedAndLeaveKeepAwakeOff) {
+TEST(QuickTogglesTest, ALaunchFailureIsLoggedAndLeavesKeepAwakeOff) {
     testing::LogCapture log;
-    StandIns bin({"systemd-inhibit", "sleep", "gio", "xset"});
+    StandIns bin({"systemd-inhibit", "sleep"});
     Fixture f(ToggleTable(bin.tools("GNOME"), false));
     f.launcher.failWith = "No such file";
     f.toggles.perform(QuickToggle::keepAwake);
-    f.toggles.perform(QuickToggle::emptyTrash);
-    f.toggles.perform(QuickToggle::lockScreen);
     EXPECT_FALSE(f.toggles.isActive(QuickToggle::keepAwake));
-    const std::string text = log.text();
-    EXPECT_NE(text.find("toggles: systemd-inhibit failed: No such file"), std::string::npos) << text;
-    EXPECT_NE(text.find("QuickToggles: " + bin.bin("gio") + " failed: No such file"), std::string::npos)
-        << text;
-    EXPECT_NE(text.find("toggles: lock screen fell back to display sleep"), std::string::npos) << text;
+    EXPECT_NE(log.text().find("No such file"), std::string::npos);
 }
-
-struct StateRow {
-    const char* name;
-    std::string desktop;
-    std::string_view program;
-    QuickToggle toggle;
-    int exitCode;
-    std::string reply;
-    bool expected;
-};
 
 TEST(QuickTogglesTest, StatesAreReadFromTheDesktop) {
     using enum QuickToggle;
-    const std::vector<StateRow> rows{
+    const struct {
+        const char* name;
+        std::string desktop;
+        std::string_view program;
+        QuickToggle toggle;
+        int exitCode;
+        std::string reply;
+        bool expected;
+    } rows[] = {
         {"gnome dark", "GNOME", "gsettings", darkMode, 0, "'prefer-dark'\n", true},
         {"gnome light", "GNOME", "gsettings", darkMode, 0, "'default'\n", false},
         {"kde dark", "KDE", "plasma-apply-colorscheme", darkMode, 0,
@@ -213,56 +205,36 @@ TEST(QuickTogglesTest, StatesAreReadFromTheDesktop) {
     }
 }
 
-TEST(QuickTogglesTest, DarkModeTakesTheDesktopsWordAfterSwitching) {
-    StandIns bin({"gsettings"});
-    Fixture f(ToggleTable(bin.tools("GNOME"), false));
-    f.runner.answer = [](const FakeProcessRunner::Call&) {
-        return ProcessResult{true, false, 0, "'default'", {}};
-    };
-    f.scheduler.runUntilIdle();
-    f.toggles.perform(QuickToggle::darkMode);
-    EXPECT_TRUE(f.toggles.isActive(QuickToggle::darkMode));
-    f.scheduler.advance(QuickToggles::kRecheckDelay);  // the desktop refused the switch
-    EXPECT_FALSE(f.toggles.isActive(QuickToggle::darkMode));
-}
-
-class FakeDisks final : public RemovableDisks {
-public:
-    explicit FakeDisks(EjectResult result) : m_result(std::move(result)) {}
+struct FakeDisks final : RemovableDisks {
     bool available() override { return true; }
     EjectResult ejectAll() override {
         ++ejects;
-        return m_result;
+        return result;
     }
+    EjectResult result;
     int ejects = 0;
-
-private:
-    EjectResult m_result;
 };
 
-TEST(QuickTogglesTest, EjectGoesToTheDiskServiceAndLogsWhatItDid) {
-    struct Row {
+TEST(QuickTogglesTest, EjectGoesToTheDiskServiceAndLogsWhatWentWrong) {
+    const struct {
         const char* name;
         EjectResult result;
-        std::string logged;  // empty: nothing
-    };
-    const std::vector<Row> rows{
-        {"a busy filesystem", {0, {"/dev/sdb1 busy"}}, "toggles: eject /dev/sdb1 busy"},
-        {"no removable drives", {}, "toggles: nothing to eject"},
-        {"all went", {2, {}}, ""},
+        bool logged;
+    } rows[] = {
+        {"a busy filesystem", {0, {"/dev/sdb1 busy"}}, true},
+        {"no removable drives", {}, true},
+        {"all went", {2, {}}, false},
     };
     StandIns bin({});
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         testing::LogCapture log;
-        FakeDisks disks(row.result);
+        FakeDisks disks;
+        disks.result = row.result;
         Fixture f(ToggleTable(bin.tools("GNOME"), true), &disks);
         f.toggles.perform(QuickToggle::ejectDisks);
         EXPECT_EQ(disks.ejects, 1);
-        if (row.logged.empty())
-            EXPECT_EQ(log.text().find("toggles:"), std::string::npos);
-        else
-            EXPECT_NE(log.text().find(row.logged), std::string::npos);
+        EXPECT_EQ(log.text().find("toggles:") != std::string::npos, row.logged);
     }
     EXPECT_FALSE(ToggleTable(bin.tools("GNOME"), false).available(QuickToggle::ejectDisks));
 }
@@ -275,8 +247,6 @@ TEST(QuickTogglesTest, PathEntriesThatAreNotFoldersOrNotExecutableFindNothing) {
     EXPECT_FALSE(tools.has("gio"));
     EXPECT_FALSE(tools.has("../gio"));
     EXPECT_FALSE(DesktopTools::fromEnvironment(MapEnvironment()).has("sh"));
-    EXPECT_EQ(DesktopTools::desktopFrom("ubuntu:GNOME"), DesktopTools::Desktop::gnome);
-    EXPECT_EQ(DesktopTools::desktopFrom("KDE"), DesktopTools::Desktop::kde);
     EXPECT_EQ(DesktopTools::desktopFrom("kdeish"), DesktopTools::Desktop::other);
 }
 

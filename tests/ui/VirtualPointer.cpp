@@ -1,10 +1,7 @@
-// A pointer device for a Wayland compositor started without input devices (a headless one in a
-// test): it gives the seat its pointer and moves it the way a mouse does, so the compositor sends its
-// clients motion together with relative motion, as it does for real hardware. Prints "ready" once the
-// compositor has the device, then reads commands from standard input until it closes:
-//   move <x> <y>       moves to that point of a <width>x<height> layout (the arguments)
-//   press | release    the left button
-#include <linux/input-event-codes.h>
+// A pointer device for a Wayland compositor started without input devices: it gives the seat its pointer
+// and moves it as a mouse does, so clients get motion with relative motion, as from real hardware.
+// Prints "ready" once the compositor has the device, then reads lines "move <x> <y>" until standard
+// input closes, each a point of a <width>x<height> layout (the arguments).
 #include <wayland-client.h>
 
 #include <chrono>
@@ -45,24 +42,16 @@ std::uint32_t nowMs() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: virtual_pointer <layout width> <layout height>\n");
-        return 2;
-    }
+    if (argc != 3) return 2;
     const auto width = static_cast<std::uint32_t>(std::strtoul(argv[1], nullptr, 10));
     const auto height = static_cast<std::uint32_t>(std::strtoul(argv[2], nullptr, 10));
     wl_display* display = wl_display_connect(nullptr);
-    if (!display) {
-        std::fprintf(stderr, "virtual_pointer: no Wayland display (WAYLAND_DISPLAY)\n");
-        return 1;
-    }
+    if (!display) return 1;
     Globals globals;
-    wl_registry* registry = wl_display_get_registry(display);
-    wl_registry_add_listener(registry, &kRegistryListener, &globals);
+    wl_registry_add_listener(wl_display_get_registry(display), &kRegistryListener, &globals);
     wl_display_roundtrip(display);
     if (!globals.seat || !globals.manager) {
         std::fprintf(stderr, "virtual_pointer: the compositor offers no seat or no virtual pointers\n");
-        wl_display_disconnect(display);
         return 1;
     }
     zwlr_virtual_pointer_v1* pointer =
@@ -75,20 +64,10 @@ int main(int argc, char** argv) {
     while (std::fgets(line, sizeof line, stdin)) {
         unsigned x = 0;
         unsigned y = 0;
-        if (std::sscanf(line, "move %u %u", &x, &y) == 2 && x < width && y < height) {
-            zwlr_virtual_pointer_v1_motion_absolute(pointer, nowMs(), x, y, width, height);
-        } else if (std::strncmp(line, "press", 5) == 0 || std::strncmp(line, "release", 7) == 0) {
-            zwlr_virtual_pointer_v1_button(
-                pointer, nowMs(), BTN_LEFT,
-                line[0] == 'p' ? WL_POINTER_BUTTON_STATE_PRESSED : WL_POINTER_BUTTON_STATE_RELEASED);
-        } else {
-            std::fprintf(stderr, "virtual_pointer: ignoring %s", line);
-            continue;
-        }
+        if (std::sscanf(line, "move %u %u", &x, &y) != 2 || x >= width || y >= height) continue;
+        zwlr_virtual_pointer_v1_motion_absolute(pointer, nowMs(), x, y, width, height);
         zwlr_virtual_pointer_v1_frame(pointer);
         if (wl_display_roundtrip(display) == -1) return 1;
     }
-    zwlr_virtual_pointer_v1_destroy(pointer);
-    wl_display_disconnect(display);
     return 0;
 }

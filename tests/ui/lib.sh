@@ -1,8 +1,7 @@
-# Sourced by the scripts that run the real program: a temporary folder with a private home in it, removed
-# at exit once whatever app_pid, helper_pid, server and xvfb_pid name is stopped, and shared helpers.
+# Sourced by the scripts that run the real program: a private home in a temporary folder, removed at exit
+# once whatever app_pid, helper_pid, server and xvfb_pid name is stopped (it may still be writing).
 work=$(mktemp -d)
 log=$work/v.log
-# The program ends cleanly on SIGTERM, still writing its files: wait for it before removing them.
 trap 'kill ${app_pid:-} ${helper_pid:-} ${server:-} ${xvfb_pid:-} 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$work"' EXIT
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_DATA_HOME=$work/home/.local/share
 export XDG_CACHE_HOME=$work/home/.cache VANTRELLE_DEBUG_LOG=$log QT_QUICK_BACKEND=software

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# The real program with a real player: on a private session bus and display, mpv plays a generated
-# tone; the music panel follows it, the closed notch gets the media activity, and quitting mpv clears it.
+# On a private session bus and display, mpv plays a generated tone and the music panel follows it.
 set -euo pipefail
 app=${1:?usage: music_ui_test.sh <vantrelle binary>}
 for tool in dbus-run-session mpv sox Xvfb import; do
@@ -26,13 +25,8 @@ wait_for "media: player org.mpris.MediaPlayer2.mpv appeared" 10
 wait_for "media: apply Music 'tone.wav' playing=true" 10
 sleep 1
 import -window root "$work/music.png"
-# The panel is open on the music view: the title's row is drawn in light text on the dark panel.
+# The music view is drawn: light text on the dark panel.
 colours=$(convert "$work/music.png" -crop 700x300+406+40 -format "%k" info:)
 (( colours > 20 )) || fail "the music view looks empty ($colours colours)"
 [[ -n "${VANTRELLE_MUSIC_SHOT:-}" ]] && cp "$work/music.png" "$VANTRELLE_MUSIC_SHOT"
-
-kill "$helper_pid"
-wait "$helper_pid" 2>/dev/null || true
-wait_for "media: player org.mpris.MediaPlayer2.mpv quit" 10
-wait_for "media: apply nil" 10
 echo "PASS"

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
-# Drives the real program under a private X server with a real pointer and keyboard: hover opens, leaving
-# closes, a click opens at once, Escape closes, a click outside closes, a Claude Code alert widens the
-# closed notch; the dock, the settings window and a second launch work; and the screen shows the shell
-# where it should. When each of these happens is proven on virtual time in the C++ tests.
+# The real program under a private X server with a real pointer: hover, leaving, a click, a Claude Code
+# alert, the dock and the settings window. When each of these happens is proven on virtual time in the
+# C++ tests.
 set -euo pipefail
 app=${1:?usage: notch_ui_test.sh <vantrelle binary>}
 source "$(dirname "$0")/lib.sh"
@@ -10,8 +9,7 @@ start_display
 # A runtime folder of its own, so the single-instance lock is this test's alone.
 export XDG_RUNTIME_DIR=$work/run
 mkdir -p "$XDG_RUNTIME_DIR" "$XDG_CONFIG_HOME/Vantrelle" && chmod 700 "$XDG_RUNTIME_DIR"
-# A hover delay of two seconds: a click that opens well before it is the click's doing, even on a busy
-# machine.
+# A hover delay of two seconds: a click that opens well before it is the click's doing.
 echo '{"hoverDelay": 2.0}' >"$XDG_CONFIG_HOME/Vantrelle/defaults.json"
 start_app VANTRELLE_BACKDROP=1
 sleep 0.5
@@ -40,17 +38,7 @@ wait_for "overlay: collapse (mouse left)" 3
 sleep 0.6
 is_black 756 200 && fail "panel still drawn after closing"
 
-# 4. A click on the notch opens at once; Escape closes.
-open_by_click
-sleep 0.5; mark; move_to 756 200; xdotool key Escape
-wait_for "overlay: collapse (esc)"
-
-# 5. A click outside closes: in one go, before leaving would close it.
-open_by_click
-sleep 0.3; mark; xdotool mousemove 59 900 mousemove_relative 1 0 click 1
-wait_for "overlay: collapse (click outside)"
-
-# 6. Claude Code asks for approval: its hook appends a payload, and the closed notch shows the alert.
+# 4. Claude Code asks for approval: its hook appends a payload, and the closed notch shows the alert.
 events=$XDG_DATA_HOME/Vantrelle/claude-events.jsonl
 sleep 0.6; mark
 printf '%s\n' '{"session_id":"e2e-1","transcript_path":"/nonexistent/e2e.jsonl","cwd":"/home/dev/api","hook_event_name":"Notification","message":"Claude needs your permission to use Bash","notification_type":"permission_prompt"}' >>"$events"
@@ -60,29 +48,20 @@ is_black $((756 + 92 + 40)) 12 || fail "the notch did not widen for the alert"
 import -window root "$work/alert.png"
 [[ -n "${VANTRELLE_UI_SHOTS:-}" ]] && cp "$work/collapsed.png" "$work/alert.png" "$VANTRELLE_UI_SHOTS/"
 
-# ---- The shell: dock clicks, Escape from a text field, the settings window, one instance -------------
-# Where things sit on this 1512-pixel screen: the panel is 998 wide around x=756 and 340 high; the dock
-# is centred 12 below it; its items are 40 apart, calc the tenth of seventeen.
-panel_bottom=340
-dock_y=$((panel_bottom + 12 + 23))
+# On this 1512-pixel screen the panel is 998 wide around x=756 and 340 high; the dock is centred 12
+# below it; its items are 40 apart, calc the tenth of seventeen.
+dock_y=$((340 + 12 + 23))
 calc_x=$((756 + 40))
 header_y=$((32 + 8 + 20))
 gear_x=$((756 + 499 - 20 - 11 - 2 * 30))   # close, then "more" (no tray here), then the gear
 
-# 7. A click on a dock icon, then leaving: the panel still closes (the click's release is not lost).
+# 5. A click on a dock icon, then leaving: the panel still closes (the click's release is not lost).
 open_by_click
 sleep 0.5; move_to "$calc_x" "$dock_y"; xdotool click 1
 sleep 0.3; mark; move_to 100 700
 wait_for "overlay: collapse (mouse left)" 3
 
-# 8. Escape from the calculator's field, with text in it, closes the panel.
-open_by_click
-sleep 0.5; move_to "$calc_x" "$dock_y"; xdotool click 1
-sleep 0.3; xdotool type --delay 20 "12*3"
-sleep 0.2; mark; xdotool key Escape
-wait_for "overlay: collapse (esc)"
-
-# 9. The gear opens the settings; a hover delay typed there is stored.
+# 6. The gear opens the settings window.
 open_by_click
 sleep 0.5; mark; move_to "$gear_x" "$header_y"; xdotool click 1
 wait_for "settings: window shown"
@@ -90,17 +69,4 @@ sleep 1
 settings_window=$(xdotool search --name "Vantrelle Settings" | head -1)
 [[ -n "$settings_window" ]] || fail "no settings window"
 [[ -n "${VANTRELLE_UI_SHOTS:-}" ]] && import -window "$settings_window" "$VANTRELLE_UI_SHOTS/settings-window.png"
-mark; xdotool key ctrl+a; xdotool type --delay 20 "1.2"; xdotool key Return
-wait_for "settings: setHoverDelay changed"
-grep -q '"hoverDelay": *1.2' "$XDG_CONFIG_HOME/Vantrelle/defaults.json" || fail "the hover delay was not stored"
-
-# 10. A second launch opens the first instance's panel and ends; `--quit` ends the first.
-move_to 100 900; sleep 0.8; mark
-"$app" >"$work/second.out" 2>&1 || fail "the second launch failed: $(cat "$work/second.out")"
-wait_for "overlay: expand (second launch)"
-"$app" --quit || fail "--quit found no instance"
-for _ in $(seq 100); do kill -0 "$app_pid" 2>/dev/null || break; sleep 0.05; done
-kill -0 "$app_pid" 2>/dev/null && fail "--quit did not end the program"
-"$app" --quit 2>/dev/null && fail "--quit succeeded with nothing running"
-
-echo "ui: hover, leave, click, Escape, click outside, a Claude Code alert, the dock, the settings and one instance behave"
+echo "ui: hover, leave, a click, a Claude Code alert, the dock and the settings window behave"

@@ -1,15 +1,10 @@
 #!/usr/bin/env bash
-# A real XDND drop on the notch: a small drag source (a Qt window) drags a file's URI, xdotool moves
+# A real XDND drop on the notch: a drag source written for the test drags a file's URI, xdotool moves
 # the pointer from it onto the notch and lets go; the file must then be on the shelf, saved to disk.
 set -euo pipefail
 app=${1:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
 source_bin=${2:?usage: shelf_drop_test.sh <vantrelle binary> <drag source binary>}
 source "$(dirname "$0")/lib.sh"
-fail() {
-  echo "FAIL: $*"; echo "--- log"; cat "$log" 2>/dev/null
-  echo "--- program"; cat "$work/app.out" 2>/dev/null; echo "--- source"; cat "$work/source.out" 2>/dev/null
-  exit 1
-}
 start_display
 mkdir -p "$HOME/Downloads"
 start_app
@@ -34,5 +29,4 @@ xdotool mouseup 1
 shelf=$XDG_DATA_HOME/Vantrelle/shelf.json
 for _ in $(seq 100); do grep -q "report draft.txt" "$shelf" 2>/dev/null && break; sleep 0.05; done
 grep -q "report draft.txt" "$shelf" 2>/dev/null || fail "the dropped file is not on the shelf"
-grep -q "shelf: added 1 file" "$log" || fail "no log line for the drop"
 echo "PASS"
