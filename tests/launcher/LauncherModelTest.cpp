@@ -3,6 +3,7 @@
 #include "fakes/FakeProcessRunner.h"
 #include "fakes/ScopedTimeZone.h"
 #include "fakes/TempDir.h"
+#include "launcher/FavoriteApps.h"
 #include "launcher/LauncherModel.h"
 #include "platform/VirtualScheduler.h"
 
@@ -61,21 +62,10 @@ protected:
 TEST_F(LauncherModelTest, GnomeFavoritesInOrderWithNamesAndIconsSkippingUninstalledOnes) {
     gnome = "['org.gnome.Nautilus.desktop', 'missing.desktop', 'gone.desktop', 'firefox.desktop']\n";
     auto model = make();
-    EXPECT_EQ(model->source(), Source::gnome);
-    ASSERT_EQ(model->apps().size(), 2U);
-    EXPECT_EQ(model->apps()[0], (LauncherApp{"org.gnome.Nautilus", "Files", "org.gnome.Nautilus",
-                                             (dir / "apps/org.gnome.Nautilus.desktop").string()}));
-    EXPECT_EQ(model->apps()[1].id, "firefox");
-    EXPECT_EQ(changes, 1);
-}
-
-TEST_F(LauncherModelTest, KdeLaunchersComeFirstOnKdeAndFindEntriesInSubfolders) {
-    gnome = "['firefox.desktop']";
-    dir.write("appletsrc", "launchers=applications:org-kde-konsole.desktop,applications:firefox.desktop\n");
-    auto model = make("KDE");
-    EXPECT_EQ(model->source(), Source::kde);
-    EXPECT_EQ(ids(*model), (std::vector<std::string>{"org-kde-konsole", "firefox"}));
-    EXPECT_EQ(model->apps()[0].name, "Konsole");
+    EXPECT_EQ(model->apps(), (std::vector<LauncherApp>{{"org.gnome.Nautilus", "Files", "org.gnome.Nautilus",
+                                                        (dir / "apps/org.gnome.Nautilus.desktop").string()},
+                                                       {"firefox", "Firefox", "firefox",
+                                                        (dir / "apps/firefox.desktop").string()}}));
 }
 
 TEST_F(LauncherModelTest, WithoutADesktopFallsBackToTheMostUsedAppsThenToCommonOnes) {
@@ -102,43 +92,74 @@ TEST_F(LauncherModelTest, WithoutADesktopFallsBackToTheMostUsedAppsThenToCommonO
     EXPECT_TRUE(model->apps().empty());
 }
 
-TEST_F(LauncherModelTest, FollowsChangesOnThePollAndIsQuietWhenNothingChanged) {
-    dir.write("appletsrc", "launchers=applications:firefox.desktop\n");
-    auto model = make("KDE");
-    EXPECT_EQ(changes, 1);
-    clock.advance(LauncherModel::kPollInterval);
-    EXPECT_EQ(changes, 1);
-    dir.write("appletsrc",
-              "launchers=applications:org.gnome.Nautilus.desktop,applications:firefox.desktop\n");
-    clock.advance(LauncherModel::kPollInterval - 1);
-    EXPECT_EQ(ids(*model), (std::vector<std::string>{"firefox"}));
-    clock.advance(1);
-    EXPECT_EQ(changes, 2);
-    EXPECT_EQ(ids(*model), (std::vector<std::string>{"org.gnome.Nautilus", "firefox"}));
-}
-
 TEST_F(LauncherModelTest, LaunchesThroughGioElseGtkLaunchAndOnlyAppsOfTheList) {
     gnome = "['firefox.desktop']";
     auto model = make();
     runner.calls.clear();
     ASSERT_TRUE(model->launch("firefox"));
     ASSERT_EQ(runner.calls.size(), 1U);
-    EXPECT_EQ(runner.calls[0].program, "gio");
     EXPECT_EQ(runner.calls[0].arguments,
-              (std::vector<std::string>{"launch", (dir / "apps/firefox.desktop").string()}));
+              (std::vector<std::string>{"launch", (dir / "apps/firefox.desktop").string()}))
+        << "gio";
 
     runner.calls.clear();
     runner.answer = [](const FakeProcessRunner::Call& call) {
-        return ProcessResult{call.program != "gio", false, 0, {}, {}};  // no gio on this machine
+        return ProcessResult{true, false, call.program == "gio" ? 2 : 0, {}, {}};  // gio fails
     };
     ASSERT_TRUE(model->launch("firefox"));
     ASSERT_EQ(runner.calls.size(), 2U);
-    EXPECT_EQ(runner.calls[1].program, "gtk-launch");
-    EXPECT_EQ(runner.calls[1].arguments, (std::vector<std::string>{"firefox"}));
+    EXPECT_EQ(runner.calls[1].arguments, (std::vector<std::string>{"firefox"})) << "gtk-launch takes the id";
 
     runner.calls.clear();
     EXPECT_FALSE(model->launch("../../bin/evil"));
     EXPECT_TRUE(runner.calls.empty());
+}
+
+using Ids = std::vector<std::string>;
+
+TEST(FavoriteApps, ReadsGnomeFavoritesAndSkipsWhatIsNotADesktopFile) {
+    const struct {
+        const char* name;
+        std::string text;
+        Ids ids;
+    } rows[] = {
+        {"two apps",
+         "['firefox.desktop', 'org.gnome.Nautilus.desktop']\n",
+         {"firefox", "org.gnome.Nautilus"}},
+        {"empty typed", "@as []\n", {}},
+        {"double quotes and escapes", R"(["it\"s.desktop", 'a\'b.desktop'])", {"it\"s", "a'b"}},
+        {"repeats once", "['a.desktop', 'a.desktop', 'b.desktop']", {"a", "b"}},
+        {"not desktop files", "['a.txt', '.desktop', '../x.desktop', 'ok.desktop']", {"ok"}},
+        {"cut off", "['a.desktop', 'b.desk", {"a"}},
+        {"garbage", "No such schema “org.gnome.shell”", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(parseGnomeFavorites(row.text), row.ids);
+    }
+}
+
+TEST(FavoriteApps, ReadsTheFirstKdeTaskManagerWithLaunchers) {
+    const struct {
+        const char* name;
+        std::string text;
+        Ids ids;
+    } rows[] = {
+        {"one panel",
+         "[Containments][2][Applets][5][Configuration][General]\r\n"
+         "launchers=applications:systemsettings.desktop,preferred://filemanager,"
+         "file:///home/ada/app.desktop,applications:org.kde.konsole.desktop\r\n",
+         {"systemsettings", "org.kde.konsole"}},
+        {"empty first, second wins",
+         "[A]\nlaunchers=\n[B]\nlaunchers=applications:firefox.desktop\n[C]\nlaunchers=applications:x."
+         "desktop\n",
+         {"firefox"}},
+        {"odd items", "launchers=applications:,applications:a/b.desktop,,applications:ok.desktop", {"ok"}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(parseKdeLaunchers(row.text), row.ids);
+    }
 }
 
 }  // namespace

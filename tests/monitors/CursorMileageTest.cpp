@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "agents/IsoDate.h"
 #include "fakes/ScopedTimeZone.h"
 #include "fakes/TempDir.h"
 #include "platform/VirtualScheduler.h"
 #include "wrapped/CursorMileage.h"
+#include "wrapped/MileageShare.h"
 
 namespace vantrelle {
 namespace {
@@ -23,7 +26,7 @@ protected:
     VirtualScheduler clock{*parseIsoDate("2027-03-02T10:00:00Z")};
 };
 
-TEST_F(CursorMileageTest, CountsThePathInMetresAndSkipsJumps) {
+TEST_F(CursorMileageTest, CountsThePathInMetresSkipsJumpsAndAppliesANewScaleToLaterTravelOnly) {
     auto mileage = make();
     mileage->record(0, 0);
     mileage->record(300, 400);                                      // 500 px
@@ -31,9 +34,14 @@ TEST_F(CursorMileageTest, CountsThePathInMetresAndSkipsJumps) {
     mileage->record(300, 5000);
     mileage->lift();
     mileage->record(0, 0);  // a fresh path after the pointer was lost
+    mileage->setMetresPerPixel(0.002);
+    mileage->record(100, 0);
+    mileage->setMetresPerPixel(-1);  // nonsense from a screen without a size: ignored
+    mileage->setMetresPerPixel(0);
+    mileage->record(200, 0);
     const auto metres = mileage->meters(clock.now(), clock.now());
     ASSERT_EQ(metres.size(), 1U);
-    EXPECT_NEAR(metres[0], 0.5 + 0.599, 1e-12);
+    EXPECT_NEAR(metres[0], 0.5 + 0.599 + 0.2 + 0.2, 1e-12);
 }
 
 TEST_F(CursorMileageTest, BooksTravelToTheDayOfTheFlushAndKeepsItAcrossRestarts) {
@@ -56,7 +64,7 @@ TEST_F(CursorMileageTest, AnUnreadableFileIsMovedAsideAndDemoModeWritesNothing) 
     const auto corrupt = other.write("cursor-mileage.json", "[1, 2");
     CursorMileage broken(corrupt, clock, false);
     EXPECT_TRUE(broken.days().empty());
-    EXPECT_FALSE(std::filesystem::exists(corrupt));
+    EXPECT_EQ(testing::unreadableCopies(corrupt).size(), 1U);
 
     auto demo = make(/*demo=*/true);
     demo->record(0, 0);
@@ -65,16 +73,45 @@ TEST_F(CursorMileageTest, AnUnreadableFileIsMovedAsideAndDemoModeWritesNothing) 
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
-TEST_F(CursorMileageTest, ANewScaleAppliesOnlyToLaterTravel) {
+TEST(MileageShare, TextsForEveryDistance) {
+    const struct {
+        double metres;
+        const char* distance;
+        const char* share;
+    } rows[] = {
+        {std::nan(""), "0 m", "My cursor travelled 0 m today. Counted by Vantrelle."},
+        {420, "420 m", "My cursor travelled 420 m today, a lap of a running track. Counted by Vantrelle."},
+        {999.6, "1.0 km",
+         "My cursor travelled 1.0 km today, 2 laps of a running track. Counted by Vantrelle."},
+        {12345, "12 km",
+         "My cursor travelled 12 km today, 30 laps of a running track. Counted by Vantrelle."},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.metres);
+        EXPECT_EQ(distanceText(row.metres), row.distance);
+        EXPECT_EQ(mileageShareText(row.metres), row.share);
+    }
+}
+
+TEST_F(CursorMileageTest, ShareCopiesTodaysMileageWithTheUnbookedTravel) {
+    struct : Clipboard {
+        void setText(const std::string& value) override { text = value; }
+        std::string text;
+    } clipboard;
     auto mileage = make();
+    mileage->setMetresPerPixel(1.0);
     mileage->record(0, 0);
-    mileage->record(100, 0);
-    mileage->setMetresPerPixel(0.002);
-    mileage->record(200, 0);
-    mileage->setMetresPerPixel(-1);  // nonsense from a screen without a size: ignored
-    mileage->setMetresPerPixel(0);
-    mileage->record(300, 0);
-    EXPECT_NEAR(mileage->meters(clock.now(), clock.now()).front(), 0.1 + 0.2 + 0.2, 1e-12);
+    mileage->record(300, 400);
+    mileage->flush();
+    mileage->record(600, 800);  // not booked yet
+    MileageShare share(*mileage, clock, clipboard);
+    EXPECT_EQ(share.share(),
+              "My cursor travelled 1.0 km today, 2 laps of a running track. Counted by Vantrelle.");
+    EXPECT_EQ(clipboard.text, share.share());
+
+    mileage->flush();
+    clock.advance(86400);  // a new day starts at nothing
+    EXPECT_EQ(share.share(), "My cursor travelled 0 m today. Counted by Vantrelle.");
 }
 
 }  // namespace

@@ -56,11 +56,9 @@ TEST_F(ScreenTimeTrackerTest, ASwitchCreditsTheTimeSinceTheLastTickToTheLeavingA
     EXPECT_DOUBLE_EQ(secondsOf("code"), 19);
     clock.advance(11);  // the tick at 30 s
     EXPECT_DOUBLE_EQ(secondsOf("org.gnome.Terminal"), 11);
-    EXPECT_DOUBLE_EQ(tracker->totalSeconds(), 30);
-    EXPECT_EQ(tracker->current()->id, "org.gnome.Terminal");
 }
 
-TEST_F(ScreenTimeTrackerTest, AGapOfAMinuteOrMoreIsThrownAwayButMovesTheTick) {
+TEST_F(ScreenTimeTrackerTest, AGapOfAMinuteOrATickFromTwoMinutesIdleIsThrownAway) {
     make();
     clock.setNow(clock.now() + 61);
     tracker->tick();
@@ -68,19 +66,14 @@ TEST_F(ScreenTimeTrackerTest, AGapOfAMinuteOrMoreIsThrownAwayButMovesTheTick) {
     clock.setNow(clock.now() + 59.5);
     tracker->tick();
     EXPECT_DOUBLE_EQ(secondsOf("code"), 59.5) << "counted from the reset tick, not from the start";
-    clock.setNow(clock.now() + 60);
-    tracker->tick();
-    EXPECT_DOUBLE_EQ(secondsOf("code"), 59.5);
-}
-
-TEST_F(ScreenTimeTrackerTest, IdleBelowTwoMinutesCountsAndFromTwoMinutesTheWholeTickIsLost) {
-    make();
     activity.idle = 119;
-    clock.advance(15);
-    EXPECT_DOUBLE_EQ(secondsOf("code"), 15);
+    clock.setNow(clock.now() + 15);
+    tracker->tick();
+    EXPECT_DOUBLE_EQ(secondsOf("code"), 74.5);
     activity.idle = 120;
-    clock.advance(15);
-    EXPECT_DOUBLE_EQ(secondsOf("code"), 15);
+    clock.setNow(clock.now() + 15);
+    tracker->tick();
+    EXPECT_DOUBLE_EQ(secondsOf("code"), 74.5);
 }
 
 TEST_F(ScreenTimeTrackerTest, AFlickShorterThanTwoSecondsIsNoSessionButItsTimeCounts) {
@@ -91,8 +84,7 @@ TEST_F(ScreenTimeTrackerTest, AFlickShorterThanTwoSecondsIsNoSessionButItsTimeCo
     EXPECT_NEAR(secondsOf("code"), 1.9, 1e-6);  // dates are epoch seconds: a microsecond is their grain
     clock.advance(8);
     tracker->switchTo(kBrowser);
-    ASSERT_EQ(tracker->sessions().size(), 1U);
-    EXPECT_DOUBLE_EQ(tracker->sessions()[0], 8);
+    EXPECT_EQ(tracker->sessions(), std::vector<double>{8});
     clock.advance(4);
     tracker->switchTo(kEditor);  // 4 s closed; the running session is still under 2 s
     EXPECT_DOUBLE_EQ(tracker->averageSessionSeconds(), 6);
@@ -100,24 +92,18 @@ TEST_F(ScreenTimeTrackerTest, AFlickShorterThanTwoSecondsIsNoSessionButItsTimeCo
     EXPECT_NEAR(tracker->totalSeconds(), 13.9, 1e-6);
 }
 
-TEST_F(ScreenTimeTrackerTest, OurOwnPanelInFrontClosesTheSessionAndCountsNothing) {
+TEST_F(ScreenTimeTrackerTest, OurOwnPanelLockAndSleepStopCountingAndUnlockTakesTheFrontAgain) {
     make();
     clock.advance(5);
     tracker->switchTo(FrontmostApp{"vantrelle", "Vantrelle", ""});
     EXPECT_FALSE(tracker->current());
-    EXPECT_FALSE(tracker->currentSince());
     EXPECT_EQ(tracker->sessions(), std::vector<double>{5});
-    clock.advance(30);
-    EXPECT_DOUBLE_EQ(tracker->totalSeconds(), 5);
-}
-
-TEST_F(ScreenTimeTrackerTest, LockAndSleepStopCountingAndUnlockTakesTheFrontAgain) {
-    make();
+    clock.advance(10);
+    tracker->switchTo(kEditor);
     clock.advance(15);
     tracker->setLocked(true);
-    EXPECT_FALSE(tracker->current());
     clock.advance(45);
-    EXPECT_DOUBLE_EQ(tracker->totalSeconds(), 15);
+    EXPECT_DOUBLE_EQ(tracker->totalSeconds(), 20);
     activity.front = kBrowser;
     tracker->setLocked(false);
     EXPECT_EQ(tracker->current()->id, "org.mozilla.firefox");
@@ -128,7 +114,7 @@ TEST_F(ScreenTimeTrackerTest, LockAndSleepStopCountingAndUnlockTakesTheFrontAgai
     EXPECT_DOUBLE_EQ(secondsOf("org.mozilla.firefox"), 15);
 }
 
-TEST_F(ScreenTimeTrackerTest, FlushesAtMostOnceAMinuteAndAtQuit) {
+TEST_F(ScreenTimeTrackerTest, FlushesAtMostOnceAMinuteAndAtQuitAndARestartContinuesTheDay) {
     make();
     clock.advance(15);
     EXPECT_FALSE(tracker->isDirty()) << "the first tick flushes: nothing was ever written";
@@ -142,6 +128,13 @@ TEST_F(ScreenTimeTrackerTest, FlushesAtMostOnceAMinuteAndAtQuit) {
     tracker->flushNow();
     EXPECT_EQ(file(tracker->dayKey())->at("code"),
               (ScreenTimeEntry{"Visual Studio Code", 90, "/usr/share/code/code"}));
+
+    tracker.reset();
+    activity.front = kTerminal;
+    make();
+    clock.advance(15);
+    EXPECT_DOUBLE_EQ(secondsOf("code"), 90);
+    EXPECT_DOUBLE_EQ(secondsOf("org.gnome.Terminal"), 15);
 }
 
 TEST_F(ScreenTimeTrackerTest, AFailedFlushKeepsTheUnsavedSecondsForTheNextTry) {
@@ -154,18 +147,6 @@ TEST_F(ScreenTimeTrackerTest, AFailedFlushKeepsTheUnsavedSecondsForTheNextTry) {
     clock.advance(15);
     EXPECT_FALSE(tracker->isDirty());
     EXPECT_DOUBLE_EQ(file(tracker->dayKey())->at("code").seconds, 30);
-}
-
-TEST_F(ScreenTimeTrackerTest, ARestartContinuesTheDayFromItsFile) {
-    make();
-    clock.advance(30);
-    tracker->flushNow();
-    tracker.reset();
-    activity.front = kTerminal;
-    make();
-    clock.advance(15);
-    EXPECT_DOUBLE_EQ(secondsOf("code"), 30);
-    EXPECT_DOUBLE_EQ(secondsOf("org.gnome.Terminal"), 15);
 }
 
 TEST_F(ScreenTimeTrackerTest, AnUnreadableDayFileIsMovedAsideNotOverwritten) {
@@ -185,17 +166,13 @@ TEST_F(ScreenTimeTrackerTest, UsageSumsDayFilesAndTodayAndSkipsBrokenDays) {
     tracker->switchTo(kTerminal);
     clock.advance(200);
     const auto sums = tracker->usage(kMorning - 2 * 86400 + 5, clock.now());
-    ASSERT_EQ(sums.size(), 2U);
-    EXPECT_EQ(sums[0], std::make_pair(std::string("Terminal"), 195.0));
-    EXPECT_EQ(sums[1], std::make_pair(std::string("Visual Studio Code"), 115.0));
+    EXPECT_EQ(sums,
+              (std::vector<std::pair<std::string, double>>{{"Terminal", 195}, {"Visual Studio Code", 115}}));
 }
 
-TEST_F(ScreenTimeTrackerTest, DemoModeShowsFixedFiguresAndWritesNothing) {
+TEST_F(ScreenTimeTrackerTest, DemoModeWritesNothing) {
     make(/*demo=*/true);
-    const auto figures = tracker->today();
     clock.advance(120);
-    EXPECT_FALSE(figures.empty());
-    EXPECT_EQ(tracker->today(), figures) << "the editor in front counts nothing";
     EXPECT_FALSE(std::filesystem::exists(dir / "screentime"));
 }
 
@@ -219,22 +196,6 @@ TEST_F(ScreenTimeMidnightTest, TheOldDayFileIsCompleteAndTheNewDayStartsEmpty) {
     EXPECT_DOUBLE_EQ(secondsOf("org.gnome.Terminal"), 12) << "the tick that found the new day credits it";
     EXPECT_DOUBLE_EQ(secondsOf("code"), 0);
     EXPECT_EQ(tracker->currentSince(), clock.now());
-}
-
-TEST(AppCategory, FragmentsOfDesktopIds) {
-    const std::vector<std::pair<std::string, AppCategory>> rows{
-        {"com.example.search", AppCategory::browsing},
-        {"org.gnome.Terminal", AppCategory::development},
-        {"code", AppCategory::development},
-        {"org.mozilla.firefox", AppCategory::browsing},
-        {"org.gnome.Nautilus", AppCategory::utilities},
-        {"vantrelle", AppCategory::utilities},
-        {"com.slack.Slack", AppCategory::communication},
-        {"com.spotify.Client", AppCategory::entertainment},
-        {"org.libreoffice.LibreOffice", AppCategory::productivity},
-        {"xyz.unknown.Tool", AppCategory::other},
-    };
-    for (const auto& [id, category] : rows) EXPECT_EQ(rawName(appCategory(id)), rawName(category)) << id;
 }
 
 }  // namespace

@@ -1,12 +1,7 @@
 // The frontmost-application probe against a private Xvfb with two real windows. The test plays the
 // window manager: it sets the root's _NET_ACTIVE_WINDOW, as a real one does on each activation.
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <xcb/xcb.h>
-
-#include <QCoreApplication>
-#include <cstdlib>
-#include <cstring>
 
 #include "fakes/TempDir.h"
 #include "linux/PrivateXServer.h"
@@ -29,9 +24,6 @@ public:
             xcb_create_window(m_c, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 100, 100, 0,
                               XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
             xcb_map_window(m_c, window);
-            const std::uint32_t pid = static_cast<std::uint32_t>(::getpid());
-            xcb_change_property(m_c, XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL,
-                                32, 1, &pid);
         }
         setClass(0, "fake-editor", "FakeEditor");
         setClass(1, "scratch", "Scratch");
@@ -73,26 +65,18 @@ protected:
     testing::TempDir apps;
 };
 
-TEST_F(X11ScreenActivityTest, NamesTheActiveWindowsApplicationButNeverOurOwnAndHearsActivations) {
+TEST_F(X11ScreenActivityTest, NamesTheActiveWindowsApplicationAndHearsActivations) {
     XConnection connection;
     ASSERT_TRUE(connection.isOpen());
     DesktopEntryIndex index({apps.path()});
     X11ScreenActivity activity(connection, index, /*ownPid=*/-1);
     std::vector<std::optional<FrontmostApp>> switches;
     activity.setSwitchHandler([&](std::optional<FrontmostApp> app) { switches.push_back(std::move(app)); });
-    // The same windows seen by a process that owns them: its own window is never frontmost.
-    XConnection ownConnection;
-    X11ScreenActivity own(ownConnection, index, ::getpid());
-    std::vector<std::optional<FrontmostApp>> ownSwitches;
-    own.setSwitchHandler([&](std::optional<FrontmostApp> app) { ownSwitches.push_back(std::move(app)); });
     TwoWindows windows;
 
     windows.activate(0);
-    ASSERT_TRUE(spinUntil([&] { return !switches.empty() && !ownSwitches.empty(); }));
-    EXPECT_FALSE(ownSwitches.back());
-    EXPECT_FALSE(own.frontmost());
+    ASSERT_TRUE(spinUntil([&] { return !switches.empty(); }));
     ASSERT_TRUE(switches.back());
-    EXPECT_EQ(switches.back()->id, "org.example.FakeEditor");
     EXPECT_EQ(switches.back()->name, "Fake Editor");
 
     windows.activate(1);
@@ -104,7 +88,6 @@ TEST_F(X11ScreenActivityTest, NamesTheActiveWindowsApplicationButNeverOurOwnAndH
     windows.activate(-1);
     ASSERT_TRUE(spinUntil([&] { return switches.size() >= 3; }));
     EXPECT_FALSE(switches.back());
-    EXPECT_GE(activity.idleSeconds(), 0.0);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # The real program's launch hooks of the monitors under a private X server: VANTRELLE_TEST_STOP_PORT
-# stops a real server this script started, VANTRELLE_TEST_WRAPPED_OUT writes the four Wrapped cards
-# and logs their figures.
+# stops a real server this script started, VANTRELLE_TEST_WRAPPED_OUT writes the four Wrapped cards.
 set -euo pipefail
 app=${1:?usage: monitor_hooks_ui_test.sh <vantrelle binary>}
 source "$(dirname "$0")/../ui/lib.sh"
@@ -17,8 +16,6 @@ kill -0 "$server" 2>/dev/null && fail "the server still runs after the stop hook
 server=
 wait_for "wrapped test: thisMonth" 20
 for period in lastWeek thisWeek lastMonth thisMonth; do
-  grep -q "wrapped test: $period .* focus=0.0 h cursor=0.0km top=none ai=0 headline=Your cursor travelled 0 m" "$log" \
-    || fail "no figures logged for $period"
   [[ $(head -c 4 "$work/cards/$period.png" | od -An -tx1 | tr -d ' \n') == 89504e47 ]] || fail "no card for $period"
 done
 kill "$app_pid"; wait "$app_pid" 2>/dev/null || true

@@ -11,10 +11,7 @@ namespace vantrelle::testing {
 // Registrations in memory; combos listed in `taken` are refused as another program's.
 class FakeHotKeys final : public HotKeys {
 public:
-    void install(Handler onPress) override {
-        ++installs;
-        handler = std::move(onPress);
-    }
+    void install(Handler onPress) override { handler = std::move(onPress); }
     int registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override {
         if (taken.count({keyCode, modifiers})) return -9878;
         live[id] = {keyCode, modifiers};
@@ -37,7 +34,6 @@ public:
 
     Handler handler;
     Handler refusals;
-    int installs = 0;
     std::map<std::uint32_t, std::pair<std::uint32_t, std::uint32_t>> live;
     std::set<std::pair<std::uint32_t, std::uint32_t>> taken;
 };
