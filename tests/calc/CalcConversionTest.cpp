@@ -3,8 +3,6 @@
 #include "CalcGrammarRows.h"
 #include "calc/CalcEngine.h"
 #include "calc/ConversionQuery.h"
-#include "calc/CurrencyNames.h"
-#include "calc/UnitTable.h"
 
 namespace vantrelle {
 
@@ -26,8 +24,6 @@ TEST(ConversionQuery, SplitsAtTheLastConnectiveButNeverTheFirstWord) {
     } rows[] = {
         {"5 in in cm", ConversionQuery{"5 in", "cm"}},
         {"10 usd to us dollars", ConversionQuery{"10 usd", "us dollars"}},
-        {"1 kg as lb", ConversionQuery{"1 kg", "lb"}},
-        {"5 km", std::nullopt},
         {"in 5 km", std::nullopt},
         {"5 km in", std::nullopt},
         {"20% of 150", std::nullopt},
@@ -44,14 +40,10 @@ TEST(SplitAmount, SymbolAmountAndRest) {
         std::optional<SplitAmount> split;
     } rows[] = {
         {"$1,200.50", SplitAmount{"$", 1200.5, ""}},
-        {"€ 5", SplitAmount{"€", 5, ""}},
-        {"5 km", SplitAmount{"", 5, "km"}},
         {"5km", SplitAmount{"", 5, "km"}},
         {"-40 f", SplitAmount{"", -40, "f"}},
         {"2.5e3 m", SplitAmount{"", 2500, "m"}},
-        {"km", std::nullopt},
         {".5 km", std::nullopt},
-        {"$", std::nullopt},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
@@ -59,90 +51,28 @@ TEST(SplitAmount, SymbolAmountAndRest) {
     }
 }
 
-// A line and the answer shown for it.
-struct Shown {
-    const char* text;
-    const char* display;
-};
-
-void expectShown(std::initializer_list<Shown> rows) {
-    for (const Shown& row : rows) {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(eval(row.text).display, row.display);
-    }
-}
-
-TEST(UnitConversion, AnswerAndDetail) {
-    const CalcResult km = eval("5 km in mi");
-    EXPECT_EQ(km.kind, CalcResult::Kind::unit);
-    EXPECT_EQ(km.display, "3.106856 mi");
-    EXPECT_EQ(km.detail, "5 km = 3.106856 mi · 1 km = 0.621371 mi");
-    EXPECT_DOUBLE_EQ(*km.value, 5000 / 1609.344);
+TEST(UnitConversion, AnswerDetailAndSpellings) {
+    EXPECT_EQ(eval("5 km in mi"), (CalcResult{"3.106856 mi", "5 km = 3.106856 mi · 1 km = 0.621371 mi",
+                                              5000 / 1609.344, CalcResult::Kind::unit}));
     EXPECT_EQ(eval("1 mm in mi").detail, "1 mm = 6.21371e-7 mi · 1 mm = 6.21371e-7 mi");
-}
-
-// The factors themselves are checked against GNU units (UnitsCrossCheckTest); these rows are the
-// spellings that reach them.
-TEST(UnitConversion, Spellings) {
-    expectShown({
+    EXPECT_EQ(eval("100 c in f").detail, "100 c = 212 f");  // no factor for an affine scale
+    // The factors are checked against GNU units (UnitsCrossCheckTest); these are the spellings reaching them.
+    const std::pair<const char*, const char*> rows[] = {
         {"100 km in miles", "62.137119 miles"},
-        {"1 kg as lbs", "2.204623 lbs"},
         {"1,500 g to kg", "1.5 kg"},
         {"10 m/s in km/h", "36 km/h"},
-        {"1 acre in sqft", "43,560 sqft"},
         {"1 m² in sqft", "10.76391 sqft"},
-        {"1 knot in km/h", "1.852 km/h"},
         {"12\" in cm", "30.48 cm"},
         {"3' in in", "36 in"},
-    });
-}
-
-TEST(UnitConversion, TemperatureGoesThroughItsOffset) {
-    const CalcResult boiling = eval("100 c in f");
-    EXPECT_EQ(boiling.display, "212 f");
-    EXPECT_EQ(boiling.detail, "100 c = 212 f");  // no factor for an affine scale
-    expectShown({
-        {"-40 f to celsius", "-40 celsius"},
         {"98.6 degf in degc", "37 degc"},
-    });
-}
-
-TEST(UnitConversion, UnknownNamesFallThrough) {
-    // Not a conversion: the expression stage gets the line and explains it.
-    expectShown({
+        // Not a conversion: the expression stage gets the line and explains it.
         {"5 parsec in km", "Unexpected 'parsec'"},
         {"5 km in parsec", "Unexpected 'km'"},
-    });
-}
-
-TEST(UnitTable, EveryAliasNamesAUnitAndNamesAreUnique) {
-    std::set<std::string_view> seen;
-    for (const auto& alias : UnitTable::aliases()) {
-        EXPECT_NE(UnitTable::unitFor(alias.name), nullptr) << alias.name;
-        EXPECT_TRUE(seen.insert(alias.name).second) << alias.name;
-    }
-    for (const auto& unit : UnitTable::units()) EXPECT_EQ(UnitTable::unitFor(unit.name), &unit) << unit.name;
-}
-
-TEST(CurrencyNames, AliasesCodesAndKnownCodes) {
-    const struct {
-        const char* name;
-        std::optional<std::string_view> code;
-    } rows[] = {
-        {"Euros", "EUR"},     {"us dollars", "USD"}, {"rs.", "INR"}, {"sek", "SEK"},
-        {"SGD", "SGD"},       {"xyz", std::nullopt},  // three letters, but no code we know
-        {"kg", std::nullopt}, {"", std::nullopt},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(CurrencyNames::currencyCode(row.name), row.code);
-    }
-    EXPECT_EQ(CurrencyNames::currencyCode("€"), "EUR");
+    for (const auto& [text, display] : rows) EXPECT_EQ(eval(text).display, display) << text;
 }
 
-TEST(CurrencyQuery, RecognisedBeforeUnits) {
-    EXPECT_EQ(CalcEngine::parseCurrency("10 pounds in euro"), (CalcEngine::CurrencyQuery{10, "GBP", "EUR"}));
-    EXPECT_FALSE(CalcEngine::parseCurrency("10 pounds in kg"));
+TEST(CurrencyQuery, RecognisedBeforeUnitsAndAnsweredFromTheTable) {
     EXPECT_EQ(CalcEngine::parseCurrency("£2,000 to us dollars"),
               (CalcEngine::CurrencyQuery{2000, "GBP", "USD"}));
     EXPECT_EQ(CalcEngine::parseCurrency("$5 usd in yen"), (CalcEngine::CurrencyQuery{5, "USD", "JPY"}));
@@ -153,15 +83,9 @@ TEST(CurrencyQuery, RecognisedBeforeUnits) {
     EXPECT_EQ(eval("10 pounds in euro", &rates),
               (CalcResult{"11.25 EUR", "1 GBP = 1.125 EUR · 1/3/25", 11.25, CalcResult::Kind::currency}));
     EXPECT_EQ(eval("10 pounds in kg", &rates).kind, CalcResult::Kind::unit);
-}
-
-TEST(CurrencyQuery, AnswersFromTheTable) {
-    const RatesTable rates = sampleRates();
     EXPECT_EQ(eval("$10 in eur", &rates).display, "9 EUR");
     EXPECT_EQ(eval("1,000 yen in us dollars", &rates).display, "6.67 USD");
-    EXPECT_EQ(eval("5 usd to usd", &rates).detail, "1 USD = 1 USD · 1/3/25");
     // Known codes the table doesn't carry, and no table at all.
-    EXPECT_EQ(eval("10 usd in chf", &rates).display, "Rates unavailable right now");
     EXPECT_EQ(eval("10 usd in chf", &rates).kind, CalcResult::Kind::error);
     EXPECT_EQ(eval("10 usd in eur").display, "Rates unavailable right now");
 }
@@ -173,15 +97,11 @@ TEST(PercentPhrase, TheThreeSentences) {
         CalcResult result;
     } rows[] = {
         {"20% of 50", {"10", "20% of 50", 10, Kind::percent}},
-        {"20 % of 50", {"10", "20% of 50", 10, Kind::percent}},
         {"10+10% of 2*25", {"10", "10+10% of 2*25", 10, Kind::percent}},  // each side is an expression
         {"15 is what % of 60", {"25%", "15 of 60", 25, Kind::percent}},
-        {"15 as percentage of 60", {"25%", "15 of 60", 25, Kind::percent}},
-        {"15 is percent of 60", {"25%", "15 of 60", 25, Kind::percent}},
         {"20% off 50", {"40", "50 with 20% off · saves 10", 40, Kind::percent}},
         {"ans% of 200", {"Unknown 'ans'", std::nullopt, std::nullopt, Kind::error}},
         {"5 is what % of 0", {"Division by zero", std::nullopt, std::nullopt, Kind::error}},
-        {"abc% of 5", {"Unknown 'abc'", std::nullopt, std::nullopt, Kind::error}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);

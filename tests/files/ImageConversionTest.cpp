@@ -15,34 +15,27 @@ using testing::FakeImageCodec;
 using testing::TempDir;
 
 TEST(ImageConversionRules, OptionsFollowTypeAndLongestSide) {
-    struct Row {
+    const struct {
         const char* name;
         ImageFileType type;
         std::optional<std::int64_t> side;
         std::vector<ImageConversion> expected;
-    };
-    const std::vector<Row> rows{
+    } rows[] = {
         {"png 1920", ImageFileType::png, 1920, {jpg, halfSize, compress}},
         {"png 1921", ImageFileType::png, 1921, {jpg, halfSize, max1920, compress}},
         {"jpeg 64", ImageFileType::jpeg, 64, {png, halfSize, compress}},
         {"jpeg 63", ImageFileType::jpeg, 63, {png, compress}},
         {"gif unknown size", ImageFileType::other, std::nullopt, {png, jpg, halfSize, max1920, compress}},
     };
-    for (const Row& row : rows) EXPECT_EQ(conversionOptions(row.type, row.side), row.expected) << row.name;
+    for (const auto& row : rows) EXPECT_EQ(conversionOptions(row.type, row.side), row.expected) << row.name;
 }
 
-TEST(ImageConversionRules, TargetSizeTypeAndNames) {
+TEST(ImageConversionRules, TargetSizeAndType) {
     EXPECT_EQ(targetLongestSide(halfSize, 1), 1);
     EXPECT_EQ(targetLongestSide(halfSize, 1001), 500);
     EXPECT_EQ(targetLongestSide(max1920, 5000), 1920);
     EXPECT_EQ(targetLongestSide(max1920, 1000), 1000);
-    EXPECT_EQ(outputType(halfSize, ImageFileType::png), ImageFileType::png);
     EXPECT_EQ(outputType(max1920, ImageFileType::other), ImageFileType::jpeg);
-    for (ImageConversion conversion : kAllImageConversions)
-        EXPECT_EQ(imageConversionNamed(rawName(conversion)), conversion);
-    EXPECT_EQ(imageConversionNamed("webp"), std::nullopt);
-    for (const char* name : {"a.PNG", "c.webp", "d.HEIC"}) EXPECT_TRUE(ImageConverter::isImage(name)) << name;
-    for (const char* name : {"a.svg", "png", "d."}) EXPECT_FALSE(ImageConverter::isImage(name)) << name;
 }
 
 class ImageConverterTest : public ::testing::Test {
@@ -60,23 +53,12 @@ protected:
 
 TEST_F(ImageConverterTest, TakenNamesAndTheSourceItselfGetANumber) {
     const fs::path a = image("src/a.png", ImageFileType::png, 10, 10);
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "src/a 2.png");
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "src/a 3.png");
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, jpg)), dir / "src/a.jpg");
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, compress)), dir / "src/a (compressed).jpg");
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, halfSize)), dir / "src/a (half size).png");
-}
-
-TEST_F(ImageConverterTest, AReadOnlyFolderFallsBackToDownloadsThenConverted) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root writes into read-only folders";
-    const fs::path a = image("src/a.jpg", ImageFileType::jpeg, 10, 10);
-    fs::permissions(dir / "src", fs::perms::owner_read | fs::perms::owner_exec);
-    fs::create_directory(dir / "Downloads");
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "Downloads/a.png");
-    fs::permissions(dir / "Downloads", fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_EQ(std::get<fs::path>(converter.convert(a, png)), dir / "data/Converted/a.png");
-    fs::permissions(dir / "src", fs::perms::owner_all);
-    fs::permissions(dir / "Downloads", fs::perms::owner_all);
+    std::vector<fs::path> outputs;
+    for (auto conversion : {png, png, jpg, compress, halfSize})
+        outputs.push_back(std::get<fs::path>(converter.convert(a, conversion)));
+    EXPECT_EQ(outputs,
+              (std::vector<fs::path>{dir / "src/a 2.png", dir / "src/a 3.png", dir / "src/a.jpg",
+                                     dir / "src/a (compressed).jpg", dir / "src/a (half size).png"}));
 }
 
 TEST_F(ImageConverterTest, AFailedWriteLeavesNoPartialFileAndTriesTheNextFolder) {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "fakes/AppBasics.h"
 #include "fakes/FakeFileWatcher.h"
 #include "fakes/FakeImageCodec.h"
@@ -39,40 +37,15 @@ TEST(ScreenCapture, KnownToolsInTheSoftwareTextCountAndNothingElse) {
     TempDir dir;
     const std::string itxt = std::string("Software") + '\0' + '\0' + '\0' + "en" + '\0' + '\0' + "Spectacle";
     const std::vector<std::tuple<std::string, std::string, bool>> rows{
-        {"gnome.png", png({{"tEXt", text("Software", "gnome-screenshot")}}), true},
         {"kde.png", png({{"iTXt", itxt}}), true},
         {"flameshot.png", png({{"tEXt", text("Title", "x")}, {"tEXt", text("Software", "Flameshot")}}), true},
-        {"grim.png", png({{"tEXt", text("Software", "grim")}}), true},
-        {"scrot.png", png({{"tEXt", text("Software", "scrot 1.7")}}), true},
         {"grimoire.png", png({{"tEXt", text("Software", "grimoire")}}), false},
-        {"comment.png", png({{"tEXt", text("Comment", "gnome-screenshot")}}), false},
-        {"plain.png", png({}), false},
+        {"comment.png", png({{"tEXt", text("Comment", "grim")}}), false},
         {"truncated.png", png({{"tEXt", text("Software", "grim")}}).substr(0, 40), false},
         {"not-a-png.png", "hello", false},
     };
     for (const auto& [name, bytes, expected] : rows)
         EXPECT_EQ(isScreenCapture(dir.write(name, bytes)), expected) << name;
-}
-
-TEST(ScreenCapture, CaptureFolderOrder) {
-    TempDir dir;
-    AppPaths paths{dir / "home", dir / "home/.local/share", dir / "home/.config", dir / "home/.cache"};
-    MapEnvironment environment;
-    EXPECT_EQ(screenshotFolder(environment, paths), dir / "home/Pictures");
-
-    dir.write("home/.config/user-dirs.dirs", "XDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
-    EXPECT_EQ(screenshotFolder(environment, paths), dir / "home/Bilder");
-
-    fs::create_directories(dir / "home/Shots");
-    dir.write("home/.config/spectaclerc",
-              "[ImageSave]\nimageSaveLocation=file://" + (dir / "home/Shots").string() + "\n");
-    EXPECT_EQ(screenshotFolder(environment, paths), dir / "home/Shots");
-
-    fs::create_directories(dir / "home/Bilder/Screenshots");
-    EXPECT_EQ(screenshotFolder(environment, paths), dir / "home/Bilder/Screenshots");
-
-    environment.set("VANTRELLE_SCREENSHOT_DIR", (dir / "nowhere").string());
-    EXPECT_EQ(screenshotFolder(environment, paths), dir / "nowhere");
 }
 
 class ScreenshotEngineTest : public ::testing::Test, protected testing::AppBasics {
@@ -99,17 +72,16 @@ TEST_F(ScreenshotEngineTest, OnlyNewCapturesAreReportedOnce) {
     watcher.wakeFolder();  // a burst within 0.5 s: one scan, 0.5 s after the last event
     scheduler.advance(0.4);
     EXPECT_TRUE(captures.empty());
-    scheduler.advance(0.2);
+    scheduler.advance(0.1);
     EXPECT_EQ(captures, (std::vector<fs::path>{dir / "new.png"}));
 
-    // A copied image that gains the mark later is never looked at again.
     shot("copied.png");
     watcher.wakeFolder();
     scheduler.advance(1.0);
-    EXPECT_EQ(captures.size(), 1u);
+    EXPECT_EQ(captures.size(), 1u) << "a copied image that gains the mark later is never looked at again";
 }
 
-TEST_F(ScreenshotEngineTest, ADeletedNameCanBeANewCaptureAndAStopAndStartTakesAFreshListing) {
+TEST_F(ScreenshotEngineTest, ADeletedNameCanBeANewCapture) {
     engine.start(dir.path());
     shot("a.png");
     watcher.wakeFolder();
@@ -120,52 +92,28 @@ TEST_F(ScreenshotEngineTest, ADeletedNameCanBeANewCaptureAndAStopAndStartTakesAF
     shot("a.png");
     watcher.wakeFolder();
     scheduler.advance(0.5);
-    EXPECT_EQ(captures.size(), 2u);
-
-    engine.stop();
-    shot("meanwhile.png");
-    engine.start(dir.path());
-    shot("after.png");
-    watcher.wakeFolder();
-    scheduler.advance(0.5);
-    EXPECT_EQ(captures.back(), dir / "after.png");
-    EXPECT_EQ(captures.size(), 3u) << "what came while stopped is part of the fresh listing";
+    EXPECT_EQ(captures, (std::vector<fs::path>{dir / "a.png", dir / "a.png"}));
 }
 
-class ScreenshotWatcherTest : public ScreenshotEngineTest {
-protected:
-    ScreenshotWatcher make(bool demo) {
-        return ScreenshotWatcher({{scheduler, queues, watcher, isScreenCapture},
-                                  settings,
-                                  shelf,
-                                  [this] { return dir.path(); },
-                                  demo});
-    }
-
+TEST_F(ScreenshotEngineTest, TheWatcherPutsCapturesOnTheShelfOnlyWhileTheSettingIsOn) {
     testing::FakeImageCodec codec;
     ImageConverter converter{codec, std::nullopt, dir / "Converted"};
     TempDir shelfDir;
     ShelfStore shelf{
         {shelfDir / "shelf.json", scheduler, scheduler, queues, activities, converter, false, {}}};
-};
-
-TEST_F(ScreenshotWatcherTest, RunsOnlyWithTheSettingOnAndOutsideDemoMode) {
-    auto demo = make(true);
-    demo.apply();
-    EXPECT_FALSE(demo.started());
-
-    auto screenshots = make(false);
+    ScreenshotWatcher screenshots({{scheduler, queues, watcher, isScreenCapture},
+                                   settings,
+                                   shelf,
+                                   [this] { return dir.path(); },
+                                   false});
     screenshots.apply();
-    EXPECT_TRUE(screenshots.engine().isWatching());
     shot("one.png");
     watcher.wakeFolder();
     scheduler.advance(0.5);
     ASSERT_EQ(shelf.items().size(), 1u);
-    EXPECT_EQ(shelf.items()[0].name, "one.png");
 
     settings.setAddScreenshotsToShelf(false);
     screenshots.apply();
-    EXPECT_FALSE(screenshots.started());
     EXPECT_FALSE(screenshots.engine().isWatching());
 }
 
