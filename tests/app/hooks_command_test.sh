@@ -1,13 +1,13 @@
 #!/bin/sh
-# `vantrelle hooks` from a terminal with no display: the real binary, a real settings file.
+# `vantrelle hooks` with no display, on a real settings file: install and uninstall leave the file as it
+# was, and a refusal and a mistake reach the exit status (the edits themselves are unit-tested).
 set -u
 bin=$1
 home=$(mktemp -d)
 trap 'rm -rf "$home"' EXIT
 export HOME="$home" XDG_DATA_HOME="$home/.local/share" XDG_CONFIG_HOME="$home/.config"
 unset DISPLAY WAYLAND_DISPLAY VANTRELLE_CLAUDE_SETTINGS VANTRELLE_CLAUDE_EVENTS
-# Reaching Qt would abort here: there is no X server to connect to.
-export QT_QPA_PLATFORM=xcb
+export QT_QPA_PLATFORM=xcb  # reaching Qt would abort here: there is no X server to connect to
 settings="$home/.claude/settings.json"
 failures=0
 
@@ -25,15 +25,10 @@ expect() {  # expect <status> <text in output> <arguments...>
 mkdir -p "$home/.claude"
 printf '{\n  "model": "opus",\n  "cleanupPeriodDays": 1e2\n}\n' >"$settings"
 cp "$settings" "$home/original.json"
-
 expect 0 "installed in $settings" install
 expect 0 "removed from $settings" uninstall
-cmp -s "$settings" "$home/original.json" || { echo "FAIL: the settings changed after install and uninstall"; failures=$((failures + 1)); }
-# The edits themselves, the file's mode and the messages are checked where they are made; here, that
-# a refusal and a mistake reach the exit status.
+cmp -s "$settings" "$home/original.json" || { echo "FAIL: the settings changed"; failures=$((failures + 1)); }
 printf '{"model": "opus",}' >"$settings"
-expect 1 "it isn't valid JSON (line 1, column 18). Nothing was changed." install
+expect 1 "isn't valid JSON" install
 expect 2 "unknown argument" enable
-
-[ "$failures" -eq 0 ] && echo "hooks command: all checks passed"
 exit "$failures"

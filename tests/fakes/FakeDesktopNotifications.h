@@ -30,8 +30,7 @@ public:
 
     // The user clicks `action` on the delivered notification with `tag`; the service takes it down.
     void click(const std::string& tag, const std::string& action) {
-        auto it = std::find_if(delivered.begin(), delivered.end(),
-                               [&](const DesktopNotification& n) { return n.tag == tag; });
+        auto it = std::ranges::find(delivered, tag, &DesktopNotification::tag);
         DesktopNotificationReply reply{tag, action, {}};
         if (it != delivered.end()) {
             reply.userInfo = it->userInfo;
@@ -44,8 +43,7 @@ public:
     }
 
     [[nodiscard]] std::size_t count(std::string_view tag) const {
-        return static_cast<std::size_t>(
-            std::count_if(delivered.begin(), delivered.end(), [&](const auto& n) { return n.tag == tag; }));
+        return static_cast<std::size_t>(std::ranges::count(delivered, tag, &DesktopNotification::tag));
     }
 
     bool granted = true;

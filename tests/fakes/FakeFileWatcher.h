@@ -17,7 +17,6 @@ public:
         wake = std::move(onChange);
         return std::make_unique<FileWatch>();
     }
-
     std::unique_ptr<FileWatch> watchFolder(const std::filesystem::path&,
                                            std::function<void()> onChange) override {
         if (refuse) return nullptr;

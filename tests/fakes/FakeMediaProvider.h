@@ -42,8 +42,7 @@ public:
 
     Player& player(MediaSource source) { return m_players[source]; }
     [[nodiscard]] Player player(MediaSource source) const {
-        auto it = m_players.find(source);
-        return it == m_players.end() ? Player{} : it->second;
+        return m_players.contains(source) ? m_players.at(source) : Player{};
     }
     void play(NowPlayingTrack track) {
         auto& p = player(track.source);

@@ -16,11 +16,7 @@ public:
         ::tzset();
     }
     ~ScopedTimeZone() {
-        if (m_previous) {
-            ::setenv("TZ", m_previous->c_str(), 1);
-        } else {
-            ::unsetenv("TZ");
-        }
+        m_previous ? ::setenv("TZ", m_previous->c_str(), 1) : ::unsetenv("TZ");
         ::tzset();
     }
     ScopedTimeZone(const ScopedTimeZone&) = delete;

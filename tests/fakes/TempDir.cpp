@@ -46,9 +46,8 @@ std::vector<std::string> fileNamesIn(const std::filesystem::path& folder) {
 std::vector<std::filesystem::path> unreadableCopies(const std::filesystem::path& file) {
     std::vector<std::filesystem::path> copies;
     const std::string prefix = file.filename().string() + ".unreadable-";
-    for (const auto& name : fileNamesIn(file.parent_path())) {
+    for (const auto& name : fileNamesIn(file.parent_path()))
         if (name.starts_with(prefix)) copies.push_back(file.parent_path() / name);
-    }
     return copies;
 }
 

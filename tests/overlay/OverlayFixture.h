@@ -6,9 +6,7 @@
 
 #include "fakes/AppBasics.h"
 #include "fakes/FakeOverlayPorts.h"
-#include "fakes/TempDir.h"
 #include "overlay/NotchOverlayController.h"
-#include "support/DebugLog.h"
 
 namespace vantrelle::testing {
 
@@ -23,8 +21,6 @@ protected:
 
     OverlayFixture() { screens.list = {laptopScreen()}; }
 
-    void TearDown() override { DebugLog::disable(); }
-
     NotchOverlayController& make() {
         controller.emplace(NotchOverlayController::Dependencies{
             settings, activities, notifications, scheduler, scheduler, environment, windows, screens,
@@ -38,12 +34,6 @@ protected:
         make().start();
         return *controller;
     }
-
-    // Logs into a file of the fixture, to check what the overlay says.
-    void captureLog() {
-        DebugLog::configure(logDir / "v.log", std::make_unique<InlineQueue>("debuglog"), scheduler);
-    }
-    [[nodiscard]] std::string log() const { return logDir.read("v.log"); }
 
     void move(Point p) { controller->handleMouse(Event::mouseMoved, p); }
     void click(Point p) { controller->handleMouse(Event::leftMouseDown, p); }
@@ -69,7 +59,6 @@ protected:
     CameraUse camera;
     bool fullScreen = false;
     bool cameraRunning = false;
-    TempDir logDir;
     std::optional<NotchOverlayController> controller;
 };
 
