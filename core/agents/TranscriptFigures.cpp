@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <string_view>
+#include <vector>
 
 #include "agents/AIPriceCache.h"
+#include "agents/LogLineSink.h"
 #include "support/ReadFile.h"
 
 namespace vantrelle {
@@ -36,10 +37,11 @@ std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::pa
     const auto contents = readWholeFile(transcript);
     if (!contents) return std::nullopt;
 
-    TranscriptFigures figures;
-    AIPriceCache prices;
-    std::set<std::string> seen;
-    std::map<std::string, int> replies;
+    // A streamed reply is logged again as it grows, under the same ids: it counts once, at its final
+    // size, as in the usage panel (ReplyFigures::merge). A reply without ids counts on its own.
+    std::vector<std::string> models;
+    std::map<std::string, ReplyFigures> byKey;
+    std::vector<ReplyFigures> unkeyed;
     std::string_view rest(*contents);
     while (!rest.empty()) {
         const auto end = rest.find('\n');
@@ -53,21 +55,42 @@ std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::pa
         if (message == json.end() || !message->is_object()) continue;
         const auto usage = message->find("usage");
         if (usage == message->end() || !usage->is_object()) continue;
-        // Streaming repeats a reply under the same ids; the first one counts.
-        const std::string request = json.contains("requestId") ? text(json, "requestId") : text(json, "uuid");
-        // A reply without a request id can't be matched to its repeats; it counts on its own.
-        if (!request.empty() && !seen.insert(text(*message, "id") + "|" + request).second) continue;
 
+        ReplyFigures reply;
+        reply.input = count(*usage, "input_tokens");
+        reply.output = count(*usage, "output_tokens");
+        reply.cacheRead = count(*usage, "cache_read_input_tokens");
+        reply.cacheWrite = count(*usage, "cache_creation_input_tokens");
+        const std::string model = text(*message, "model");
+        const auto known = std::find(models.begin(), models.end(), model);
+        reply.model = static_cast<std::uint32_t>(known - models.begin());
+        if (known == models.end()) models.push_back(model);
+
+        const std::string request = json.contains("requestId") ? text(json, "requestId") : text(json, "uuid");
+        if (request.empty()) {
+            unkeyed.push_back(reply);
+            continue;
+        }
+        const auto [slot, added] = byKey.try_emplace(text(*message, "id") + "|" + request, reply);
+        if (!added) slot->second.merge(reply);
+    }
+
+    TranscriptFigures figures;
+    AIPriceCache prices;
+    std::map<std::string, int> replies;
+    const auto take = [&](const ReplyFigures& reply) {
         AIUsageEvent event;
-        event.model = text(*message, "model");
-        event.input = count(*usage, "input_tokens");
-        event.output = count(*usage, "output_tokens");
-        event.cacheRead = count(*usage, "cache_read_input_tokens");
-        event.cacheWrite = count(*usage, "cache_creation_input_tokens");
+        event.model = models[reply.model];
+        event.input = reply.input;
+        event.output = reply.output;
+        event.cacheRead = reply.cacheRead;
+        event.cacheWrite = reply.cacheWrite;
         figures.amount.tokens += event.totalTokens();
         figures.amount.cost += prices.cost(event);
         if (!event.model.empty()) ++replies[event.model];
-    }
+    };
+    for (const auto& [key, reply] : byKey) take(reply);
+    for (const auto& reply : unkeyed) take(reply);
     int most = 0;
     for (const auto& [model, n] : replies) {
         if (n > most) most = n, figures.model = model;

@@ -15,8 +15,8 @@ struct TranscriptFigures {
     std::string model;  // the model of most replies; empty when none was named
 };
 
-// Reads one transcript: each reply counted once by its message and request id. Nothing when the file
-// is missing, isn't a regular file or is larger than `maxBytes`.
+// Reads one transcript: each reply counted once by its message and request id, at its final size. Nothing
+// when the file is missing, isn't a regular file or is larger than `maxBytes`.
 [[nodiscard]] std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::path& transcript,
                                                                      std::uintmax_t maxBytes = 512u << 20);
 

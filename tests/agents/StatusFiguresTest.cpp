@@ -76,6 +76,7 @@ TEST(StatusFiguresTest, PublisherWritesOnceAfterTheDebounce) {
     EXPECT_EQ(writes.size(), 2u);
 }
 
+// A streamed reply counts once at its final size, as the usage panel counts it (was: its first line).
 TEST(StatusFiguresTest, ATranscriptCountsEachReplyOnceAndSkipsWhatItCannotRead) {
     TempDir dir;
     const auto file = dir.write("s.jsonl", R"({"type":"user","message":{"content":"hi"}}
@@ -86,7 +87,7 @@ not json "usage"
 {"type":"assistant","requestId":"r3","message":{"id":"m3","model":"claude-opus-4","usage":{"cache_read_input_tokens":4}}})");
     const auto figures = readTranscriptFigures(file);
     ASSERT_TRUE(figures);
-    EXPECT_EQ(figures->amount.tokens, 19);
+    EXPECT_EQ(figures->amount.tokens, 99 + 5 + 4);
     EXPECT_EQ(figures->model, "claude-opus-4");
     EXPECT_FALSE(readTranscriptFigures(dir / "missing.jsonl"));
     EXPECT_FALSE(readTranscriptFigures(dir.path()));

@@ -13,28 +13,21 @@ namespace vantrelle::testing {
 class RecordingWindows final : public OverlayWindows {
 public:
     [[nodiscard]] bool hasPanel() const override { return created; }
-    void layout(const Rect& panel, const Rect& dropZone) override {
+    void layout(const Rect&, const Rect& dropZone) override {
         created = true;
-        panelFrame = panel;
         dropZoneFrame = dropZone;
     }
     void orderFront() override { visible = true; }
     void orderOut() override { visible = false; }
     void setPanelIgnoresMouse(bool ignores) override { ignoresMouse = ignores; }
     void raisePanel(bool takeFocus) override { tookFocus = takeFocus; }
-    void applyAppearance(bool glassOn, Appearance a) override {
-        glass = glassOn;
-        appearance = a;
-    }
+    void applyAppearance(bool, Appearance) override {}
     void showBackdrop(const Rect&) override {}
 
     bool created = false;
     bool visible = false;
     bool ignoresMouse = true;
     bool tookFocus = false;
-    bool glass = false;
-    Appearance appearance = Appearance::system;
-    Rect panelFrame;
     Rect dropZoneFrame;
 };
 
@@ -70,21 +63,16 @@ public:
 
 class FakeServices final : public OverlayServices {
 public:
-    void recordCursor(Point) override { ++cursorRecords; }
+    void recordCursor(Point) override {}
     [[nodiscard]] std::optional<Date> menuBarIgnoreClicksUntil() const override { return ignoreClicksUntil; }
     [[nodiscard]] bool isGamePlaying() const override { return gamePlaying; }
-    void stopCamera() override { ++cameraStops; }
-    void refreshSchedule() override { ++scheduleRefreshes; }
+    void stopCamera() override {}
+    void refreshSchedule() override {}
     void installShortcuts(std::function<void(ShortcutTarget)> onFire) override { fire = std::move(onFire); }
-    void startBackgroundServices() override { ++serviceStarts; }
-    void terminate() override { terminated = true; }
+    void startBackgroundServices() override {}
+    void terminate() override {}
 
-    int cursorRecords = 0;
-    int cameraStops = 0;
-    int scheduleRefreshes = 0;
-    int serviceStarts = 0;
     bool gamePlaying = false;
-    bool terminated = false;
     std::optional<Date> ignoreClicksUntil;
     std::function<void(ShortcutTarget)> fire;
 };

@@ -58,5 +58,30 @@ TEST_F(TavoRunTest, StoredBestThatIsNotANumberOrNegativeReadsAsZero) {
     }
 }
 
+TEST_F(TavoRunTest, AnAgentAlertPausesTheGameAndAsksThePanelToStepAside) {
+    TavoRun game(scheduler, defaults, notifications);
+    std::vector<std::string> asides;
+    auto seen = notifications.observeMessage(Notifications::tavoRunStepAside,
+                                             [&](const std::string& message) { asides.push_back(message); });
+    game.jump();
+    scheduler.advance(1);
+    notifications.post(Notifications::claudeNeedsUser, "Claude needs your approval");
+    EXPECT_EQ(game.phase(), TavoRunPhase::paused);
+    EXPECT_EQ(game.stepAsideMessage(), "Claude needs your approval");
+    const auto score = game.score();
+    scheduler.advance(5);
+    EXPECT_EQ(game.score(), score);
+    game.jump();  // resumes without jumping
+    EXPECT_EQ(game.phase(), TavoRunPhase::playing);
+    EXPECT_TRUE(game.stepAsideMessage().empty());
+    scheduler.advance(0.1);
+    EXPECT_GT(game.score(), score);
+    // Ready or over: nothing to pause, but the panel is still asked.
+    TavoRun idle(scheduler, defaults, notifications);
+    notifications.post(Notifications::claudeNeedsUser, "Claude finished in shop");
+    EXPECT_EQ(idle.phase(), TavoRunPhase::ready);
+    EXPECT_EQ(asides.size(), 3U);  // one per game for the second alert
+}
+
 }  // namespace
 }  // namespace vantrelle

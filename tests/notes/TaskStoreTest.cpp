@@ -90,5 +90,18 @@ TEST_F(TaskStoreTest, AnotherProgramsSpellingOfTheSameListLoads) {
     EXPECT_FALSE(store->items()[0].completedAt);
 }
 
+TEST_F(TaskStoreTest, OpenAndDoneKeepListOrderAndClearDoneRemovesOnlyDone) {
+    auto store = open();
+    for (const char* title : {"a", "b", "c", "d"}) store->add(title);
+    store->toggle(countedId(3));
+    store->toggle(countedId(1));
+    EXPECT_EQ(titles(store->openItems()), (std::vector<std::string>{"b", "d"}));
+    EXPECT_EQ(titles(store->doneItems()), (std::vector<std::string>{"a", "c"}));
+    store->remove(countedId(4));
+    store->clearDone();
+    EXPECT_EQ(titles(store->items()), (std::vector<std::string>{"b"}));
+    EXPECT_EQ(titles(stored()), (std::vector<std::string>{"b"}));
+}
+
 }  // namespace
 }  // namespace vantrelle

@@ -60,5 +60,31 @@ TEST_F(OverlayHold, ShortcutsOpenForTheKeyboardAndSwitchOrToggleTools) {
     EXPECT_FALSE(expanded());
 }
 
+TEST_F(OverlayHold, PlayingGameHoldsButAStepAsideCloses) {
+    auto& overlay = started();
+    click(notchCentre);
+    overlay.state().setTab(NotchTab::game);
+    services.gamePlaying = true;
+    move(farAway);
+    scheduler.advance(1);
+    EXPECT_TRUE(expanded());
+    notifications.post(Notifications::tavoRunStepAside);
+    EXPECT_FALSE(expanded());
+
+    click(notchCentre);
+    services.gamePlaying = false;  // ready, paused or over
+    move(farAway);
+    scheduler.advance(0.35);
+    EXPECT_FALSE(expanded());
+}
+
+TEST_F(OverlayHold, EscapeClosesTheOpenPanelAndPassesTheKeyOnWhenClosed) {
+    auto& overlay = started();
+    click(notchCentre);
+    EXPECT_TRUE(overlay.handleEscape());
+    EXPECT_FALSE(expanded());
+    EXPECT_FALSE(overlay.handleEscape());
+}
+
 }  // namespace
 }  // namespace vantrelle::testing

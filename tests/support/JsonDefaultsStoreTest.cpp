@@ -77,5 +77,13 @@ TEST(JsonDefaultsStore, ValuesOfOddShapesReadAsNothingAndSurviveSavesUntilTheirK
     EXPECT_EQ(JsonDefaultsStore(dir / "d.json").stringArray("mixed"), std::vector<std::string>{"a"});
 }
 
+TEST(JsonDefaultsStore, UnwritableLocationKeepsValuesInMemory) {
+    TempDir dir;
+    dir.write("blocker", "a file where a folder should be");
+    JsonDefaultsStore store(dir / "blocker/d.json");
+    store.set("flag", true);
+    EXPECT_EQ(store.boolean("flag"), true);
+}
+
 }  // namespace
 }  // namespace vantrelle

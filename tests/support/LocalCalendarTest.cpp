@@ -19,7 +19,8 @@ static void PrintTo(Date date, std::ostream* out) {
 namespace {
 
 constexpr const char* kBerlin = "CET-1CEST,M3.5.0,M10.5.0/3";  // 02:00 → 03:00 in March, back in October
-constexpr const char* kAdelaide = "ACST-9:30ACDT,M10.1.0,M4.1.0/3";  // half-hour offset, southern summer
+constexpr const char* kAdelaide = "ACST-9:30ACDT,M10.1.0,M4.1.0/3";   // half-hour offset, southern summer
+constexpr const char* kSantiago = "<-04>4<-03>,M9.1.6/24,M4.1.6/24";  // the clock jumps at midnight
 
 Date at(const char* utc) {
     return parseIsoDate(utc).value();
@@ -101,6 +102,28 @@ TEST(LocalCalendar, HalfHourOffsetsAcrossBothChanges) {
         {"over the long day", "2030-04-06T13:30:00Z", 1, "2030-04-07T14:30:00Z"},
     };
     check(kAdelaide, instants, steps);
+}
+
+TEST(LocalCalendar, ADayWhoseMidnightIsSkippedStartsAtOne) {
+    const Instant instants[] = {
+        {"noon of the day without a midnight", "2030-09-08T12:00:00Z", "2030-09-08T04:00:00Z",
+         "2030-09-08T12:00:00Z", "2030-09-08"},
+        {"last second before the jump", "2030-09-08T03:59:59Z", "2030-09-07T04:00:00Z",
+         "2030-09-08T03:00:00Z", "2030-09-07"},
+        {"23:30 the first time", "2030-04-07T02:30:00Z", "2030-04-06T03:00:00Z", "2030-04-07T02:00:00Z",
+         "2030-04-06"},
+        {"23:30 the second time", "2030-04-07T03:30:00Z", "2030-04-06T03:00:00Z", "2030-04-07T03:00:00Z",
+         "2030-04-06"},
+        {"midnight after the repeated hour", "2030-04-07T04:00:00Z", "2030-04-07T04:00:00Z",
+         "2030-04-07T04:00:00Z", "2030-04-07"},
+    };
+    const Step steps[] = {
+        {"onto the day without a midnight", "2030-09-07T04:00:00Z", 1, "2030-09-08T04:00:00Z"},
+        {"off it", "2030-09-08T04:00:00Z", 1, "2030-09-09T03:00:00Z"},
+        {"over the 25-hour day", "2030-04-06T03:00:00Z", 1, "2030-04-07T04:00:00Z"},
+        {"back over it", "2030-04-07T04:00:00Z", -1, "2030-04-06T03:00:00Z"},
+    };
+    check(kSantiago, instants, steps);
 }
 
 }  // namespace

@@ -96,5 +96,15 @@ TEST_F(StoreFileTest, ASymlinkedStoreMovesTheLinkAsideAndLeavesItsTarget) {
     EXPECT_EQ(dir.read("dotfiles/store.json"), "{oops");
 }
 
+TEST_F(StoreFileTest, AReadOnlyStoreNeverMovesNorWrites) {
+    dir.write("store.json", "{broken");
+    StoreFile store(file, "wrapped", clock, /*readOnly=*/true);
+    EXPECT_EQ(store.read(), "{broken");
+    store.setAside("test");
+    EXPECT_TRUE(store.write("{}"));
+    EXPECT_EQ(testing::fileNamesIn(dir.path()), std::vector<std::string>{"store.json"});
+    EXPECT_EQ(dir.read("store.json"), "{broken");
+}
+
 }  // namespace
 }  // namespace vantrelle

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QObject>
+#include <QRegularExpression>
 
 #include "GuiApplication.h"
 #include "ToolListModel.h"
@@ -71,6 +73,40 @@ TEST(RowListModelTest, ReplacingTheRowsAnnouncesOnlyWhatChangedCameOrWent) {
         EXPECT_EQ(model.rows(), r.next);
         EXPECT_EQ(model.property("count").toInt(), static_cast<int>(r.next.size()));  // as QML reads it
     }
+}
+
+TEST(RowListModelTest, ForeignAndOutOfRangeIndexesReadNothing) {
+    guiApplication();
+    ToolListModel model;
+    model.setRows({row("calc")});
+    const int raw = static_cast<int>(ToolListModel::Role::raw);
+    EXPECT_EQ(model.data(model.index(0), raw).toString(), "calc");
+    EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model.data(model.index(1), raw).isValid());
+    ToolListModel other;
+    other.setRows({row("x"), row("y")});
+    EXPECT_FALSE(model.data(other.index(1), raw).isValid());
+    EXPECT_EQ(model.rowCount(model.index(0)), 0);  // a list: rows have no children
+}
+
+// A list whose base the QML type registrar can't resolve still runs, but QML tooling no longer knows its
+// `count`, and every binding reading it silently falls back to the interpreter.
+TEST(RowListModelTest, EveryListReachesQmlWithTheBaseThatHasCount) {
+    QFile file(QStringLiteral(VANTRELLE_QML_TYPES_FILE));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString types = QString::fromUtf8(file.readAll());
+    static const QRegularExpression component(
+        QStringLiteral(R"re(file: "(\w+ListModel)\.h"\s+name: "[\w:]+"\s+)re"
+                       R"re(accessSemantics: "\w+"\s+(?:prototype: "([\w:]+)")?)re"));
+    int lists = 0;
+    for (auto it = component.globalMatch(types); it.hasNext();) {
+        const auto match = it.next();
+        if (match.captured(1) == QStringLiteral("RowListModel")) continue;
+        ++lists;
+        EXPECT_EQ(match.captured(2).toStdString(), "vantrelle::RowListModel")
+            << match.captured(1).toStdString();
+    }
+    EXPECT_GE(lists, 16);
 }
 
 }  // namespace

@@ -110,6 +110,21 @@ TEST_F(ViewModels, UsagePanelFillsItsListsWithoutResetsAndSwitchesTheAlertsHook)
     EXPECT_TRUE(view.hooksInstalled());
 }
 
+TEST_F(ViewModels, CalculatorListsTheNewestLineFirstAndRecallsByThatIndex) {
+    auto& view = calcView;
+    view.setInput(QStringLiteral("24*7"));
+    EXPECT_TRUE(view.commit());
+    view.setInput(QStringLiteral("ans / 2"));
+    EXPECT_TRUE(view.commit());
+    const auto& entries = *view.entries();
+    ASSERT_EQ(entries.count(), 2);
+    EXPECT_EQ(role(entries, 0, "expression"), "ans / 2");
+    EXPECT_EQ(role(entries, 0, "entryIndex"), 1);
+    EXPECT_EQ(role(entries, 1, "result"), "168");
+    view.recall(0);
+    EXPECT_EQ(view.input(), "24*7");
+}
+
 TEST_F(ViewModels, ShelfListsItemsShowsAConversionBusyAndItsMessage) {
     TempDir dir;
     FakeImageCodec codec;
