@@ -9,6 +9,7 @@
 #include "agents/AIPriceCache.h"
 #include "agents/LogLineSink.h"
 #include "support/ReadFile.h"
+#include "support/Saturating.h"
 
 namespace vantrelle {
 
@@ -85,7 +86,7 @@ std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::pa
         event.output = reply.output;
         event.cacheRead = reply.cacheRead;
         event.cacheWrite = reply.cacheWrite;
-        figures.amount.tokens += event.totalTokens();
+        figures.amount.tokens = saturatingAdd(figures.amount.tokens, event.totalTokens());
         figures.amount.cost += prices.cost(event);
         if (!event.model.empty()) ++replies[event.model];
     };

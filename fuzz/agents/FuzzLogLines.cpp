@@ -1,6 +1,7 @@
 // Arbitrary bytes as agent log content. The first byte picks the agent and the file form (Claude Code
 // JSONL, Codex JSONL, Gemini JSONL, Gemini whole-file JSON); the rest is written as the log, scanned,
-// scanned again unchanged, extended by one finished line and scanned once more. Nothing may end the
+// scanned again unchanged (a Claude Code log is also read as the status line reads a
+// transcript), extended by one finished line and scanned once more. Nothing may end the
 // process: no input is allowed to stop a scan, so there is no handler that turns a stop into a return.
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <string>
 
 #include "agents/ClaudeCodeLog.h"
+#include "agents/TranscriptFigures.h"
 #include "platform/VirtualScheduler.h"
 
 namespace {
@@ -44,6 +46,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto first = log.scan();
     const auto again = log.scan();  // an unchanged file, perhaps with an unfinished tail
     if (again.events().size() != first.events().size()) __builtin_trap();
+    // The status line's own reading of a Claude Code transcript takes the same bytes.
+    if (data[0] % 4 == 0) {
+        const auto figures = vantrelle::readTranscriptFigures(file);
+        if (!figures || figures->amount.tokens < 0 || figures->amount.cost < 0) __builtin_trap();
+    }
     // A finished line after whatever was there finishes the tail.
     std::ofstream(file, std::ios::binary | std::ios::app) << "\n{\"type\":\"user\"}\n";
     const auto second = log.scan();

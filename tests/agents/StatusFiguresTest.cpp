@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "agents/StatusFiguresPublisher.h"
 #include "agents/TranscriptFigures.h"
 #include "fakes/TempDir.h"
@@ -92,6 +94,13 @@ not json "usage"
     EXPECT_FALSE(readTranscriptFigures(dir / "missing.jsonl"));
     EXPECT_FALSE(readTranscriptFigures(dir.path()));
     EXPECT_FALSE(readTranscriptFigures(file, 10));
+
+    // Figures at the top of the range add up to the top, not past it.
+    const std::string huge =
+        R"({"type":"assistant","message":{"usage":{"output_tokens":9223372036854775807}}})";
+    const auto top = readTranscriptFigures(dir.write("huge.jsonl", huge + "\n" + huge));
+    ASSERT_TRUE(top);
+    EXPECT_EQ(top->amount.tokens, std::numeric_limits<std::int64_t>::max());
 }
 
 }  // namespace
