@@ -38,11 +38,25 @@ std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::pa
     const auto contents = readWholeFile(transcript);
     if (!contents) return std::nullopt;
 
+    std::vector<std::string> models;
+    TranscriptFigures figures;
+    AIPriceCache prices;
+    std::map<std::string, int> replies;
+    // Adds one whole reply to the totals.
+    const auto take = [&](const ReplyFigures& reply) {
+        AIUsageEvent event;
+        event.model = models[reply.model];
+        event.input = reply.input;
+        event.output = reply.output;
+        event.cacheRead = reply.cacheRead;
+        event.cacheWrite = reply.cacheWrite;
+        figures.amount.tokens = saturatingAdd(figures.amount.tokens, event.totalTokens());
+        figures.amount.cost += prices.cost(event);
+        if (!event.model.empty()) ++replies[event.model];
+    };
     // A streamed reply is logged again as it grows, under the same ids: it counts once, at its final
     // size, as in the usage panel (ReplyFigures::merge). A reply without ids counts on its own.
-    std::vector<std::string> models;
     std::map<std::string, ReplyFigures> byKey;
-    std::vector<ReplyFigures> unkeyed;
     std::string_view rest(*contents);
     while (!rest.empty()) {
         const auto end = rest.find('\n');
@@ -69,29 +83,14 @@ std::optional<TranscriptFigures> readTranscriptFigures(const std::filesystem::pa
 
         const std::string request = json.contains("requestId") ? text(json, "requestId") : text(json, "uuid");
         if (request.empty()) {
-            unkeyed.push_back(reply);
+            take(reply);
             continue;
         }
         const auto [slot, added] = byKey.try_emplace(text(*message, "id") + "|" + request, reply);
         if (!added) slot->second.merge(reply);
     }
 
-    TranscriptFigures figures;
-    AIPriceCache prices;
-    std::map<std::string, int> replies;
-    const auto take = [&](const ReplyFigures& reply) {
-        AIUsageEvent event;
-        event.model = models[reply.model];
-        event.input = reply.input;
-        event.output = reply.output;
-        event.cacheRead = reply.cacheRead;
-        event.cacheWrite = reply.cacheWrite;
-        figures.amount.tokens = saturatingAdd(figures.amount.tokens, event.totalTokens());
-        figures.amount.cost += prices.cost(event);
-        if (!event.model.empty()) ++replies[event.model];
-    };
     for (const auto& [key, reply] : byKey) take(reply);
-    for (const auto& reply : unkeyed) take(reply);
     int most = 0;
     for (const auto& [model, n] : replies) {
         if (n > most) most = n, figures.model = model;
